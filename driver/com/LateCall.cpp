@@ -1,0 +1,182 @@
+#include "com/LateCall.h"
+
+#include <oleauto.h>
+
+#include <algorithm>
+#include <deque>
+#include <vector>
+
+#include "automation/Com.h"
+#include "automation/Fault.h"
+#include "automation/Variant.h"
+
+namespace zelbar {
+
+namespace {
+
+/// One [in, out] argument that the caller did not pass as a reference of the declared type.
+struct Stand {
+    Variant value;
+    VARIANT* caller;  // the caller's variant that gets the result, or none for an argument by value
+};
+
+/// A member's description, released with the type that gave it.
+class Function {
+  public:
+    Function(ITypeInfo& info, DISPID member, WORD flags) : info_(info) {
+        TYPEATTR* type = nullptr;
+        if (FAILED(info.GetTypeAttr(&type))) return;
+        for (UINT i = 0; i < type->cFuncs && !description_; ++i) {
+            FUNCDESC* candidate = nullptr;
+            if (FAILED(info.GetFuncDesc(i, &candidate))) continue;
+            if (candidate->memid == member && (candidate->invkind & flags))
+                description_ = candidate;
+            else
+                info.ReleaseFuncDesc(candidate);
+        }
+        info.ReleaseTypeAttr(type);
+    }
+    ~Function() {
+        if (description_) info_.ReleaseFuncDesc(description_);
+    }
+    Function(const Function&) = delete;
+    Function& operator=(const Function&) = delete;
+
+    /// The type behind the reference that argument `i` (from the left) is declared as; VT_EMPTY if it is none
+    /// that the caller gets something back through.
+    VARTYPE referenced(UINT i) const {
+        if (!description_ || i >= static_cast<UINT>(description_->cParams)) return VT_EMPTY;
+        const ELEMDESC& declared = description_->lprgelemdescParam[i];
+        if (!(declared.paramdesc.wParamFlags & PARAMFLAG_FOUT) ||
+            (declared.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) || declared.tdesc.vt != VT_PTR)
+            return VT_EMPTY;
+        const VARTYPE type = declared.tdesc.lptdesc->vt;
+        return type == VT_PTR || type == VT_USERDEFINED ? static_cast<VARTYPE>(VT_DISPATCH) : type;
+    }
+
+  private:
+    ITypeInfo& info_;
+    FUNCDESC* description_ = nullptr;
+};
+
+/// What stands for an argument that the caller does not give.
+VARIANT leftOut() {
+    VARIANT argument{};
+    argument.vt = VT_ERROR;
+    argument.scode = DISP_E_PARAMNOTFOUND;
+    return argument;
+}
+
+/// The reference to a stand-in's content that the type library's own call accepts.
+VARIANT referenceTo(VARIANT& content) {
+    VARIANT reference{};
+    reference.vt = static_cast<VARTYPE>(VT_BYREF | content.vt);
+    reference.byref = &content.byref;
+    return reference;
+}
+
+/// True for a reference, or a reference behind it, that leads nowhere.
+bool isNullReference(const VARIANT& argument) {
+    if (!(argument.vt & VT_BYREF)) return false;
+    return !argument.byref || (argument.vt == (VT_BYREF | VT_VARIANT) && isNullReference(*argument.pvarVal));
+}
+
+/// Makes the content of a stand-in one of the declared type.
+HRESULT convert(VARIANT& content, VARTYPE type) {
+    if (content.vt == VT_ERROR) return DISP_E_PARAMNOTOPTIONAL;
+    if (type == VT_DISPATCH && (content.vt == VT_EMPTY || content.vt == VT_NULL)) {
+        content.vt = VT_DISPATCH;
+        content.pdispVal = nullptr;
+        return S_OK;
+    }
+    const HRESULT changed = VariantChangeType(&content, &content, 0, type);
+    const bool speaks = SUCCEEDED(changed) || changed == DISP_E_OVERFLOW || changed == E_OUTOFMEMORY;
+    return speaks ? changed : DISP_E_TYPEMISMATCH;
+}
+
+/// Replaces one argument, for which the member declares a reference to `type`, by a reference to an owned
+/// copy unless it is just such a reference.
+HRESULT substitute(VARIANT& argument, VARTYPE type, std::deque<Stand>& stands) {
+    VARIANT* source = &argument;
+    VARIANT* caller = nullptr;
+    while (source->vt == (VT_BYREF | VT_VARIANT)) caller = source = source->pvarVal;
+    if (source->vt == (VT_BYREF | type)) {
+        argument = *source;
+        return S_OK;
+    }
+    // A variable of some other type cannot take the result.
+    if (source->vt & VT_BYREF) caller = nullptr;
+    stands.push_back({Variant::copyOf(*source), caller});
+    VARIANT& content = const_cast<VARIANT&>(stands.back().value.raw());
+    const HRESULT converted = convert(content, type);
+    argument = referenceTo(content);
+    return converted;
+}
+
+/// The arguments as the member declares them, the first one last. Named ones go to their places here, since
+/// not every platform's own call brings them there unharmed; the one that a put assigns stays named. What is
+/// left out in between is marked so.
+HRESULT inPlaces(const DISPPARAMS& parameters, std::vector<VARIANT>& places) {
+    const UINT named = parameters.cNamedArgs;
+    const bool isPut = named == 1 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
+    places.assign(parameters.rgvarg + (isPut ? 0 : named), parameters.rgvarg + parameters.cArgs);
+    if (isPut) return S_OK;
+    std::reverse(places.begin(), places.end());
+    for (UINT i = 0; i < named; ++i) {
+        constexpr size_t kMost = 64;
+        const auto place = static_cast<size_t>(parameters.rgdispidNamedArgs[i]);
+        if (place >= kMost) return DISP_E_PARAMNOTFOUND;
+        while (places.size() <= place) places.push_back(leftOut());
+        places[place] = parameters.rgvarg[i];
+    }
+    std::reverse(places.begin(), places.end());
+    return S_OK;
+}
+
+HRESULT substituteAll(const Function& function, std::vector<VARIANT>& arguments, std::deque<Stand>& stands) {
+    const auto count = static_cast<UINT>(arguments.size());
+    for (UINT i = 0; i < count; ++i) {
+        VARIANT& argument = arguments[count - 1 - i];
+        if (isNullReference(argument)) return E_POINTER;
+        const VARTYPE type = function.referenced(i);
+        if (type == VT_EMPTY || type == VT_VARIANT) continue;
+        if (const HRESULT ready = substitute(argument, type, stands); FAILED(ready)) return ready;
+    }
+    return S_OK;
+}
+
+void giveBack(std::deque<Stand>& stands) {
+    for (Stand& stand : stands)
+        if (stand.caller) {
+            VariantClear(stand.caller);
+            *stand.caller = stand.value.detach();
+        }
+}
+
+}  // namespace
+
+HRESULT lateCall(void* instance, ITypeInfo& info, DISPID member, WORD flags, DISPPARAMS& parameters,
+                 VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept {
+    try {
+        const Function function(info, member, flags);
+        std::vector<VARIANT> arguments;
+        std::deque<Stand> stands;
+        HRESULT ready = inPlaces(parameters, arguments);
+        if (SUCCEEDED(ready)) ready = substituteAll(function, arguments, stands);
+        if (FAILED(ready)) return ready;
+        DISPID put = DISPID_PROPERTYPUT;
+        const UINT named = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) ? 1 : 0;
+        DISPPARAMS substituted{arguments.data(), named ? &put : nullptr, static_cast<UINT>(arguments.size()),
+                               named};
+        const HRESULT answer =
+            info.Invoke(instance, member, flags, &substituted, result, exception, badArgument);
+        if (SUCCEEDED(answer)) giveBack(stands);
+        return answer;
+    } catch (const Fault&) {
+        return DISP_E_TYPEMISMATCH;
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+}  // namespace zelbar

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <windows.h>
+
+#include "automation/Fault.h"
+
+namespace zelbar {
+
+/// What this module must know after everything else of the driver has gone: whether it may be unloaded.
+/// One per module, zero at load, never reset.
+struct ModuleState {
+    /// Objects alive outside or inside, connection points and windows included.
+    long liveObjects = 0;
+    /// LockServer calls of class factories.
+    long locks = 0;
+    /// Where members report what they trapped; none until the driver has a log.
+    void (*traceTrapped)(const wchar_t* prefix, const Fault& fault) noexcept = nullptr;
+};
+
+ModuleState& moduleState();
+
+/// The handle of the DLL, or of the test program, that this code was linked into.
+HMODULE moduleHandle();
+
+/// Keeps the module loaded while it lives.
+class LiveObject {
+  public:
+    LiveObject() { InterlockedIncrement(&moduleState().liveObjects); }
+    LiveObject(const LiveObject&) : LiveObject() {}
+    LiveObject& operator=(const LiveObject&) { return *this; }
+    ~LiveObject() { InterlockedDecrement(&moduleState().liveObjects); }
+};
+
+}  // namespace zelbar

@@ -1,0 +1,44 @@
+#include "support/localize.h"
+
+#include <utility>
+
+#include "support/Registry.h"
+#include "support/Text.h"
+
+namespace zelbar {
+
+localize::localize(Module module, mLogError& errors) : module_(std::move(module)), errors_(errors) {}
+
+std::wstring localize::ReadLanguageChoice() const {
+    const std::wstring install = L"Software\\" + module_.company + L"\\7316\\Install";
+    const std::wstring table(trimmed(RegReadString(HKEY_LOCAL_MACHINE, install, L"LanguageChoice")));
+    return table.empty() ? kDefaultLanguageTable : table;
+}
+
+void localize::SplitLanguageChoice(std::wstring_view table) {
+    LanguageTableSplit split = splitLanguageTable(table);
+    table_ = std::move(split.table);
+    tableLoaded_ = true;
+    for (const std::wstring& message : split.messages) {
+        errors_.LogError({}, L"localize.SplitLanguageChoice", nullptr, message);
+    }
+}
+
+std::int16_t localize::GetChartset() {
+    const Language* language = userLanguage();
+    return language ? language->charset : std::int16_t{0};
+}
+
+std::int32_t localize::textResource() {
+    const Language* language = userLanguage();
+    return language ? language->resource : 0;
+}
+
+const Language* localize::userLanguage() {
+    const std::wstring settings = L"Software\\" + module_.company + L"\\7316\\VEXPhone\\Settings";
+    const std::int32_t index = leadingInteger(RegReadString(HKEY_CURRENT_USER, settings, L"lang"));
+    if (!tableLoaded_) SplitLanguageChoice(ReadLanguageChoice());
+    return languageAt(table_, index);
+}
+
+}  // namespace zelbar

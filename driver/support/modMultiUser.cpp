@@ -1,0 +1,134 @@
+#include "support/modMultiUser.h"
+
+#include <utility>
+
+#include "support/KnownFolder.h"
+#include "support/Registry.h"
+#include "support/Text.h"
+
+namespace zelbar {
+namespace {
+
+constexpr wchar_t kProductFolderName[] = L"Norvane Tessaria";
+
+std::wstring setting(HKEY root, const std::wstring& path, const wchar_t* name) {
+    return std::wstring(trimmed(RegReadString(root, path, name)));
+}
+
+bool exists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool isYes(const std::wstring& text) {
+    return CompareStringOrdinal(text.c_str(), -1, L"yes", -1, TRUE) == CSTR_EQUAL;
+}
+
+/// Security of a folder that every user may change; attributes() is null where it could not be made.
+class OpenSecurity {
+  public:
+    OpenSecurity(mLogError& errors, const std::wstring& path) {
+        if (!InitializeSecurityDescriptor(&descriptor_, SECURITY_DESCRIPTOR_REVISION)) {
+            report(
+                errors,
+                L"InitializeSecurityDescriptor : Unable to Initialize New Security Descriptor for File : " +
+                    path);
+        } else if (!SetSecurityDescriptorDacl(&descriptor_, TRUE, nullptr, FALSE)) {
+            report(
+                errors,
+                L"SetSecurityDescriptorDaclNullUnable to Set NULL DACL to Security Descriptor for File : " +
+                    path);
+        } else {
+            usable_ = true;
+        }
+    }
+    SECURITY_ATTRIBUTES* attributes() { return usable_ ? &attributes_ : nullptr; }
+
+  private:
+    static void report(mLogError& errors, const std::wstring& text) {
+        errors.LogError(PendingError::lastSystemError(), L"modMultiUser.MakeDir", nullptr, text);
+    }
+
+    SECURITY_DESCRIPTOR descriptor_{};
+    SECURITY_ATTRIBUTES attributes_{sizeof(SECURITY_ATTRIBUTES), &descriptor_, TRUE};
+    bool usable_ = false;
+};
+
+}  // namespace
+
+modMultiUser::modMultiUser(Module module, mLogError& errors) : module_(std::move(module)), errors_(errors) {}
+
+const std::wstring& modMultiUser::DataPath() {
+    if (dataPathValue_.empty()) {
+        dataPathValue_ = chosenFolder();
+        MakeSubDir(dataPathValue_);
+    }
+    return dataPathValue_;
+}
+
+std::wstring modMultiUser::chosenFolder() {
+    const std::wstring client = L"Software\\" + module_.company + L"\\7316\\VEXPhone";
+    const std::wstring install = L"Software\\" + module_.company + L"\\7316\\Install";
+    const std::wstring userPath = setting(HKEY_CURRENT_USER, client, L"DataPath");
+    const std::wstring multiUser = setting(HKEY_LOCAL_MACHINE, install, L"MultiUser");
+    const std::wstring machinePath = setting(HKEY_LOCAL_MACHINE, install, L"DataPath");
+    if (!userPath.empty()) {
+        isPerUserPath_ = true;
+        return userPath;
+    }
+    if (multiUser.empty() || isYes(multiUser)) {
+        const std::wstring profile = GetUserProfilePath();
+        if (profile.empty()) return module_.folder;
+        isPerUserPath_ = true;
+        return profile + L"\\" + kProductFolderName;
+    }
+    return machinePath.empty() ? module_.folder : machinePath;
+}
+
+std::wstring modMultiUser::GetUserProfilePath() noexcept {
+    try {
+        std::wstring path;
+        const HRESULT result = knownFolder(CSIDL_APPDATA, path);
+        const wchar_t* reason = result == E_INVALIDARG ? L"An invalid folder ID was specified"
+                                : result == S_FALSE    ? L"The folder does not exist"
+                                                       : nullptr;
+        if (reason) errors_.LogError({}, L"modMultiUser.GetUserProfilePath", nullptr, reason);
+        return path;
+    } catch (...) {
+        return {};
+    }
+}
+
+void modMultiUser::MakeSubDir(const std::wstring& path) noexcept {
+    try {
+        std::size_t done = 0;
+        for (;;) {
+            auto separator = path.find(L'\\', done);
+            if (separator == std::wstring::npos) separator = path.find(L':', done);
+            if (separator == std::wstring::npos) break;
+            done = separator + 1;
+            MakeDir(path.substr(0, done));
+        }
+        MakeDir(path);
+    } catch (...) {
+        errors_.LogError(PendingError::caught(), L"modMultiUser.MakeSubDir", nullptr, path);
+    }
+}
+
+void modMultiUser::MakeDir(const std::wstring& path) noexcept {
+    try {
+        if (exists(path)) return;
+        const auto report = [&] {
+            errors_.LogError(PendingError::lastSystemError(), L"modMultiUser.MakeDir", nullptr, path);
+        };
+        if (isPerUserPath_) {
+            if (!CreateDirectoryW(path.c_str(), nullptr)) report();
+        } else {
+            OpenSecurity everyone(errors_, path);
+            if (!CreateDirectoryW(path.c_str(), everyone.attributes())) report();
+        }
+    } catch (...) {
+        errors_.LogError(PendingError::caught(), L"modMultiUser.MakeDir", nullptr, path);
+    }
+}
+
+}  // namespace zelbar

@@ -1,0 +1,52 @@
+#include "tests/harness/TemporaryFolder.h"
+
+#include <windows.h>
+
+#include <stdexcept>
+
+namespace harness {
+namespace {
+
+std::wstring freshPath() {
+    static unsigned count = 0;
+    wchar_t parent[MAX_PATH + 1] = {};
+    GetTempPathW(MAX_PATH, parent);
+    return parent + (L"zelbar-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                     std::to_wstring(GetTickCount64()) + L"-" + std::to_wstring(++count));
+}
+
+void makeDirectory(const std::wstring& path) {
+    if (!CreateDirectoryW(path.c_str(), nullptr)) throw std::runtime_error("no temporary folder");
+}
+
+/// Deletes the files in a folder, then the folder if nothing is left in it.
+void removeFlat(const std::wstring& folder) {
+    WIN32_FIND_DATAW entry{};
+    HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
+    if (search != INVALID_HANDLE_VALUE) {
+        do {
+            if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
+            DeleteFileW((folder + L"\\" + entry.cFileName).c_str());
+        } while (FindNextFileW(search, &entry));
+        FindClose(search);
+    }
+    RemoveDirectoryW(folder.c_str());
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() : folders_{freshPath()} {
+    makeDirectory(path());
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    for (auto folder = folders_.rbegin(); folder != folders_.rend(); ++folder) removeFlat(*folder);
+}
+
+const std::wstring& TemporaryFolder::makeFolder(const std::wstring& name) {
+    const std::wstring path = file(name);
+    makeDirectory(path);
+    return folders_.emplace_back(path);
+}
+
+}  // namespace harness

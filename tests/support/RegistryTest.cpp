@@ -1,0 +1,76 @@
+#include "support/Registry.h"
+
+#include <objbase.h>
+
+#include "tests/support/Fixture.h"
+
+namespace zelbar {
+namespace {
+
+using RegistryTest = SupportTest;
+
+std::string utf16(std::wstring_view text) {
+    return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
+}
+
+TEST_F(RegistryTest, ReadsEveryKindOfValue) {
+    const struct {
+        const wchar_t* name;
+        DWORD type;
+        std::string bytes;
+        std::wstring text;
+    } cases[] = {
+        {L"text", REG_SZ, utf16(L"ab\0"), L"ab"},
+        {L"expand", REG_EXPAND_SZ, utf16(L"%TEMP%"), L"%TEMP%"},
+        {L"unterminated", REG_SZ, utf16(L"abc"), L"abc"},
+        {L"two texts", REG_SZ, utf16({L"ab\0cd\0", 6}), L"ab"},
+        {L"empty", REG_SZ, "", L""},
+        {L"foreign", REG_SZ, utf16(L"Zoë Łuk 𝄞"), L"Zoë Łuk 𝄞"},
+        {L"one", REG_DWORD, {"\x01\0\0\0", 4}, L"1"},
+        {L"257", REG_DWORD, {"\x01\x01\0\0", 4}, L"17"},
+        {L"256", REG_DWORD, {"\0\x01\0\0", 4}, L"0"},
+        {L"binary", REG_BINARY, "abc", L""},
+        {L"longest", REG_SZ, utf16(std::wstring(1023, L'x') + L'\0'), std::wstring(1023, L'x')},
+        {L"too long", REG_SZ, utf16(std::wstring(1024, L'x') + L'\0'), L""},
+    };
+    for (const auto& c : cases) {
+        registry.set(HKEY_CURRENT_USER, kPopup, c.name, c.type, c.bytes);
+        EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, kPopup, c.name), c.text) << testing::PrintToString(c.name);
+    }
+    EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, kPopup, L"absent"), L"");
+    EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, L"Software\\absent", L"text"), L"");
+    EXPECT_EQ(RegReadString(HKEY_LOCAL_MACHINE, kPopup, L"text"), L"");
+}
+
+TEST_F(RegistryTest, WritesTextsAndABlankForAnEmptyOne) {
+    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, kPopup));
+    EXPECT_TRUE(RegWriteString(HKEY_CURRENT_USER, kPopup, L"a", L"1"));
+    EXPECT_TRUE(RegWriteString(HKEY_CURRENT_USER, kPopup, L"b", L""));
+    EXPECT_TRUE(RegKeyExists(HKEY_CURRENT_USER, kPopup));
+    EXPECT_EQ(registry.get(HKEY_CURRENT_USER, kPopup, L"a"), L"1");
+    EXPECT_EQ(registry.get(HKEY_CURRENT_USER, kPopup, L"B"), L" ");
+    EXPECT_FALSE(RegWriteString(HKEY_CURRENT_USER, std::wstring(300, L'k'), L"a", L"1"));
+}
+
+TEST(RegistrySandboxTest, HidesTheRealSettingsAndLeavesComAlone) {
+    constexpr wchar_t kPath[] = L"Software\\zelbar-sandbox-test";
+    {
+        harness::RegistrySandbox sandbox;
+        EXPECT_FALSE(RegKeyExists(HKEY_LOCAL_MACHINE, L"Software\\Microsoft"));
+        EXPECT_TRUE(RegWriteString(HKEY_CURRENT_USER, kPath, L"a", L"1"));
+        EXPECT_TRUE(RegWriteString(HKEY_LOCAL_MACHINE, kPath, L"a", L"1"));
+        CLSID dictionary{};
+        EXPECT_EQ(CLSIDFromProgID(L"Scripting.Dictionary", &dictionary), S_OK);
+        IDispatch* object = nullptr;
+        EXPECT_EQ(CoCreateInstance(dictionary, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                   reinterpret_cast<void**>(&object)),
+                  S_OK);
+        if (object) object->Release();
+    }
+    EXPECT_TRUE(RegKeyExists(HKEY_LOCAL_MACHINE, L"Software\\Microsoft"));
+    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, kPath));
+    EXPECT_FALSE(RegKeyExists(HKEY_LOCAL_MACHINE, kPath));
+}
+
+}  // namespace
+}  // namespace zelbar

@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+
+#include "support/LanguageTable.h"
+#include "support/NumberedText.h"
+#include "support/Text.h"
+
+namespace zelbar {
+namespace {
+
+TEST(Rules, LeadingInteger16) {
+    const struct {
+        const wchar_t* text;
+        std::optional<std::int16_t> number;
+    } cases[] = {{L"-12x", -12}, {L"+7", 7},        {L"x5", 0},
+                 {L"", 0},       {L"-", 0},         {L"+-3", 0},
+                 {L" 5", 0},     {L"32767", 32767}, {L"-32768", -32768},
+                 {L"32768", {}}, {L"-32769", {}},   {L"40000", {}},
+                 {L"00012", 12}, {L"1 2", 1},       {L"99999999999999999999999", {}},
+                 {L"٣", 0}};
+    for (const auto& c : cases)
+        EXPECT_EQ(leadingInteger16(c.text), c.number) << testing::PrintToString(c.text);
+}
+
+TEST(Rules, LeadingInteger) {
+    EXPECT_EQ(leadingInteger(L"  4 "), 4);
+    EXPECT_EQ(leadingInteger(L"fr"), 0);
+    EXPECT_EQ(leadingInteger(L"2147483648"), 2147483647);
+    EXPECT_EQ(leadingInteger(L"-99999999999999999999999"), -2147483647 - 1);
+}
+
+TEST(Rules, DwordDecoding) {
+    EXPECT_EQ(decodedDword(std::string_view("\x01", 1)), L"1");
+    EXPECT_EQ(decodedDword(std::string_view("\x01\x01", 2)), L"17");
+    EXPECT_EQ(decodedDword(std::string_view("\x78\x56\x34\x12", 4)), L"305419896");
+    EXPECT_EQ(decodedDword({}), L"0");
+}
+
+TEST(Rules, NumberedTextsAreTakenApart) {
+    const auto bare = splitNumberedText(L"#05000#");
+    ASSERT_TRUE(bare);
+    EXPECT_EQ(bare->number, 5000);
+    EXPECT_EQ(bare->defaultText, L"");
+    const auto full = splitNumberedText(L"#01000#&OK #1#");
+    ASSERT_TRUE(full);
+    EXPECT_EQ(full->number, 1000);
+    EXPECT_EQ(full->defaultText, L"&OK #1#");
+    for (const wchar_t* other :
+         {L"", L"#", L"#1234#x", L"#123456#x", L"#12a45#x", L"x#12345#", L"#12345", L"plain"}) {
+        EXPECT_FALSE(splitNumberedText(other)) << testing::PrintToString(other);
+    }
+}
+
+TEST(Rules, TextFileKeepsGoodLinesOnly) {
+    const TextFile texts = parseTextFile(
+        "\xEF\xBB\xBF"
+        "05000=Caf\xC3\xA9\r\n; 05001=comment\n\n5002=short\n05003:colon\n05004=\n05005=a=b\n05005=last");
+    EXPECT_EQ(texts, (TextFile{{5000, "Caf\xC3\xA9"}, {5005, "last"}}));
+}
+
+TEST(Rules, DefaultLanguageTable) {
+    const auto split = splitLanguageTable(kDefaultLanguageTable);
+    EXPECT_TRUE(split.messages.empty());
+    EXPECT_EQ(split.table.size(), 8u);
+    EXPECT_EQ(languageAt(split.table, 6), nullptr);
+    ASSERT_NE(languageAt(split.table, 8), nullptr);
+    EXPECT_EQ(languageAt(split.table, 8)->resource, 5909);
+    EXPECT_EQ(languageAt(split.table, 5)->charset, 238);
+}
+
+TEST(Rules, MalformedLanguageEntries) {
+    const struct {
+        const wchar_t* entry;
+        const wchar_t* message;
+        const wchar_t* code;
+        std::int32_t resource;
+        std::int16_t charset;
+    } cases[] = {
+        {L"9,xx,5910", L"Wrong language string (incorrect param number): >9,xx,5910<", nullptr, 0, 0},
+        {L"9,xx,5910,0,1", L"Wrong language string (incorrect param number): >9,xx,5910,0,1<", nullptr, 0, 0},
+        {L"", L"Wrong language string (incorrect param number): ><", nullptr, 0, 0},
+        {L"-1,xx,5910,0", L"Wrong language string (incorrect param number): >-1,xx,5910,0<", nullptr, 0, 0},
+        {L" 9, ,5910,0", L"Wrong language string (no path): > 9, ,5910,0<", nullptr, 0, 0},
+        {L"9,xx,0,238", L"Wrong language string (ressource = null): >9,xx,0,238<", L"xx", 0, 238},
+        {L" 9 , xx , 5910 , 238 ", nullptr, L"xx", 5910, 238},
+        {L"9,xx,5910,99999", nullptr, L"xx", 5910, 32767},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(c.entry));
+        const auto split = splitLanguageTable(c.entry);
+        EXPECT_EQ(split.messages,
+                  c.message ? std::vector<std::wstring>{c.message} : std::vector<std::wstring>{});
+        const Language* language = languageAt(split.table, 9);
+        ASSERT_EQ(language != nullptr, c.code != nullptr);
+        if (!language) continue;
+        EXPECT_EQ(language->code, c.code);
+        EXPECT_EQ(language->resource, c.resource);
+        EXPECT_EQ(language->charset, c.charset);
+    }
+}
+
+}  // namespace
+}  // namespace zelbar
