@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+
+#include "actions/cActionProperties.h"
+#include "com/CallActionBorder.h"
+#include "core/DriverState.h"
+
+namespace zelbar {
+
+/// What the five kinds of action have in common. A kind `Self` gives its identifier `kActionID`, its name
+/// `kName` (a numbered text), the start `kErrorPrefix` of the line that tells of a failed run, and
+/// `execute(ContactArgument&)`, which may throw. Its constructor adds its settings.
+template <class Self>
+class ActionBase : public CallActionBorder<Self> {
+  public:
+    /// The result means nothing to a client: it is False, whatever has happened.
+    bool PIMAction_ExecuteAction(ContactArgument& contact) {
+        try {
+            static_cast<Self*>(this)->execute(contact);
+        } catch (...) {
+            driver().log.fault(Self::kErrorPrefix, caughtFault());
+        }
+        return false;
+    }
+    std::wstring PIMAction_ActionName() const { return driver().texts.translate(Self::kName); }
+    /// True for an action that never adds anything to the user's contacts.
+    bool PIMAction_PassiveAction() const { return true; }
+    long PIMAction_ActionID() const { return Self::kActionID; }
+    Com<cActionProperties> PIMAction_ActionProp() const { return properties_; }
+    Com<::CallAction> PIMAction_CopyAction() const {
+        const auto copy = makeObject<Self>();
+        copy->settings().copyFrom(settings());
+        return copy;
+    }
+
+  protected:
+    /// Adds a setting under its key, with a numbered text as its label.
+    Com<cActionProperty> addSetting(const wchar_t* key, const wchar_t* label, const Variant& value,
+                                    short type) {
+        return settings().Add(key, driver().texts.translate(label), value, type);
+    }
+    Com<cActionProperty> setting(const wchar_t* key) const { return settings().ActionProperties_Item(key); }
+    Variant value(const wchar_t* key) const { return setting(key)->ActionProperty_Value(); }
+
+  private:
+    cActionProperties& settings() const {
+        if (!properties_) throw runtimeFault(fault::kObjectNotSet);
+        return *properties_;
+    }
+
+    Com<cActionProperties> properties_ = makeActionProperties();
+};
+
+}  // namespace zelbar

@@ -1,0 +1,90 @@
+#include "actions/ActionOpenContact.h"
+
+#include "automation/OutlookNames.h"
+
+namespace zelbar {
+
+namespace {
+
+constexpr wchar_t kNewOnInexistant[] = L"NewOnInexistant";
+/// The client's mark for a number that several contacts share: nobody is known, and nobody is unknown.
+constexpr wchar_t kManyContacts[] = L"MANY";
+
+void openWindow(const Object& item) {
+    item.object(outlook::GetInspector).call(outlook::Display);
+}
+
+Object newContact(const std::wstring& name, const std::wstring& number) {
+    const Object contact = driver()
+                               .outlook.GetNameSpace()
+                               .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
+                               .object(outlook::Items)
+                               .object(outlook::AddContact, outlook::kContactItemType);
+    contact.put(outlook::FullName, name);
+    contact.put(outlook::BusinessTelephoneNumber, number);
+    contact.call(outlook::Save);
+    return contact;
+}
+
+}  // namespace
+
+ActionOpenContact::ActionOpenContact() {
+    try {
+        // The texts stand in the order of `Choice`.
+        auto& texts = driver().texts;
+        const std::vector<std::wstring> choices{texts.translate(L"#05002#"), texts.translate(L"#05003#"),
+                                                texts.translate(L"#05001#")};
+        const auto property = addSetting(kNewOnInexistant, L"#05000#", choices.front(), kListSetting);
+        property->setValues(Variant::ofTexts(choices));
+        property->ActionProperty_ValueIndex(kOpenFound);
+    } catch (...) {
+        driver().log.fault(L"Error (Class_Initialize - ActionOpenContact): ", caughtFault());
+    }
+}
+
+short ActionOpenContact::choice() const {
+    return setting(kNewOnInexistant)->ActionProperty_ValueIndex();
+}
+
+Com<::CallAction> ActionOpenContact::PIMAction_CopyAction() const {
+    try {
+        return ActionBase::PIMAction_CopyAction();
+    } catch (...) {
+        driver().log.trace(L"Error : (CopyAction - ActionOpenContact)");
+        return {};
+    }
+}
+
+void ActionOpenContact::execute(ContactArgument& argument) {
+    FLog& log = driver().log;
+    const bool opensFound = choice() == kOpenFound || choice() == kOpenAndCreate;
+    const CallContact contact(argument);
+    if (!contact) {
+        log.trace(L"CITem = Nothing");
+        return;
+    }
+    const std::wstring name = contact.FullName();
+    const std::wstring number = contact.MainPhoneNumber();
+    log.trace(L"Opening ", name, L" (", number, L")");
+    log.trace(L"OPEN ------------------");
+    const LookUp lookUp = driver().outlook.GetContactFromID(contact.ContactId(), contact.StoreId(),
+                                                            L"ActionOpenContact", L"ExecuteAction");
+    // Outlook did not answer: making a contact now would double one that it has.
+    if (lookUp.failed()) throw lookUp.fault;
+    if (lookUp.gone()) {
+        if (name != kManyContacts) meetUnknown(name, number);
+    } else if (opensFound) {
+        log.trace(L"Opening ", name, L"...");
+        openWindow(lookUp.item);
+    }
+}
+
+void ActionOpenContact::meetUnknown(const std::wstring& name, const std::wstring& number) const {
+    FLog& log = driver().log;
+    log.trace(L"Unknown contact: ", name, L" (Not found in Outlook)...");
+    if (choice() != kCreateUnknown && choice() != kOpenAndCreate) return;
+    log.trace(L"Creating new contact from: ", name, L" and ", number, L"...");
+    openWindow(newContact(name, number));
+}
+
+}  // namespace zelbar

@@ -1,0 +1,122 @@
+#include "connector/StartUp.h"
+
+#include <initializer_list>
+
+#include "actions/cPIMActions.h"
+#include "automation/Attempts.h"
+#include "core/DriverState.h"
+#include "support/Clock.h"
+#include "support/Registry.h"
+
+namespace zelbar {
+
+namespace {
+
+/// The hourglass while start-up lasts.
+class BusyPointer {
+  public:
+    BusyPointer() : before_(SetCursor(LoadCursor(nullptr, IDC_WAIT))) {}
+    ~BusyPointer() { SetCursor(before_); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+  private:
+    HCURSOR before_;
+};
+
+void logLines(std::initializer_list<const wchar_t*> lines) {
+    for (const wchar_t* line : lines) driver().log.trace(line);
+}
+
+/// The add-in fills the cache when Outlook starts; what is opened before it has finished would be half full.
+/// It is given forty seconds.
+void waitForAddIn() {
+    constexpr DWORD kStepMilliseconds = 200;
+    for (int counter = 200;; --counter) {
+        const std::wstring inProgress =
+            RegReadString(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"SynchroInProgress");
+        if (inProgress != L"1" || counter < 1) return;
+        driver().sleep(kStepMilliseconds);
+    }
+}
+
+void openLog(Attempts& attempt) {
+    DriverState& state = driver();
+    attempt([&] { state.languages.CurrentCharset(state.languages.GetChartset()); });
+    const std::wstring banner = dateText(currentDate()) + L": * Driver startup *";
+    state.pimInstalled = true;
+    state.log.load();
+    if (state.log.LogEnabled()) state.log.AddSimpleLog(banner);
+    logLines({L"*************************", L"* Driver initialization *", L"*************************", L""});
+}
+
+void connectToOutlook(Attempts& attempt) {
+    DriverState& state = driver();
+    state.log.trace(L"Connecting to Outlook...");
+    attempt([&] { state.outlook.connectApplication(); });
+    state.log.trace(L"Connecting to Outlook...GetNameSpace");
+    attempt([&] { state.outlook.connectNameSpace(); });
+}
+
+void openCache(Attempts& attempt) {
+    DriverState& state = driver();
+    state.log.trace(L"Connecting to DAO...");
+    attempt([&] { state.cache.openWorkspace(); });
+    state.log.trace(L"Testing file existence (Connec00.mdb)...");
+    if (state.cache.fileExists()) {
+        state.log.trace(L"File exists: Connecting to database...");
+        attempt([&] { state.cache.openDatabase(); });
+        state.firstLaunch = false;
+    } else {
+        state.log.trace(L"File does not exist !!! (First launch ?)");
+        state.firstLaunch = true;
+    }
+    state.cache.ReadPst();
+}
+
+}  // namespace
+
+void startUp() noexcept {
+    try {
+        DriverState& state = driver();
+        const BusyPointer pointer;
+        Attempts attempt([&state](const Fault& fault) {
+            state.log.trace(L"Error(Class_Initialize - DataConnector): ", fault.description, L" in ",
+                            fault.source, L"\r\nInit: Going on execution...");
+        });
+        openLog(attempt);
+        connectToOutlook(attempt);
+        state.log.trace(L"---> Waiting end of addin init.");
+        waitForAddIn();
+        openCache(attempt);
+        state.log.trace(L"Creating default ActionList...");
+        attempt([&] { state.actions = makeActions(); });
+        state.log.trace(L"Timer initialization");
+        state.outlook.release();
+        attempt([&] { state.texts.init(0); });
+        logLines({L"*****************************", L"* fin Driver initialization *",
+                  L"*****************************", L""});
+    } catch (...) {
+        // Not even memory for the log: the driver is there all the same, with what has been set up.
+    }
+}
+
+void shutDown() noexcept {
+    try {
+        DriverState& state = driver();
+        Attempts attempt([&state](const Fault& fault) {
+            state.log.fault(L"Outlook2000 driver, error(Class_Terminate): ", fault);
+        });
+        state.contacts = {};
+        attempt([&] { state.directory.close(); });
+        attempt([&] { state.cache.closeDatabase(); });
+        attempt([&] { state.cache.closeWorkspace(); });
+        state.actions = {};
+        state.log.trace(L"Outlook deallocation...");
+        state.outlook.release();
+    } catch (...) {
+        // What could not be closed goes with the process.
+    }
+}
+
+}  // namespace zelbar

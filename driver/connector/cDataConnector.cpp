@@ -1,0 +1,103 @@
+#include "connector/cDataConnector.h"
+
+#include "automation/Attempts.h"
+#include "automation/OutlookNames.h"
+#include "connector/FolderConfiguration.h"
+#include "connector/StartUp.h"
+#include "core/DriverState.h"
+
+namespace zelbar {
+
+namespace {
+
+/// Outlook's number among the client's contact programs.
+constexpr long kOutlookPim = 0x1000;
+
+/// The default store, then the stores of the table; `storeTried` tells the last one. None when no store has
+/// it.
+Object itemInAnyStore(const std::wstring& entryId, std::wstring& storeTried) {
+    DriverState& state = driver();
+    Attempts attempt;
+    Object session, item;
+    attempt.into(session, [&] { return state.outlook.GetNameSpace(); });
+    if (!session) return {};
+    attempt.into(item, [&] { return session.object(outlook::GetItemFromID, entryId); });
+    for (int i = 1; !item && i <= StoreTable::kEntries; ++i) {
+        state.log.trace(L"  GetContactByContactID: i=", i);
+        const std::wstring& store = state.cache.stores().at(i).storeId;
+        if (store.empty()) break;
+        storeTried = store;
+        attempt.into(item, [&] { return session.object(outlook::GetItemFromID, entryId, store); });
+    }
+    return item;
+}
+
+}  // namespace
+
+cDataConnector::cDataConnector() : events_(*this, DIID___cDataConnector) {
+    startUp();
+}
+
+cDataConnector::~cDataConnector() {
+    shutDown();
+}
+
+void* cDataConnector::further(REFIID id) noexcept {
+    return id == __uuidof(IConnectionPointContainer) ? static_cast<IConnectionPointContainer*>(&events_)
+                                                     : nullptr;
+}
+
+Com<IDispatch> cDataConnector::DataConnector_GetContactItemByContactItemID(const std::wstring& entryId) {
+    driver().log.trace(L"GetContactItemByContactItemID() ID=", entryId);
+    return driver().outlook.GetNameSpace().object(outlook::GetItemFromID, entryId).target();
+}
+
+std::wstring cDataConnector::DataConnector_Version() {
+    if (!driver().pimInstalled) return L"0";
+    return driver().outlook.GetApp().text(outlook::Version);
+}
+
+bool cDataConnector::DataConnector_PIMInstalled() {
+    return driver().pimInstalled;
+}
+
+long cDataConnector::DataConnector_PIMName() {
+    return driver().pimInstalled ? kOutlookPim : 0;
+}
+
+Com<::PIMActions> cDataConnector::DataConnector_Actions() {
+    return driver().actions;
+}
+
+Com<cContactRecord> cDataConnector::DataConnector_OpenContactRecord() {
+    if (!driver().pimInstalled) return {};
+    return makeObject<cContactRecord>();
+}
+
+void cDataConnector::DataConnector_ClosePIM() {
+    driver().outlook.release();
+}
+
+Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wstring& entryId) {
+    FLog& log = driver().log;
+    log.trace(L"GetContactByContactID: ID=", entryId);
+    auto contact = makeObject<cContact>();
+    std::wstring store;
+    const Object item = itemInAnyStore(entryId, store);
+    if (!item) {
+        contact->setNotInPIM(true);
+        log.trace(L"GetContactByContactID: NOK");
+        return contact;
+    }
+    Attempts([&log](const Fault& fault) { log.fault(L"Error (GetContactByContactID): ", fault); })(
+        [&] { contact->SetValues(item); });
+    log.trace(L"GetContactByContactID: with StoreID: ", store);
+    if (log.LogEnabled()) log.trace(L"GetContactByContactID: Name=", contact->Contact_FullName());
+    return contact;
+}
+
+Variant cDataConnector::DataConnector_ExecuteCommand(const std::wstring& command) {
+    return command == L"isFolderConfigured" ? Variant(isFolderConfigured()) : Variant();
+}
+
+}  // namespace zelbar

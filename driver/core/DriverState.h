@@ -1,0 +1,61 @@
+#pragma once
+
+#include <PIMDriverAbstract.h>
+#include <windows.h>
+
+#include "automation/Com.h"
+#include "automation/Gateway.h"
+#include "com/Collection.h"
+#include "core/ContactCache.h"
+#include "core/DirectoryDatabase.h"
+#include "core/OutlookConnection.h"
+#include "core/UserDoor.h"
+#include "support/FLog.h"
+#include "support/cLocalizedText.h"
+#include "support/localize.h"
+#include "support/mLogError.h"
+#include "support/modMultiUser.h"
+
+namespace zelbar {
+
+/// All that the driver's classes share: one set per process. It is made by the first use and lasts until the
+/// module goes (the log, the data folder and the language are decided once); what it holds of Outlook and DAO
+/// is opened by the entry object's start-up and closed by its shut-down.
+struct DriverState {
+    Module module = thisModule();
+    FLog log{module};
+    mLogError errors{module};
+    modMultiUser paths{module, errors};
+    localize languages{module, errors};
+    cLocalizedText texts{module, languages};
+    UserDoor user;
+    Gateway gateway;
+    ContactCache cache{gateway, log, paths};
+    DirectoryDatabase directory{cache, paths};
+    OutlookConnection outlook{gateway, log, errors, user, cache.stores()};
+
+    /// How start-up waits; a test that cannot wait puts another in its place.
+    void (*sleep)(DWORD milliseconds) = [](DWORD milliseconds) { Sleep(milliseconds); };
+
+    /// Set at the very start of start-up and never cleared.
+    bool pimInstalled = false;
+    /// True when there was no cache at start-up.
+    bool firstLaunch = false;
+    /// The search under way is the client's unified one: it wants business numbers only.
+    bool unifiedSearch = false;
+
+    Com<::PIMActions> actions;
+    /// What the last `FillContactCollection` gave out.
+    Com<Collection> contacts;
+};
+
+/// The driver's state; made when it is first asked for.
+DriverState& driver();
+
+/// Drops the shared references to Outlook, if there is a state that could hold any.
+void releaseOutlook();
+
+/// Throws the state away, so that the next use makes a new one. For tests.
+void resetDriver();
+
+}  // namespace zelbar

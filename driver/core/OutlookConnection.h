@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+
+#include "automation/Gateway.h"
+#include "automation/Object.h"
+#include "core/LookUp.h"
+#include "core/StoreTable.h"
+#include "core/UserDoor.h"
+#include "support/FLog.h"
+#include "support/mLogError.h"
+
+namespace zelbar {
+
+/// The driver's one connection to Outlook. Nothing is trusted: Outlook may have been closed and started again
+/// since the last call, so what is handed out has been probed, and is rebuilt in stages where the probe
+/// fails.
+class OutlookConnection {
+  public:
+    static constexpr long kConnectionLost = static_cast<long>(0x800403E9UL);
+
+    /// All that is passed must outlive the connection.
+    OutlookConnection(Gateway& gateway, FLog& log, mLogError& errors, UserDoor& user,
+                      const StoreTable& stores)
+        : gateway_(gateway), log_(log), errors_(errors), user_(user), stores_(stores) {}
+
+    /// The shared application. When Outlook cannot be reached the user is told, and the connection-lost fault
+    /// thrown.
+    Object GetApp();
+
+    /// The "MAPI" name space of a fresh connection; the caller's own. Throws the connection-lost fault.
+    Object GetNameSpace();
+
+    /// The item with that identity: in its store if that is known, then in the default store, then in every
+    /// store of the table. `caller` and `context` are for the log only. Does not throw for what Outlook
+    /// answers.
+    LookUp GetContactFromID(const std::wstring& entryId, const std::wstring& storeId, const wchar_t* caller,
+                            const std::wstring& context);
+
+    /// Start-up's first contact, in the two steps that it logs one by one. What they obtain is shared.
+    void connectApplication();
+    void connectNameSpace();
+
+    /// Drops what is shared; the next use connects anew.
+    void release();
+
+  private:
+    Object nameSpaceOf(const Object& application);
+    Object probedNameSpace();
+    void report(const Fault& fault, const wchar_t* function, const wchar_t* stage, const wchar_t* prefix);
+    [[noreturn]] void raiseConnectionLost(const Fault& cause, const wchar_t* function);
+
+    Gateway& gateway_;
+    FLog& log_;
+    mLogError& errors_;
+    UserDoor& user_;
+    const StoreTable& stores_;
+    Object application_;
+    Object nameSpace_;
+};
+
+}  // namespace zelbar

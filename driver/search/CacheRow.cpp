@@ -1,0 +1,26 @@
+#include "search/CacheRow.h"
+
+#include "automation/DaoNames.h"
+#include "core/DriverState.h"
+
+namespace zelbar {
+
+CacheRow CacheRow::read(const Object& recordset) {
+    return {columnText(recordset, L"EntryId"), columnText(recordset, L"StoreID"),
+            columnText(recordset, L"Name"), columnText(recordset, L"PhoneNumber")};
+}
+
+bool deleteStaleRow(const Object& recordset, const CacheRow& row) noexcept {
+    FLog& log = driver().log;
+    try {
+        if (CacheRow::read(recordset) != row) return false;
+        recordset.call(dao::Delete);
+        log.trace(L"Contact deleted from mdb cache: ", row.name, L" -  ", row.phoneNumber);
+        return true;
+    } catch (...) {
+        log.fault(L"Error (delete from mdb cache): ", caughtFault());
+        return false;
+    }
+}
+
+}  // namespace zelbar

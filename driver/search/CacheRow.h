@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "automation/Object.h"
+
+namespace zelbar {
+
+/// One row of the cache, read from the current row of a search's recordset.
+struct CacheRow {
+    std::wstring entryId;
+    std::wstring storeKey;  ///< The store's short index in the table of stores.
+    std::wstring name;
+    std::wstring phoneNumber;
+
+    bool operator==(const CacheRow&) const = default;
+
+    /// Throws when there is no current row, or it has been deleted.
+    static CacheRow read(const Object& recordset);
+};
+
+/// Deletes the current row, provided that it is still `row`: while Outlook was asked, the client may have
+/// been called and may have moved the recordset on. A failure is logged; the row then stays. True when the
+/// row went.
+bool deleteStaleRow(const Object& recordset, const CacheRow& row) noexcept;
+
+}  // namespace zelbar

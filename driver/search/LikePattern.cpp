@@ -1,0 +1,23 @@
+#include "search/LikePattern.h"
+
+namespace zelbar {
+
+std::wstring EscapeLikePattern(std::wstring_view text) {
+    std::wstring result;
+    result.reserve(text.size());
+    for (const wchar_t c : text) {
+        if (c == L'#' || c == L'[' || c == L'?')
+            (result += L'[').append(1, c) += L']';
+        else
+            result += c;
+    }
+    return result;
+}
+
+std::wstring quotedLiteral(std::wstring_view text) {
+    std::wstring result = L"\"";
+    for (const wchar_t c : text) result.append(c == L'"' ? 2 : 1, c);
+    return result += L'"';
+}
+
+}  // namespace zelbar

@@ -1,0 +1,201 @@
+#include "search/cContact.h"
+
+#include <utility>
+
+#include "automation/Attempts.h"
+#include "automation/OutlookNames.h"
+#include "core/DriverState.h"
+#include "search/ContactPicture.h"
+#include "search/TelephoneNumbers.h"
+#include "support/Registry.h"
+
+namespace zelbar {
+
+namespace {
+
+/// Outlook asks the user before it gives addresses away, so they are read only where the client has allowed
+/// it.
+bool mayReadAddresses() {
+    return RegReadString(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"NoEmailAddressAccess") ==
+           L"0";
+}
+
+/// An entry of a list, as the client shows it.
+std::wstring listEntry(const std::wstring& label, const std::wstring& value) {
+    return label + L": \t" + value;
+}
+
+}  // namespace
+
+void cContact::SetValues(const Object& item) {
+    notInPIM_ = true;
+    if (item) {
+        load(item);
+        notInPIM_ = false;
+    }
+    driver().log.trace(L"Contact.SetValues(Item as Object)");
+}
+
+void cContact::load(const Object& item) {
+    firstName_ = item.text(outlook::FirstName);
+    lastName_ = item.text(outlook::LastName);
+    fullName_ = item.text(outlook::LastNameAndFirstName);
+    if (fullName_.empty()) fullName_ = lastName_;
+    contactId_ = item.text(outlook::EntryID);
+    item_ = item;
+    storeId_ = readStoreId();
+    SetPhoneValues();
+    employee_.link(item_);
+}
+
+void cContact::MakeUnknownContact(long searchKind, const std::wstring& searchText) {
+    const bool byName = searchKind == kSearchByName;
+    firstName_ = byName ? searchText : std::wstring();
+    mainPhoneNumber_ = byName ? std::wstring() : searchText;
+    lastName_.clear();
+    contactId_.clear();
+    notInPIM_ = true;
+    item_ = {};
+}
+
+void cContact::SetPhoneValues() {
+    OutputDebugStringW(L"SetPhoneValues() is executed");
+    const size_t count = driver().unifiedSearch ? kUnifiedTelephoneProperties : kTelephoneProperties.size();
+    for (size_t i = 0; i < count; ++i)
+        if (std::wstring number = read(kTelephoneProperties[i].member); !number.empty()) {
+            mainPhoneNumber_ = std::move(number);
+            return;
+        }
+}
+
+std::wstring cContact::read(const Member& member) const noexcept {
+    std::wstring result;
+    if (item_) Attempts().into(result, [&] { return item_.text(member); });
+    return result;
+}
+
+std::wstring& cContact::cached(std::wstring& kept, const Member& member) noexcept {
+    if (kept.empty()) kept = read(member);
+    return kept;
+}
+
+std::wstring cContact::Contact_employeeId() const {
+    std::wstring result;
+    if (item_) Attempts().into(result, [&] { return employeeIdOf(item_); });
+    return result;
+}
+
+std::wstring cContact::Contact_ContactId() {
+    return cached(contactId_, outlook::EntryID);
+}
+
+std::wstring cContact::Contact_StoreId() {
+    if (storeId_.empty() && item_) storeId_ = readStoreId();
+    return storeId_;
+}
+
+std::wstring cContact::readStoreId() const noexcept {
+    std::wstring result;
+    Attempts().into(result, [&] {
+        // Every folder of a store names the store, so the first one that does ends the climb; the name space
+        // at the top names none. No mailbox is as deep as the bound.
+        std::wstring storeId;
+        Object parent = item_.object(outlook::Parent);
+        for (int depth = 0; depth < 100 && storeId.empty(); ++depth) {
+            if (parent.objectClass() == outlook::kNameSpace) break;
+            storeId = parent.text(outlook::StoreID);
+            if (storeId.empty()) parent = parent.object(outlook::Parent);
+        }
+        return storeId;
+    });
+    return result;
+}
+
+std::wstring cContact::Contact_MainPhoneNumber() {
+    if (mainPhoneNumber_.empty() && item_) SetPhoneValues();
+    return mainPhoneNumber_;
+}
+
+std::wstring cContact::Contact_MainHomeNumber() {
+    return cached(cached(mainHomeNumber_, outlook::HomeTelephoneNumber), outlook::Home2TelephoneNumber);
+}
+
+std::vector<std::wstring> cContact::addresses() const {
+    std::vector<std::wstring> result;
+    if (!mayReadAddresses()) {
+        if (employee_.exists()) result.push_back(employee_.column(L"EmailAddress"));
+        return result;
+    }
+    for (const Member& member : {outlook::Email1Address, outlook::Email2Address, outlook::Email3Address})
+        if (std::wstring address = read(member); !address.empty()) result.push_back(std::move(address));
+    return result;
+}
+
+std::wstring cContact::Contact_MainEmail() {
+    if (mainEmail_.empty())
+        if (const auto found = addresses(); !found.empty()) mainEmail_ = found.front();
+    return mainEmail_;
+}
+
+Com<Collection> cContact::Contact_Emails() {
+    if (emailList_ && emailList_->count() > 0) return emailList_;
+    emailList_ = makeObject<Collection>();
+    const std::wstring label = driver().texts.translate(L"#99999#");
+    for (const auto& address : addresses()) emailList_->add(listEntry(label, address));
+    return emailList_;
+}
+
+std::wstring cContact::Contact_PhotoURL() {
+    if (photoUrl_.empty() && item_) SetPhotoUrl();
+    return photoUrl_;
+}
+
+void cContact::SetPhotoUrl() noexcept {
+    try {
+        photoUrl_ = savePicture(item_, driver().paths.DataPath());
+    } catch (...) {
+        photoUrl_.clear();
+        driver().log.fault(L"Error (SetPhotoUrl): ", caughtFault());
+    }
+}
+
+void cContact::reloadItem() noexcept {
+    if (contactId_.empty()) return;
+    // Where Outlook does not give the item anew, the one at hand still serves.
+    Attempts().into(item_, [&] {
+        const Object session = driver().outlook.GetNameSpace();
+        return storeId_.empty() ? session.object(outlook::GetItemFromID, contactId_)
+                                : session.object(outlook::GetItemFromID, contactId_, storeId_);
+    });
+}
+
+std::wstring cContact::labelOf(const TelephoneProperty& property) {
+    if (property.labelColumn && employee_.exists() && Contact_CategorieId() == L"2")
+        if (std::wstring label = employee_.label(property.labelColumn); !label.empty()) return label;
+    return driver().texts.translate(property.labelKey);
+}
+
+Com<Collection> cContact::Contact_PhoneNumbers() {
+    if (phoneList_ && phoneList_->count() > 0) return phoneList_;
+    phoneList_ = makeObject<Collection>();
+    driver().log.trace(L"Contact.Contact_PhoneNumbers()");
+    reloadItem();
+    for (const auto& property : kTelephoneProperties)
+        if (const std::wstring number = read(property.member); !number.empty())
+            phoneList_->add(listEntry(labelOf(property), number));
+    return phoneList_;
+}
+
+void cContact::Contact_Show() const {
+    if (item_) item_.object(outlook::GetInspector).call(outlook::Display);
+}
+
+bool cContact::Contact_IsEqual(const Com<::Contact>& other) {
+    if (!other) throw runtimeFault(fault::kObjectNotSet);
+    Bstr otherId;
+    if (const HRESULT result = other->get_ContactId(otherId.put()); FAILED(result))
+        throw faultOf(result, L"client");
+    return otherId.text() == Contact_ContactId();
+}
+
+}  // namespace zelbar

@@ -1,0 +1,135 @@
+#include "automation/Bstr.h"
+#include "automation/Object.h"
+#include "automation/OutlookNames.h"
+#include "com/ConnectionPoint.h"
+#include "core/DriverState.h"
+#include "tests/fixture/DriverTest.h"
+
+namespace zelbar {
+
+namespace {
+
+class Members : public DriverTest {
+  protected:
+    /// The entry object as a script sees it.
+    Object late() {
+        return Object(gateway_, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
+    }
+
+    Gateway gateway_;
+};
+
+TEST_F(Members, TellAboutThePim) {
+    EXPECT_EQ(late().text(Member{L"Version"}), L"11.0.0.8010");
+    EXPECT_TRUE(late().boolean(Member{L"PIMInstalled"}));
+    EXPECT_EQ(late().integer(Member{L"PIMName"}), 4096);
+    const Object actions = late().object(Member{L"Actions"});
+    EXPECT_EQ(actions.integer(Member{L"Count"}), 5);
+    EXPECT_EQ(late().object(Member{L"Actions"}).target().get(), actions.target().get());
+}
+
+TEST_F(Members, AnswerNeutrallyWhenOutlookCannotBeReached) {
+    connector();
+    outlook.server().faults().failCreation(static_cast<HRESULT>(0x80080005));
+    EXPECT_EQ(late().text(Member{L"Version"}), L"");
+    EXPECT_TRUE(traced("Error (Get Version): Loss of connection with Outlook. in "));
+    EXPECT_FALSE(late().object(Member{L"GetContactItemByContactItemID"}, L"00"));
+    EXPECT_TRUE(late().object(Member{L"GetContactByContactID"}, L"00").boolean(Member{L"NotInPIM"}));
+    EXPECT_TRUE(late().object(Member{L"OpenContactRecord"}));
+    EXPECT_FALSE(late().boolean(Member{L"ShowFolder"}, L"contacts"));
+    EXPECT_FALSE(late().object(Member{L"GetActiveContact"}));
+    outlook.server().faults().clear();
+}
+
+TEST_F(Members, GiveAContactByItsIdentifier) {
+    auto& mailbox = outlook.mailbox();
+    const auto own = addContact({{L"FirstName", L"Ada"}, {L"LastName", L"Byron"}});
+    const auto archive = mailbox.addStore(L"Archive");
+    const auto people = mailbox.addFolder(archive.root, L"People", standin::outlook::ItemType::Contact);
+    const auto distant = mailbox.addContact(people.id, {{L"LastName", L"Hopper"}});
+    writeCache({});
+    addCacheStore(L"2", mailbox.storeId(archive.id));
+    const Member byId{L"GetContactByContactID"};
+    EXPECT_EQ(late().object(byId, mailbox.entryId(own)).text(Member{L"FullName"}), L"Byron, Ada");
+    EXPECT_EQ(late().object(byId, mailbox.entryId(distant)).text(Member{L"FullName"}), L"Hopper");
+    EXPECT_TRUE(traced("GetContactByContactID: Name=Hopper"));
+    mailbox.eraseItem(distant.id);
+    for (const std::wstring& id : {mailbox.entryId(distant), std::wstring(), std::wstring(40000, L'A')})
+        EXPECT_TRUE(late().object(byId, id).boolean(Member{L"NotInPIM"}));
+    EXPECT_TRUE(traced("GetContactByContactID: NOK"));
+
+    const Member itemById{L"GetContactItemByContactItemID"};
+    EXPECT_EQ(late().object(itemById, mailbox.entryId(own)).text(Member{L"FileAs"}), L"Byron, Ada");
+    EXPECT_FALSE(late().object(itemById, mailbox.entryId(distant)));
+}
+
+TEST_F(Members, CloseThePimAndGoOn) {
+    writeCache({addListed(L"Ada", L"Byron", L"1")});
+    findFirst(*openCursor().get(), 0, L"1");
+    EXPECT_GT(outlook.server().liveObjects(), 0);
+    EXPECT_EQ(connector().ClosePIM(), S_OK);
+    EXPECT_EQ(outlook.server().liveObjects(), 0);
+    EXPECT_FALSE(notInPim(findFirst(*openCursor().get(), 0, L"1").get()));
+}
+
+TEST_F(Members, KnowWhetherAFolderIsConfigured) {
+    auto& mailbox = outlook.mailbox();
+    const auto contacts = mailbox.specialFolder(standin::outlook::SpecialFolder::Contacts);
+    const auto configured = [&] {
+        const Variant answer = late().get(Member{L"ExecuteCommand"}, L"isFolderConfigured");
+        EXPECT_EQ(answer.type(), VT_BOOL);
+        return answer.boolean();
+    };
+    EXPECT_FALSE(configured());
+    writeCache({});
+    EXPECT_TRUE(configured());
+    const std::wstring key = std::wstring(kPopupKey) + L"\\zelbar00folder";
+    registry.set(HKEY_CURRENT_USER, key, L"entryId1", mailbox.entryId(contacts));
+    EXPECT_TRUE(configured());
+    registry.set(HKEY_CURRENT_USER, key, L"storeId1", mailbox.storeId(mailbox.defaultStore().id));
+    EXPECT_TRUE(configured());
+    EXPECT_TRUE(traced("isFolderConfigured() :True"));
+    registry.set(HKEY_CURRENT_USER, key, L"entryId1", L"0000");
+    EXPECT_FALSE(configured());
+    EXPECT_TRUE(traced("(Error)isFolderConfigured():"));
+    EXPECT_EQ(late().get(Member{L"ExecuteCommand"}, L"anything").type(), VT_EMPTY);
+}
+
+TEST_F(Members, ShowAFolder) {
+    const Member show{L"ShowFolder"};
+    for (const wchar_t* nothing : {L"", L"Contacts", L"inbox"}) EXPECT_FALSE(late().boolean(show, nothing));
+    EXPECT_TRUE(late().boolean(show, L"contacts"));
+    EXPECT_FALSE(late().boolean(show, L"journal"));
+    EXPECT_EQ(driver()
+                  .outlook.GetApp()
+                  .object(outlook::ActiveExplorer)
+                  .object(outlook::CurrentFolder)
+                  .text(outlook::Name),
+              L"Journal");
+}
+
+TEST_F(Members, CreateAContactAndFindItActive) {
+    EXPECT_FALSE(late().object(Member{L"GetActiveContact"}));
+    late().call(Member{L"CreateContact"}, L"Ada Byron", L"+44", true);
+    const Object active = late().object(Member{L"GetActiveContact"});
+    ASSERT_TRUE(active);
+    EXPECT_EQ(active.text(Member{L"LastName"}), L"Ada Byron");
+    EXPECT_EQ(active.text(Member{L"BusinessPhone"}), L"+44");
+    EXPECT_FALSE(active.text(Member{L"ContactId"}).empty());
+    outlook.server().faults().failMember(L"Save", {E_FAIL, L"No space."});
+    late().call(Member{L"CreateContact"}, L"Lost", L"1", false);
+    EXPECT_TRUE(traced("Error (CreateContact): No space. in "));
+    EXPECT_TRUE(traced("CreateContact() Name=Lost Number=1"));
+}
+
+TEST_F(Members, WriteCacheWritesNothing) {
+    writeCache({addListed(L"Ada", L"Byron", L"1")});
+    late().call(Member{L"WriteCache"});
+    late().call(Member{L"WriteCache"}, 1);
+    EXPECT_EQ(cacheRows(), 1);
+    EXPECT_TRUE(traced("############## REINITIALISER LE CACHE !!! ##############"));
+}
+
+}  // namespace
+
+}  // namespace zelbar

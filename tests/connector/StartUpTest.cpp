@@ -1,0 +1,145 @@
+#include <fstream>
+
+#include "automation/DaoNames.h"
+#include "core/DriverState.h"
+#include "tests/fixture/DriverTest.h"
+
+namespace zelbar {
+
+namespace {
+
+int sleeps = 0;
+
+class StartUp : public DriverTest {
+  protected:
+    StartUp() {
+        sleeps = 0;
+        driver().sleep = [](DWORD milliseconds) { sleeps += milliseconds == 200 ? 1 : 1000; };
+    }
+    /// Whatever the cache is like, the driver starts and an unknown number is an unknown caller.
+    void expectReadyWithoutCache(const char* reason) {
+        connector();
+        EXPECT_TRUE(traced(reason)) << reason;
+        EXPECT_TRUE(traced("Error(ReadPst): "));
+        EXPECT_TRUE(traced("* fin Driver initialization *"));
+        const auto cursor = openCursor();
+        EXPECT_TRUE(notInPim(findFirst(*cursor.get(), 0, L"1").get()));
+        Com<::PIMActions> actions;
+        EXPECT_EQ(connector().get_Actions(actions.put()), S_OK);
+        EXPECT_TRUE(actions);
+    }
+    std::wstring cacheFile() const { return folder.file(L"connec00.mdb"); }
+};
+
+TEST_F(StartUp, IsLoggedStepByStepAndLeavesOutlookAlone) {
+    writeCache({});
+    connector();
+    const auto lines = trace();
+    size_t at = 0;
+    for (const char* expected :
+         {"* Driver startup *", "* Driver initialization *", "Connecting to Outlook...",
+          "Connecting to Outlook...GetNameSpace", "---> Waiting end of addin init.", "Connecting to DAO...",
+          "Testing file existence (Connec00.mdb)...", "File exists: Connecting to database...",
+          "ReadPst() read in connect00.mdb TStoreID table", "  i=1", "Creating default ActionList...",
+          "Timer initialization", "* fin Driver initialization *"}) {
+        while (at < lines.size() && lines[at].find(expected) == std::string::npos) ++at;
+        EXPECT_LT(at, lines.size()) << expected << " is missing or out of order";
+    }
+    EXPECT_FALSE(traced("Error"));
+    EXPECT_EQ(sleeps, 0);
+    EXPECT_EQ(outlook.server().liveObjects(), 0);
+    finish();
+    EXPECT_TRUE(traced("Outlook deallocation..."));
+    EXPECT_EQ(dao.server().liveObjects(), 0);
+}
+
+TEST_F(StartUp, WaitsForTheAddInAtMostTwoHundredSteps) {
+    const struct {
+        const wchar_t* value;
+        int sleeps;
+    } cases[] = {{L"1", 200}, {L"0", 0}, {L"01", 0}, {L" 1", 0}, {L"", 0}};
+    for (const auto& c : cases) {
+        sleeps = 0;
+        registry.set(HKEY_CURRENT_USER, kPopupKey, L"SynchroInProgress", c.value);
+        connector();
+        finish();
+        EXPECT_EQ(sleeps, c.sleeps) << c.value;
+    }
+    static harness::RegistrySandbox* settings = &registry;
+    registry.set(HKEY_CURRENT_USER, kPopupKey, L"SynchroInProgress", L"1");
+    sleeps = 0;
+    driver().sleep = [](DWORD) {
+        if (++sleeps == 3) settings->set(HKEY_CURRENT_USER, kPopupKey, L"SynchroInProgress", L"0");
+    };
+    connector();
+    EXPECT_EQ(sleeps, 3);
+}
+
+TEST_F(StartUp, WithoutOutlookGoesOn) {
+    writeCache({});
+    outlook.server().faults().failCreation(REGDB_E_CLASSNOTREG);
+    connector();
+    EXPECT_TRUE(traced("Error(Class_Initialize - DataConnector): ActiveX component can't create object in "));
+    EXPECT_TRUE(traced("Init: Going on execution..."));
+    VARIANT_BOOL installed = VARIANT_FALSE;
+    connector().get_PIMInstalled(&installed);
+    EXPECT_EQ(installed, VARIANT_TRUE);
+    EXPECT_TRUE(traced("  i=1"));
+    outlook.server().faults().clear();
+}
+
+TEST_F(StartUp, WithoutDaoGoesOn) {
+    writeCache({});
+    dao.server().faults().failCreation(REGDB_E_CLASSNOTREG);
+    expectReadyWithoutCache("Error(Class_Initialize - DataConnector): Object variable or With block");
+    dao.server().faults().clear();
+}
+
+TEST_F(StartUp, WithoutACacheFile) {
+    expectReadyWithoutCache("File does not exist !!! (First launch ?)");
+    EXPECT_TRUE(driver().firstLaunch);
+}
+
+TEST_F(StartUp, WithAnEmptyCacheFile) {
+    harness::writeFile(cacheFile(), "");
+    expectReadyWithoutCache("Unrecognized database format");
+}
+
+TEST_F(StartUp, WithGarbageForACacheFile) {
+    harness::writeFile(cacheFile(), std::string(5000, 'x'));
+    expectReadyWithoutCache("Unrecognized database format");
+}
+
+// A file that cannot be opened for reading counts as missing.
+TEST_F(StartUp, WithACacheThatSomebodyHolds) {
+    writeCache({});
+    Gateway gateway;
+    const Object held = gateway.create(Server::Dao, dao::kEngineProgIds[0], dao::kEngine)
+                            .object(dao::OpenDatabase, cacheFile(), true);
+    expectReadyWithoutCache("File does not exist !!! (First launch ?)");
+    held.call(dao::Close);
+}
+
+TEST_F(StartUp, WithATablelessCache) {
+    {
+        Gateway gateway;
+        gateway.create(Server::Dao, dao::kEngineProgIds[0], dao::kEngine)
+            .object(dao::CreateDatabase, cacheFile(), L";LANGID=0x0409;CP=1252;COUNTRY=0")
+            .call(dao::Close);
+    }
+    expectReadyWithoutCache("cannot find the input table or query 'TStoreID'");
+}
+
+TEST_F(StartUp, WithACacheThatMayOnlyBeRead) {
+    writeCache({addListed(L"Ada", L"Byron", L"1")});
+    SetFileAttributesW(cacheFile().c_str(), FILE_ATTRIBUTE_READONLY);
+    connector();
+    EXPECT_TRUE(notInPim(findFirst(*openCursor().get(), 0, L"x").get()));
+    finish();
+    SetFileAttributesW(cacheFile().c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(cacheRows(), 1);
+}
+
+}  // namespace
+
+}  // namespace zelbar
