@@ -1,0 +1,93 @@
+#include "client/Automation.h"
+
+#include <new>
+
+#include "client/Failure.h"
+
+namespace pimcall {
+namespace {
+
+Value invokeGet(IDispatch& object, DISPID member, std::wstring_view name) {
+    Value result;
+    DISPPARAMS none{};
+    require(object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                          &none, result.put(), nullptr, nullptr),
+            name);
+    return result;
+}
+
+std::wstring hexadecimal(HRESULT result) {
+    constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
+    std::wstring text = L"0x";
+    for (int shift = 28; shift >= 0; shift -= 4)
+        text += kDigits[(static_cast<unsigned long>(result) >> shift) & 0xF];
+    return text;
+}
+
+}  // namespace
+
+Bstr::Bstr(std::wstring_view text) : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
+    if (!text_) throw std::bad_alloc();
+}
+
+Value::Value(Value&& other) noexcept : value_(other.value_) {
+    VariantInit(&other.value_);
+}
+
+Value Value::convertedTo(VARTYPE type) const {
+    Value result;
+    // VariantChangeType declares its source writable, but only reads it.
+    require(VariantChangeType(result.put(), const_cast<VARIANT*>(&value_), 0, type), L"reading a value");
+    return result;
+}
+
+std::wstring Value::text() const {
+    const Value converted = convertedTo(VT_BSTR);
+    const BSTR text = converted.value_.bstrVal;
+    return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
+}
+
+long Value::integer() const {
+    return convertedTo(VT_I4).value_.lVal;
+}
+
+bool Value::boolean() const {
+    return convertedTo(VT_BOOL).value_.boolVal != VARIANT_FALSE;
+}
+
+std::wstring describe(HRESULT result) {
+    wchar_t text[512] = {};
+    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                  static_cast<DWORD>(result), 0, text, ARRAYSIZE(text), nullptr);
+    while (length > 0 && (text[length - 1] <= L' ' || text[length - 1] == L'.')) --length;
+    const std::wstring code = hexadecimal(result);
+    return length == 0 ? code : std::wstring(text, length) + L" (" + code + L")";
+}
+
+void require(HRESULT result, std::wstring_view step) {
+    if (FAILED(result))
+        throw Failure(L"The driver failed in " + std::wstring(step) + L": " + describe(result) + L".");
+}
+
+std::vector<Value> elementsOf(IDispatch& collection) {
+    const auto enumerator = invokeGet(collection, DISPID_NEWENUM, L"_NewEnum").object<IEnumVARIANT>();
+    if (!enumerator) throw Failure(L"The driver handed out a collection that cannot be walked.");
+    std::vector<Value> elements;
+    for (;;) {
+        Value element;
+        ULONG fetched = 0;
+        const HRESULT result = enumerator->Next(1, element.put(), &fetched);
+        require(result, L"walking a collection");
+        if (result != S_OK || fetched == 0) return elements;
+        elements.push_back(std::move(element));
+    }
+}
+
+Value propertyOf(IDispatch& object, const wchar_t* name) {
+    auto* mutableName = const_cast<LPOLESTR>(name);
+    DISPID member = DISPID_UNKNOWN;
+    require(object.GetIDsOfNames(IID_NULL, &mutableName, 1, LOCALE_USER_DEFAULT, &member), name);
+    return invokeGet(object, member, name);
+}
+
+}  // namespace pimcall

@@ -1,0 +1,139 @@
+#include <PIMDriverAbstract.h>
+
+#include "com/ClassFactory.h"
+#include "connector/cDataConnector.h"
+#include "tests/client/ProgramRun.h"
+#include "tests/fixture/DriverTest.h"
+
+namespace pimcall {
+namespace {
+
+constexpr wchar_t kActions[] =
+    L"\nActions: Open the contact; Close the contact; Send an e-mail; Write a journal entry; "
+    L"Start a program\n";
+
+/// The program and the driver in one process, between an Outlook and a DAO that live there too.
+class CallTest : public zelbar::DriverTest {
+  protected:
+    CallTest() {
+        const auto factory = zelbar::makeClassFactory(
+            [] { return zelbar::Com<IUnknown>(zelbar::makeObject<zelbar::cDataConnector>()); });
+        EXPECT_EQ(S_OK, CoRegisterClassObject(CLSID_cDataConnector, factory.get(), CLSCTX_INPROC_SERVER,
+                                              REGCLS_MULTIPLEUSE, &registration_));
+    }
+    void TearDown() override {
+        CoRevokeClassObject(registration_);
+        DriverTest::TearDown();
+    }
+
+    ExitCode run(const std::vector<std::wstring>& words) {
+        const ProgramRun run(words, Driver::create);
+        EXPECT_EQ(L"", run.error);
+        out = run.out;
+        return run.exitCode;
+    }
+
+    std::wstring out;
+
+  private:
+    DWORD registration_ = 0;
+};
+
+TEST_F(CallTest, AKnownCaller) {
+    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"NoEmailAddressAccess", L"0");
+    const auto item = addContact({{L"FirstName", L"Zo\u00EB"},
+                                  {L"LastName", L"Lind"},
+                                  {L"CompanyName", L"Nord"},
+                                  {L"BusinessTelephoneNumber", L"+46 1"},
+                                  {L"MobileTelephoneNumber", L"+46 2"},
+                                  {L"Email1Address", L"zoe@example.org"}});
+    const std::wstring id = outlook.mailbox().entryId(item);
+    writeCache({{L"Lind Zo\u00EB", L"+46 2", id}});
+    const std::wstring contact =
+        L"Lind, Zo\u00EB\n"
+        L"  Company       Nord\n"
+        L"  Telephone     Business  +46 1\n"
+        L"                Mobile    +46 2\n"
+        L"  E-mail        zoe@example.org\n"
+        L"  In Outlook    yes\n";
+
+    EXPECT_EQ(ExitCode::Found, run({L"call", L"--from", L"+46 2"}));
+    EXPECT_EQ(L"Incoming call from +46 2\n\n" + contact + kActions, out);
+    EXPECT_EQ(ExitCode::Found, run({L"show", id}));
+    EXPECT_EQ(contact, out);
+    EXPECT_EQ(ExitCode::Found, run({L"show", id, L"--verbose"}));
+    EXPECT_TRUE(out.starts_with(contact + L"  Contact id    " + id + L"\n  Store id      "));
+}
+
+TEST_F(CallTest, AnUnknownCaller) {
+    writeCache({});
+    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--to", L"012\x1B"}));
+    EXPECT_EQ(std::wstring(L"Outgoing call to 012 \n\nUnknown caller\n") + kActions, out);
+    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"0\"1", L"--json"}));
+    EXPECT_TRUE(
+        out.starts_with(L"{\"direction\":\"incoming\",\"number\":\"0\\\"1\",\"known\":false,"
+                        L"\"matches\":0,\"noMatch\":true,\"contact\":{\"inPim\":false,"));
+    EXPECT_NE(std::wstring::npos,
+              out.find(L"\"actions\":[{\"id\":4097,\"name\":\"Open the contact\",\"passive\":true},{"));
+}
+
+TEST_F(CallTest, ACallerWhoseContactHasGoneIsNotAPlainMiss) {
+    writeCache({{L"Able", L"1", L"00FF"}});
+    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"1"}));
+    EXPECT_NE(std::wstring::npos, out.find(L"The search did find something, or could not be carried out"));
+}
+
+TEST_F(CallTest, FindsOneOrAll) {
+    writeCache({addListed(L"Bo", L"Baker", L"21"), addListed(L"Cy", L"Carr", L"22")});
+    const std::wstring baker = L"Baker, Bo\n  Telephone     Business  21\n  In Outlook    yes\n";
+    const std::wstring carr = L"Carr, Cy\n  Telephone     Business  22\n  In Outlook    yes\n";
+
+    EXPECT_EQ(ExitCode::Found, run({L"call", L"--from", L"2*"}));
+    EXPECT_EQ(L"Incoming call from 2*\n\n" + baker + L"\n2 entries of the cache match; this is the first.\n" +
+                  kActions,
+              out);
+    EXPECT_EQ(ExitCode::Found, run({L"find", L"--name", L"c*"}));
+    EXPECT_EQ(carr, out);
+    EXPECT_EQ(ExitCode::Found, run({L"find", L"--number", L"2*", L"--all"}));
+    EXPECT_EQ(baker + L"\n" + carr + L"\n2 contacts\n", out);
+    EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--number", L"3", L"--all"}));
+    EXPECT_EQ(L"No contact matches.\n", out);
+
+    EXPECT_EQ(ExitCode::Found, run({L"find", L"--number=2*", L"--json"}));
+    const std::wstring first = out.substr(0, out.size() - 1);
+    EXPECT_EQ(ExitCode::Found, run({L"find", L"--number=2*", L"--json", L"--all"}));
+    EXPECT_TRUE(out.starts_with(L"[" + first + L",{\"inPim\":true,\"fullName\":\"Carr, Cy\","));
+    EXPECT_TRUE(out.ends_with(L"}]\n"));
+}
+
+TEST_F(CallTest, ListsWhatStandsBehindAStaleEntry) {
+    writeCache({{L"Able", L"1", L"00FF"}, addListed(L"Bo", L"Baker", L"2")});
+    EXPECT_EQ(ExitCode::Found, run({L"find", L"--name", L"*", L"--all"}));
+    EXPECT_TRUE(out.starts_with(L"Baker, Bo\n")) << out.c_str();
+    EXPECT_TRUE(out.ends_with(L"\n1 contact\n"));
+    EXPECT_EQ(1, cacheRows());
+}
+
+TEST_F(CallTest, TakesAnyText) {
+    writeCache({addListed(L"Bo", L"Baker", L"2")});
+    for (const std::wstring& text : {std::wstring(40000, L'5'), std::wstring(L"\"'|[#?]"),
+                                     std::wstring(L"\xD83D"), std::wstring(L" ")}) {
+        EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--name", text, L"--json"}));
+        EXPECT_EQ(L"null\n", out);
+        EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--number", text, L"--json", L"--all"}));
+        EXPECT_EQ(L"[]\n", out);
+        EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", text}));
+        EXPECT_EQ(ExitCode::NotFound, run({L"show", text}));
+        EXPECT_EQ(L"No contact has this identifier.\n", out);
+    }
+    EXPECT_EQ(1, cacheRows());
+}
+
+TEST_F(CallTest, TellsTheVersionOfOutlook) {
+    EXPECT_EQ(ExitCode::Found, run({L"--version"}));
+    EXPECT_TRUE(out.starts_with(L"pimcall "));
+    EXPECT_NE(std::wstring::npos, out.find(L"\nDriver: installed, with Outlook 11.")) << out.c_str();
+}
+
+}  // namespace
+}  // namespace pimcall

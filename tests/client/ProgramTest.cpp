@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "com/DataConnectorBorder.h"
+#include "tests/client/ProgramRun.h"
+
+namespace pimcall {
+namespace {
+
+using zelbar::Com;
+using zelbar::Variant;
+
+/// A driver that has nothing to hand out.
+class EmptyDriver final : public zelbar::DataConnectorBorder<EmptyDriver> {
+  public:
+    EmptyDriver(bool installed, std::wstring version) : installed_(installed), version_(std::move(version)) {}
+
+    STDMETHODIMP GetContactByContactID(BSTR, Contact**) noexcept override { return E_FAIL; }
+
+    bool DataConnector_ShowFolder(const std::wstring&) { return false; }
+    Com<IDispatch> DataConnector_GetContactItemByContactItemID(const std::wstring&) { return {}; }
+    void DataConnector_InitializeExportFolder(const std::wstring&, const std::wstring&) {}
+    void DataConnector_SynchronizeExportFolder() {}
+    std::wstring DataConnector_Version() { return version_; }
+    bool DataConnector_PIMInstalled() { return installed_; }
+    long DataConnector_PIMName() { return 0; }
+    Com<PIMActions> DataConnector_Actions() { return {}; }
+    Com<Contact> DataConnector_GetActiveContact() { return {}; }
+    Com<ContactRecord> DataConnector_OpenContactRecord() { return {}; }
+    void DataConnector_ClosePIM() {}
+    void DataConnector_ConfigPIM() {}
+    void DataConnector_WriteCache() {}
+    void DataConnector_CreateContact(const std::wstring&, const std::wstring&, bool) {}
+    Com<Contact> DataConnector_GetContactByContactID(const std::wstring&) { return {}; }
+    Variant DataConnector_ExecuteCommand(const std::wstring&) { return {}; }
+
+  private:
+    bool installed_;
+    std::wstring version_;
+};
+
+std::function<Driver()> emptyDriver(bool installed, const std::wstring& version = L"") {
+    return [=] { return Driver(zelbar::makeObject<EmptyDriver>(installed, version).get()); };
+}
+
+Driver noDriver() {
+    throw Failure(creationAdvice(REGDB_E_CLASSNOTREG));
+}
+
+TEST(Program, WrongCommandLinesNeverReachTheDriver) {
+    const std::vector<std::wstring> cases[] = {
+        {},
+        {L""},
+        {L"Call", L"--from", L"1"},
+        {L"call"},
+        {L"call", L"1"},
+        {L"call", L"--from", L""},
+        {L"call", L"--from", L"1", L"--to", L"1"},
+        {L"call", L"--from", L"1", L"more"},
+        {L"call", L"--all", L"--from", L"1"},
+        {L"find", L"--all"},
+        {L"find", L"--number", L"1", L"--name", L"1"},
+        {L"show"},
+        {L"show", L""},
+        {L"show", L"a", L"b"},
+        {L"--json"},
+    };
+    for (const auto& words : cases) {
+        const ProgramRun run(words, noDriver);
+        EXPECT_EQ(ExitCode::Usage, run.exitCode) << testing::PrintToString(words);
+        EXPECT_EQ(L"", run.out);
+        EXPECT_TRUE(run.error.starts_with(L"pimcall: ")) << run.error.c_str();
+        EXPECT_TRUE(run.error.ends_with(L".\n\"pimcall --help\" shows what there is.\n"));
+    }
+}
+
+TEST(Program, FailuresAreOneSentence) {
+    const struct {
+        std::vector<std::wstring> words;
+        std::function<Driver()> driver;
+        const wchar_t* part;
+    } cases[] = {
+        {{L"call", L"--from=1"}, noDriver, L"regsvr32 zelbar00.dll"},
+        {{L"call", L"--from=1"}, emptyDriver(false), L"found no Outlook"},
+        {{L"call", L"--from=1"}, emptyDriver(true), L"no search"},
+        {{L"find", L"--name=1", L"--all", L"--json"}, emptyDriver(true), L"no search"},
+        {{L"show", L"1", L"--json"}, emptyDriver(true), L"GetContactByContactID: "},
+    };
+    for (const auto& row : cases) {
+        const ProgramRun run(row.words, row.driver);
+        EXPECT_EQ(ExitCode::Failed, run.exitCode);
+        EXPECT_EQ(L"", run.out);
+        EXPECT_NE(std::wstring::npos, run.error.find(row.part)) << run.error.c_str();
+        EXPECT_EQ(1, std::count(run.error.begin(), run.error.end(), L'\n'));
+    }
+}
+
+TEST(Program, TellsVersionsWhateverTheDriverSays) {
+    const struct {
+        std::function<Driver()> driver;
+        const wchar_t* part;
+    } cases[] = {
+        {emptyDriver(true, L"0"), L"\nDriver: installed, but it found no Outlook\n"},
+        {emptyDriver(true, L""), L"\nDriver: does not answer"},
+        {noDriver, L"\nDriver: The Outlook contacts driver is not registered"},
+    };
+    for (const auto& row : cases) {
+        const ProgramRun run({L"--version"}, row.driver);
+        EXPECT_EQ(ExitCode::Found, run.exitCode);
+        EXPECT_NE(std::wstring::npos, run.out.find(row.part)) << run.out.c_str();
+    }
+}
+
+TEST(Program, TheHelpNamesEveryCommand) {
+    const ProgramRun run({L"--help"}, noDriver);
+    EXPECT_EQ(ExitCode::Found, run.exitCode);
+    for (const wchar_t* command : {L"  pimcall call ", L"  pimcall find ", L"  pimcall show "})
+        EXPECT_NE(std::wstring::npos, run.out.find(command));
+    EXPECT_EQ(run.out, ProgramRun({L"call", L"--help"}, noDriver).out);
+}
+
+TEST(Program, AdvisesWhenTheDriverCannotBeCreated) {
+    const auto advice = creationAdvice(HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND));
+    EXPECT_NE(std::wstring::npos, advice.find(L"zelbar00.dll is not"));
+    EXPECT_NE(std::wstring::npos, creationAdvice(E_OUTOFMEMORY).find(L"0x8007000E"));
+}
+
+}  // namespace
+}  // namespace pimcall

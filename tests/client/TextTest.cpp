@@ -1,0 +1,75 @@
+#include "client/Text.h"
+
+#include <gtest/gtest.h>
+
+#include "client/ContactText.h"
+#include "tests/client/SampleContact.h"
+
+namespace pimcall {
+namespace {
+
+TEST(Text, BecomesBytesEvenWhenItIsBroken) {
+    EXPECT_EQ("", utf8(L""));
+    EXPECT_EQ("a\xC3\xA9\xF0\x9F\x98\x80", utf8(L"a\u00E9\U0001F600"));
+    EXPECT_EQ("\xEF\xBF\xBDx\xEF\xBF\xBD", utf8(L"\xDE00x\xD83D"));
+    EXPECT_EQ(std::string("a\0b", 3), utf8(std::wstring(L"a\0b", 3)));
+    EXPECT_EQ(80000u, utf8(std::wstring(40000, L'\u00E9')).size());
+}
+
+TEST(ContactText, ShowsWhatIsThereAndNothingElse) {
+    EXPECT_EQ(
+        L"Lee, Ann\n"
+        L"  Company       Holm & S\u00F8n\n"
+        L"  Department    Sales\n"
+        L"  Telephone     Business  +45 33 1\n"
+        L"                Home      +45 44 2\n"
+        L"  E-mail        ann@example.org\n"
+        L"                lee@example.org\n"
+        L"  Photo         C:\\data\\pimcontact_1.jpg\n"
+        L"  In Outlook    yes\n",
+        contactText(sampleContact(), false));
+
+    ContactCard unknown;
+    unknown.mainNumber = L"0123";
+    EXPECT_EQ(L"0123\n  Telephone     0123\n  In Outlook    no\n", contactText(unknown, true));
+    EXPECT_EQ(L"(no name)\n  In Outlook    no\n", contactText({}, false));
+}
+
+TEST(ContactText, KeepsIdentifiersForVerbose) {
+    const std::wstring text = contactText(sampleContact(), true);
+    EXPECT_TRUE(
+        text.ends_with(L"  In Outlook    yes\n"
+                       L"  Contact id    00AB\n"
+                       L"  Store id      00CD\n"
+                       L"  Employee id   7\n"));
+}
+
+TEST(ContactText, LetsNoNameSteerTheScreen) {
+    ContactCard card;
+    card.firstName = L"A\x1B[2J";
+    card.lastName = L"B\r\n\x9D";
+    card.department = L"x\ty";
+    EXPECT_EQ(L"A [2J B   \n  Department    x y\n  In Outlook    no\n", contactText(card, false));
+}
+
+TEST(ContactCard, TakesEntriesApart) {
+    const struct {
+        const wchar_t* entry;
+        const wchar_t* label;
+        const wchar_t* value;
+    } cases[] = {
+        {L"Mobile: \t+33 6", L"Mobile", L"+33 6"},
+        {L"TTY/TDD: x: \t1: \t2", L"TTY/TDD: x", L"1: \t2"},
+        {L": \t1", L"", L"1"},
+        {L"Mobile: ", L"", L"Mobile: "},
+        {L"", L"", L""},
+    };
+    for (const auto& row : cases) {
+        const LabelledValue split = splitEntry(row.entry);
+        EXPECT_EQ(row.label, split.label);
+        EXPECT_EQ(row.value, split.value);
+    }
+}
+
+}  // namespace
+}  // namespace pimcall
