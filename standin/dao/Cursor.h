@@ -1,0 +1,83 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "standin/dao/JetFile.h"
+
+namespace standin::dao {
+
+/// The numbers are those of OpenRecordset's Type.
+enum class CursorKind : short { table = 1, dynaset = 2, snapshot = 4, forwardOnly = 8 };
+
+/// The rows of a query and a place among them, with the rules by which a DAO Recordset moves, counts and
+/// changes. The rows that belong are settled at the start; what stands in one is read when the cursor lands
+/// on it. Throws DaoError.
+class Cursor {
+  public:
+    Cursor(JetFile& file, SelectPlan plan, CursorKind kind, bool readOnly);
+
+    const std::vector<ResultField>& fields() const { return plan_.fields; }
+    CursorKind kind() const { return kind_; }
+    bool isUpdatable() const;
+
+    bool isBeforeFirst() const { return before_; }
+    bool isAfterLast() const { return after_; }
+    /// Rows visited so far, less those found deleted.
+    long count() const { return count_; }
+
+    void moveFirst();
+    void moveLast();
+    void moveNext();
+    void movePrevious();
+
+    /// What a field holds: of the row being edited or added, else of the current one.
+    const Cell& value(std::size_t field);
+    void setValue(std::size_t field, Cell value);
+
+    void remove();
+    void addNew();
+    void edit();
+    void update();
+    void cancelUpdate();
+
+  private:
+    enum class RowState : char { there, goneByOthers, removed };
+    enum class Pending { none, adding, editing };
+
+    std::size_t rowCount() const { return states_.size(); }
+    void loadRows();
+    void loadKeys();
+    /// Goes to the nearest row from `index` on in that direction that was not removed, or off the end.
+    void settle(std::ptrdiff_t index, int direction);
+    void land();
+    void readRow();
+    void noteVisited();
+    void checkCurrent();
+    void checkUpdatable() const;
+    void insertRow();
+    void updateRow();
+
+    JetFile& file_;
+    SelectPlan plan_;
+    CursorKind kind_;
+    bool readOnly_;
+    std::vector<std::int64_t> keys_;       // as many for each row as there are tables
+    std::vector<std::vector<Cell>> rows_;  // of a snapshot
+    std::vector<RowState> states_;
+    std::size_t live_ = 0;        // rows not removed
+    std::size_t firstAdded_ = 0;  // rows from here on were added through this cursor
+    std::optional<Statement> rowStatement_;
+    std::optional<Statement> insertStatement_;
+
+    std::size_t at_ = 0;
+    bool before_ = true;
+    bool after_ = true;
+    long count_ = 0;
+    std::size_t visited_ = 0;  // rows before this one have been visited
+    std::vector<Cell> current_;
+    Pending pending_ = Pending::none;
+    std::vector<Cell> buffer_;
+};
+
+}  // namespace standin::dao

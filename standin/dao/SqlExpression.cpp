@@ -1,0 +1,305 @@
+#include "standin/dao/SqlExpression.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cwchar>
+
+#include "standin/dao/DaoError.h"
+#include "standin/dao/Like.h"
+#include "standin/dao/Text.h"
+
+namespace standin::dao {
+namespace {
+
+constexpr const wchar_t* kMissingOperator = L"Syntax error (missing operator)";
+constexpr const wchar_t* kSyntaxError = L"Syntax error";
+constexpr int kGreatestDepth = 100;
+
+Yield yieldOf(JetType type) {
+    if (isText(type)) return Yield::text;
+    return type == JetType::date ? Yield::date : Yield::number;
+}
+
+double parseDate(std::wstring text, bool& valid) {
+    DATE date = 0;
+    valid = SUCCEEDED(VarDateFromStr(text.data(), MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), 0, &date));
+    return date;
+}
+
+std::wstring negate(const std::wstring& condition, bool negated) {
+    return negated ? L"(NOT " + condition + L")" : condition;
+}
+
+}  // namespace
+
+Expression ExpressionTranslator::translate() {
+    begin_ = reader_.position();
+    Expression whole = disjunction();
+    const Token& rest = reader_.peek();
+    // What follows an expression is a keyword, a comma, a parenthesis or the end; anything else lacks an
+    // operator.
+    const bool isValue = rest.kind == TokenKind::number || rest.kind == TokenKind::text ||
+                         rest.kind == TokenKind::bracketed || rest.kind == TokenKind::date ||
+                         rest.kind == TokenKind::broken ||
+                         (rest.kind == TokenKind::word && !isReserved(rest.text));
+    if (isValue) fail(kMissingOperator);
+    return whole;
+}
+
+std::wstring ExpressionTranslator::condition() {
+    const Expression whole = translate();
+    if (reader_.isSymbol(L")")) fail(L"Extra )");
+    return whole.sql;
+}
+
+void ExpressionTranslator::fail(const std::wstring& message) const {
+    reader_.raiseInExpression(message, begin_);
+}
+
+Expression ExpressionTranslator::disjunction() {
+    Expression left = conjunction();
+    while (reader_.acceptWord(L"OR")) {
+        left = {L"(" + left.sql + L" OR " + conjunction().sql + L")", Yield::number};
+    }
+    return left;
+}
+
+Expression ExpressionTranslator::conjunction() {
+    Expression left = negation();
+    while (reader_.acceptWord(L"AND")) {
+        left = {L"(" + left.sql + L" AND " + negation().sql + L")", Yield::number};
+    }
+    return left;
+}
+
+Expression ExpressionTranslator::negation() {
+    if (++depth_ > kGreatestDepth) fail(L"Expression too complex");
+    Expression result = reader_.acceptWord(L"NOT")
+                            ? Expression{L"(NOT " + negation().sql + L")", Yield::number}
+                            : comparison();
+    --depth_;
+    return result;
+}
+
+Expression ExpressionTranslator::comparison() {
+    Expression left = sum();
+    for (;;) {
+        const bool negated =
+            reader_.isWord(L"NOT") &&
+            (reader_.isWord(L"LIKE", 1) || reader_.isWord(L"BETWEEN", 1) || reader_.isWord(L"IN", 1));
+        if (negated) reader_.next();
+        static constexpr std::array kOperators{L"=", L"<>", L"<=", L">=", L"<", L">"};
+        const auto isNext = [this](const wchar_t* symbol) { return reader_.isSymbol(symbol); };
+        if (reader_.acceptWord(L"LIKE")) {
+            left = like(left, negated);
+        } else if (reader_.acceptWord(L"BETWEEN")) {
+            left = between(left, negated);
+        } else if (reader_.acceptWord(L"IN")) {
+            left = list(left, negated);
+        } else if (reader_.acceptWord(L"IS")) {
+            left = nullTest(left);
+        } else if (std::any_of(kOperators.begin(), kOperators.end(), isNext)) {
+            const std::wstring symbol = reader_.next().text;
+            const Expression right = sum();
+            checkComparable(left, right);
+            left = {L"(" + left.sql + L" " + symbol + L" " + right.sql + L")", Yield::number};
+        } else {
+            return left;
+        }
+    }
+}
+
+Expression ExpressionTranslator::like(const Expression& left, bool negated) {
+    const Token pattern = reader_.peek();
+    const bool isLiteral = pattern.kind == TokenKind::text && !reader_.isSymbol(L"&", 1);
+    const Expression right = sum();
+    const std::wstring match = L"jet_like(" + right.sql + L", " + left.sql + L")";
+    if (!isLiteral) return {negate(match, negated), Yield::number};
+
+    bool readable = true;
+    std::wstring prefix;
+    bool exact = false;
+    try {
+        const LikePattern compiled(pattern.text);
+        prefix = compiled.prefix();
+        exact = compiled.isExact();
+    } catch (const DaoError& error) {
+        readable = false;
+        prefix = error.text;
+    }
+    if (!readable) fail(prefix);
+    const bool canUseIndex = left.column && isText(left.column->type) && (exact || !prefix.empty());
+    if (!canUseIndex) return {negate(match, negated), Yield::number};
+
+    const std::wstring key = left.sql + L" COLLATE JET_PREFIX";
+    std::wstring condition;
+    if (exact) {
+        condition = L"(" + key + L" = " + reader_.bind(prefix) + L")";
+    } else {
+        condition = L"(" + key + L" >= " + reader_.bind(prefix);
+        const std::wstring end = endOfPrefix(prefix);
+        if (!end.empty()) condition += L" AND " + key + L" < " + reader_.bind(end);
+        condition += L" AND " + match + L")";
+    }
+    return {negate(condition, negated), Yield::number};
+}
+
+Expression ExpressionTranslator::between(const Expression& left, bool negated) {
+    const Expression low = sum();
+    if (!reader_.acceptWord(L"AND")) fail(L"Between operator without And");
+    const Expression high = sum();
+    checkComparable(left, low);
+    checkComparable(left, high);
+    return {negate(L"(" + left.sql + L" BETWEEN " + low.sql + L" AND " + high.sql + L")", negated),
+            Yield::number};
+}
+
+Expression ExpressionTranslator::list(const Expression& left, bool negated) {
+    if (!reader_.acceptSymbol(L"(")) fail(L"In operator without ()");
+    std::wstring members;
+    do {
+        const Expression member = sum();
+        checkComparable(left, member);
+        members += (members.empty() ? L"" : L", ") + member.sql;
+    } while (reader_.acceptSymbol(L","));
+    if (!reader_.acceptSymbol(L")")) fail(kMissingOperator);
+    return {negate(L"(" + left.sql + L" IN (" + members + L"))", negated), Yield::number};
+}
+
+Expression ExpressionTranslator::nullTest(const Expression& left) {
+    const bool negated = reader_.acceptWord(L"NOT");
+    if (!reader_.acceptWord(L"NULL")) fail(L"Invalid use of Is operator");
+    return {L"(" + left.sql + (negated ? L" IS NOT NULL)" : L" IS NULL)"), Yield::number};
+}
+
+Expression ExpressionTranslator::sum() {
+    Expression left = product();
+    for (;;) {
+        if (reader_.acceptSymbol(L"&")) {
+            // Unlike +, & takes Null for an empty text.
+            left = {L"(ifnull(" + left.sql + L", '') || ifnull(" + product().sql + L", ''))", Yield::text};
+        } else if (reader_.isSymbol(L"+") || reader_.isSymbol(L"-")) {
+            const std::wstring symbol = reader_.next().text;
+            const Expression right = product();
+            const bool joinsTexts =
+                symbol == L"+" && (left.yield == Yield::text || right.yield == Yield::text);
+            left = {L"(" + left.sql + (joinsTexts ? L" || " : L" " + symbol + L" ") + right.sql + L")",
+                    joinsTexts ? Yield::text : Yield::number};
+        } else {
+            return left;
+        }
+    }
+}
+
+Expression ExpressionTranslator::product() {
+    Expression left = sign();
+    while (reader_.isSymbol(L"*") || reader_.isSymbol(L"/")) {
+        const bool divides = reader_.next().text == L"/";
+        // Division of whole numbers yields fractions in Jet.
+        left = {L"(" + left.sql + (divides ? L" * 1.0 / " : L" * ") + sign().sql + L")", Yield::number};
+    }
+    return left;
+}
+
+Expression ExpressionTranslator::sign() {
+    if (reader_.acceptSymbol(L"-")) return {L"(- " + primary().sql + L")", Yield::number};
+    reader_.acceptSymbol(L"+");
+    return primary();
+}
+
+Expression ExpressionTranslator::primary() {
+    if (reader_.acceptSymbol(L"(")) {
+        const Expression inner = disjunction();
+        if (!reader_.acceptSymbol(L")")) fail(kMissingOperator);
+        return {L"(" + inner.sql + L")", inner.yield};
+    }
+    const Token& token = reader_.peek();
+    const bool isName =
+        token.kind == TokenKind::bracketed || (token.kind == TokenKind::word && !isReserved(token.text));
+    if (!isName) return literal();
+    return reader_.isSymbol(L"(", 1) ? aggregate() : column();
+}
+
+Expression ExpressionTranslator::literal() {
+    const Token token = reader_.peek();
+    const auto isWord = [&](const wchar_t* word) {
+        return token.kind == TokenKind::word && sameText(token.text, word);
+    };
+    if (token.kind == TokenKind::number) {
+        reader_.next();
+        const double number = std::wcstod(token.text.c_str(), nullptr);
+        const bool whole = token.text.find_first_of(L".eE") == std::wstring::npos && number < 9e15;
+        return {reader_.bind(whole ? Cell(static_cast<std::int64_t>(number)) : Cell(number)), Yield::number};
+    }
+    if (token.kind == TokenKind::text) {
+        // Jet looks for names between vertical bars even inside a literal.
+        const auto bars = std::count(token.text.begin(), token.text.end(), L'|');
+        if (bars % 2 != 0) fail(L"Invalid use of vertical bars");
+        for (auto bar = bars; bar > 0; bar -= 2) reader_.addUnknown(token.text + std::to_wstring(bar));
+        reader_.next();
+        return {reader_.bind(token.text), Yield::text};
+    }
+    if (token.kind == TokenKind::date) {
+        bool valid = false;
+        const double date = parseDate(token.text, valid);
+        if (!valid) fail(L"Syntax error in date");
+        reader_.next();
+        return {reader_.bind(date), Yield::date};
+    }
+    if (isWord(L"NULL") || isWord(L"TRUE") || isWord(L"FALSE")) {
+        reader_.next();
+        if (isWord(L"NULL")) return {L"NULL", Yield::any};
+        return {isWord(L"TRUE") ? L"-1" : L"0", Yield::number};
+    }
+    fail(token.kind == TokenKind::end || token.kind == TokenKind::word ? kMissingOperator : kSyntaxError);
+}
+
+Expression ExpressionTranslator::aggregate() {
+    static constexpr std::array kFunctions{L"COUNT", L"MIN", L"MAX", L"SUM", L"AVG"};
+    const std::wstring name = reader_.next().text;
+    const bool known = std::any_of(kFunctions.begin(), kFunctions.end(),
+                                   [&](const wchar_t* function) { return sameText(function, name); });
+    if (!known) raise(3085, name);
+    reader_.next();
+    const bool counts = sameText(name, L"COUNT");
+    const Expression inner =
+        counts && reader_.acceptSymbol(L"*") ? Expression{L"*", Yield::number} : disjunction();
+    if (!reader_.acceptSymbol(L")")) fail(kMissingOperator);
+    return {foldCase(name) + L"(" + inner.sql + L")", counts ? Yield::number : inner.yield};
+}
+
+Expression ExpressionTranslator::column() {
+    const std::wstring first = reader_.next().text;
+    const bool qualified = reader_.isSymbol(L".") || reader_.isSymbol(L"!");
+    if (!qualified) return find({}, first);
+    reader_.next();
+    const Token second = reader_.next();
+    if (second.kind != TokenKind::word && second.kind != TokenKind::bracketed) fail(kSyntaxError);
+    return find(first, second.text);
+}
+
+Expression ExpressionTranslator::find(const std::wstring& table, const std::wstring& name) {
+    Expression found;
+    for (const Source& source : sources_) {
+        if (!table.empty() && !sameText(source.alias, table)) continue;
+        const int position = source.table->find(name);
+        if (position < 0) continue;
+        if (found.column) raise(3079, name);
+        found.column = &source.table->columns[static_cast<std::size_t>(position)];
+        found.source = &source;
+        found.sql = quoted(source.alias) + L"." + quoted(found.column->name);
+        found.yield = yieldOf(found.column->type);
+    }
+    if (found.column) return found;
+    reader_.addUnknown(table.empty() ? name : table + L"." + name);
+    return {L"NULL", Yield::any};
+}
+
+void ExpressionTranslator::checkComparable(const Expression& left, const Expression& right) const {
+    const bool oneIsText = (left.yield == Yield::text) != (right.yield == Yield::text);
+    if (oneIsText && left.yield != Yield::any && right.yield != Yield::any) raise(3464);
+}
+
+}  // namespace standin::dao
