@@ -1,0 +1,23 @@
+#pragma once
+
+#include <windows.h>
+
+#include <objidl.h>
+
+#include "automation/Com.h"
+
+namespace filler {
+
+/// While it lives, calls that Outlook turns away because it is busy are tried again for some seconds.
+class BusyRetry {
+  public:
+    BusyRetry();
+    ~BusyRetry();
+    BusyRetry(const BusyRetry&) = delete;
+    BusyRetry& operator=(const BusyRetry&) = delete;
+
+  private:
+    zelbar::Com<IMessageFilter> previous_;
+};
+
+}  // namespace filler

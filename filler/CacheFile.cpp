@@ -1,0 +1,93 @@
+#include "filler/CacheFile.h"
+
+#include <windows.h>
+
+#include "automation/Attempts.h"
+#include "automation/DaoNames.h"
+#include "automation/Fault.h"
+#include "filler/Failure.h"
+#include "support/mLogError.h"
+
+namespace filler {
+namespace {
+
+namespace dao = zelbar::dao;
+using zelbar::Object;
+
+/// The sort order that serves the western languages.
+constexpr wchar_t kGeneralOrder[] = L";LANGID=0x0409;CP=1252;COUNTRY=0";
+
+/// The engine stops a transaction at 9500 page locks unless told otherwise: too few for a large address book.
+constexpr long kMostLocks = 1000000;
+
+bool fileExists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+/// Lies beside the cache, and keeps the ending that the engine would add of itself.
+std::wstring unfinishedPath(const std::wstring& path) {
+    return path.substr(0, path.find_last_of(L'.')) + L"_new.mdb";
+}
+
+Object createEngine(zelbar::Gateway& gateway) {
+    zelbar::Attempts attempt;
+    Object engine;
+    for (const wchar_t* progId : dao::kEngineProgIds) {
+        const auto create = [&] { return gateway.create(zelbar::Server::Dao, progId, dao::kEngine); };
+        if (attempt.into(engine, create)) return engine;
+    }
+    throw Failure{L"No DAO engine can be used to write the cache: " + attempt.last().description};
+}
+
+}  // namespace
+
+CacheFile::CacheFile(zelbar::Gateway& gateway, const std::wstring& path)
+    : path_(path), isNew_(!fileExists(path)) {
+    const Object engine = createEngine(gateway);
+    // An engine without the setting still serves all but very large address books.
+    zelbar::Attempts()([&] { engine.call(dao::SetOption, dao::kMaxLocksPerFile, kMostLocks); });
+    workspace_ = engine.object(dao::CreateWorkspace, L"", L"admin", L"", dao::kUseJet);
+    if (!isNew_) {
+        database_ = workspace_.object(dao::OpenDatabase, path_);
+        return;
+    }
+    const std::wstring unfinished = unfinishedPath(path_);
+    DeleteFileW(unfinished.c_str());  // what an interrupted first run has left
+    database_ = workspace_.object(dao::CreateDatabase, unfinished, kGeneralOrder);
+}
+
+CacheFile::~CacheFile() {
+    close();
+    if (isNew_ && !isFinished_) DeleteFileW(unfinishedPath(path_).c_str());
+}
+
+void CacheFile::finish() {
+    close();
+    if (isNew_ && !MoveFileW(unfinishedPath(path_).c_str(), path_.c_str()))
+        throw Failure{L"The new cache cannot be put in its place: " +
+                      zelbar::GetSystemErrorText(GetLastError())};
+    isFinished_ = true;
+}
+
+void CacheFile::close() noexcept {
+    zelbar::Attempts attempt;
+    if (database_) attempt([&] { database_.call(dao::Close); });
+    database_ = {};
+    if (workspace_) attempt([&] { workspace_.call(dao::Close); });
+    workspace_ = {};
+}
+
+Transaction::Transaction(const Object& workspace) : workspace_(workspace) {
+    workspace_.call(dao::BeginTrans);
+}
+
+Transaction::~Transaction() {
+    if (open_) zelbar::Attempts()([&] { workspace_.call(dao::Rollback); });
+}
+
+void Transaction::commit() {
+    workspace_.call(dao::CommitTrans);
+    open_ = false;
+}
+
+}  // namespace filler

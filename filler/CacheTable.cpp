@@ -1,0 +1,99 @@
+#include "filler/CacheTable.h"
+
+#include "automation/Attempts.h"
+#include "automation/DaoNames.h"
+#include "automation/Fault.h"
+
+namespace filler {
+namespace {
+
+namespace dao = zelbar::dao;
+using zelbar::Fault;
+using zelbar::Object;
+
+constexpr long kNoCurrentRecord = 3021;
+constexpr long kUnknownTable = 3078;
+constexpr long kRecordDeleted = 3167;
+
+}  // namespace
+
+// Identifiers have no promised length, so their columns are memos; nothing searches by them.
+const TableLayout& storeLayout() {
+    static const TableLayout layout{
+        L"TStoreID",
+        {L"Index", L"StoreID"},
+        {L"Create Table TStoreID ([Index] Text(50), StoreID Memo)",
+         L"Create Index [Index] On TStoreID ([Index])"},
+    };
+    return layout;
+}
+
+const TableLayout& numberLayout() {
+    static const TableLayout layout{
+        L"TCache",
+        {L"Name", L"PhoneNumber", L"EntryId", L"StoreID"},
+        {L"Create Table TCache ([Name] Text(255), PhoneNumber Text(255), EntryId Memo, StoreID Text(50))",
+         L"Create Index [Name] On TCache ([Name])", L"Create Index PhoneNumber On TCache (PhoneNumber)"},
+    };
+    return layout;
+}
+
+CacheTable::CacheTable(const Object& database, const TableLayout& layout, Use use)
+    : rows_(database.object(dao::OpenRecordset, L"Select * From " + std::wstring(layout.name),
+                            use == Use::Read ? dao::kOpenForwardOnly : dao::kOpenDynaset)) {
+    // A field object shows the value of whatever row is current: it is fetched once.
+    for (const wchar_t* column : layout.columns) fields_.push_back(rows_.object(dao::FieldNamed, column));
+}
+
+CacheTable::~CacheTable() {
+    fields_.clear();
+    zelbar::Attempts()([&] { rows_.call(dao::Close); });
+}
+
+bool CacheTable::atEnd() const {
+    return rows_.boolean(dao::EOF_);
+}
+
+void CacheTable::next() const {
+    rows_.call(dao::MoveNext);
+}
+
+std::optional<Record> CacheTable::current() const {
+    try {
+        Record record;
+        for (const Object& field : fields_) record.push_back(field.text(dao::Value));
+        return record;
+    } catch (const Fault& fault) {
+        if (fault.number != kRecordDeleted && fault.number != kNoCurrentRecord) throw;
+        return std::nullopt;
+    }
+}
+
+void CacheTable::remove() const {
+    rows_.call(dao::Delete);
+}
+
+void CacheTable::add(const Record& record) const {
+    rows_.call(dao::AddNew);
+    for (std::size_t i = 0; i < record.size(); ++i) {
+        // A column of older tables may refuse an empty text but never Null, and to the driver they are one.
+        if (!record[i].empty()) fields_[i].put(dao::Value, record[i]);
+    }
+    rows_.call(dao::Update);
+}
+
+bool tableExists(const Object& database, const TableLayout& layout) {
+    try {
+        CacheTable(database, layout, CacheTable::Use::Read);
+        return true;
+    } catch (const Fault& fault) {
+        if (fault.number != kUnknownTable) throw;
+        return false;
+    }
+}
+
+void makeTable(const Object& database, const TableLayout& layout) {
+    for (const wchar_t* statement : layout.definition) database.call(dao::Execute, statement);
+}
+
+}  // namespace filler

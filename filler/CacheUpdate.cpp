@@ -1,0 +1,138 @@
+#include "filler/CacheUpdate.h"
+
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "automation/Fault.h"
+#include "filler/CacheFile.h"
+#include "filler/CacheTable.h"
+#include "filler/StoreKeys.h"
+
+namespace filler {
+namespace {
+
+using zelbar::Object;
+
+/// What one table is to hold.
+struct Target {
+    const TableLayout& layout;
+    std::vector<Record> records;
+    std::function<bool(const Record&)> keeps;  ///< Whether a row stays although it is not among the records.
+};
+
+struct Difference {
+    long added = 0;
+    long removed = 0;
+    bool any() const { return added > 0 || removed > 0; }
+};
+
+/// Opened to be changed, the table is made to hold what the target says; opened to be read, the difference is
+/// only counted.
+Difference reconcile(const Object& database, const Target& target, CacheTable::Use use, Observer& observer) {
+    std::map<Record, long> missing;
+    for (const Record& record : target.records) ++missing[record];
+    Difference difference;
+    const CacheTable table(database, target.layout, use);
+    for (; !table.atEnd(); table.next()) {
+        goOn(observer);
+        const std::optional<Record> row = table.current();
+        if (!row) continue;
+        if (const auto wanted = missing.find(*row); wanted != missing.end()) {
+            if (--wanted->second == 0) missing.erase(wanted);
+        } else if (!target.keeps(*row)) {
+            ++difference.removed;
+            if (use == CacheTable::Use::Change) table.remove();
+        }
+    }
+    long total = 0;
+    for (const auto& [record, count] : missing) total += count;
+    for (const auto& [record, count] : missing) {
+        for (long i = 0; i < count; ++i) {
+            ++difference.added;
+            if (use == CacheTable::Use::Read) continue;
+            goOn(observer);
+            table.add(record);
+            observer.progress(L"Writing the cache", difference.added, total);
+        }
+    }
+    return difference;
+}
+
+std::vector<StoreKey> knownKeys(const CacheFile& file) {
+    std::vector<StoreKey> keys;
+    if (file.isNew() || !tableExists(file.database(), storeLayout())) return keys;
+    for (const CacheTable table(file.database(), storeLayout(), CacheTable::Use::Read); !table.atEnd();
+         table.next()) {
+        if (const auto row = table.current()) keys.push_back({(*row)[0], (*row)[1]});
+    }
+    return keys;
+}
+
+std::vector<Target> targetsOf(const AddressBook& book, const std::vector<StoreKey>& keys) {
+    Target stores{storeLayout(), {}, [](const Record&) { return false; }};
+    for (const StoreKey& key : keys) stores.records.push_back({key.index, key.storeId});
+
+    std::set<std::pair<std::wstring, std::wstring>> unreadable;
+    for (const auto& [store, entryId] : book.unreadable) unreadable.emplace(entryId, keys[store].index);
+    Target numbers{numberLayout(), {}, [unreadable](const Record& row) {
+                       return unreadable.count({row[2], row[3]}) > 0;
+                   }};
+    for (const AddressBook::Entry& entry : book.contacts) {
+        for (const std::wstring& number : entry.contact.numbers)
+            numbers.records.push_back(
+                {entry.contact.name, number, entry.contact.entryId, keys[entry.store].index});
+    }
+    return {std::move(stores), std::move(numbers)};
+}
+
+bool isUpToDate(const CacheFile& file, const std::vector<Target>& targets, Observer& observer) {
+    if (file.isNew()) return false;
+    for (const Target& target : targets) {
+        if (!tableExists(file.database(), target.layout)) return false;
+        if (reconcile(file.database(), target, CacheTable::Use::Read, observer).any()) return false;
+    }
+    return true;
+}
+
+CacheChange write(CacheFile& file, const std::vector<Target>& targets, Observer& observer) {
+    CacheChange change;
+    Transaction transaction(file.workspace());
+    for (const Target& target : targets) {
+        if (file.isNew() || !tableExists(file.database(), target.layout))
+            makeTable(file.database(), target.layout);
+        const Difference difference = reconcile(file.database(), target, CacheTable::Use::Change, observer);
+        if (&target.layout == &storeLayout()) {
+            change.storesChanged = difference.any();
+        } else {
+            change.added = difference.added;
+            change.removed = difference.removed;
+        }
+    }
+    goOn(observer);
+    transaction.commit();
+    file.finish();
+    change.created = file.isNew();
+    return change;
+}
+
+}  // namespace
+
+CacheChange updateCache(zelbar::Gateway& gateway, const std::wstring& path, const AddressBook& book,
+                        SynchroFlag& flag, Observer& observer) {
+    try {
+        CacheFile file(gateway, path);
+        const std::vector<Target> targets = targetsOf(book, storeKeys(knownKeys(file), book.storeIds));
+        CacheChange change;
+        if (!isUpToDate(file, targets, observer)) {
+            flag.raise();
+            change = write(file, targets, observer);
+        }
+        change.numberCount = static_cast<long>(targets.back().records.size());
+        return change;
+    } catch (const zelbar::Fault& fault) {
+        throw Failure{L"The cache " + path + L" cannot be updated: " + fault.description};
+    }
+}
+
+}  // namespace filler

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "automation/Gateway.h"
+#include "filler/AddressBook.h"
+#include "filler/Observer.h"
+#include "filler/SynchroFlag.h"
+
+namespace filler {
+
+/// What an update has changed.
+struct CacheChange {
+    long numberCount = 0;  ///< Numbers that the cache should hold.
+    long added = 0;
+    long removed = 0;
+    bool storesChanged = false;
+    bool created = false;
+
+    bool any() const { return created || storesChanged || added > 0 || removed > 0; }
+};
+
+/// Makes the cache at `path` equal to the address book, in one transaction and under the flag. Only rows that
+/// differ are touched, and where none does nothing is written. Throws a Failure, and the cache stays as it
+/// was.
+CacheChange updateCache(zelbar::Gateway& gateway, const std::wstring& path, const AddressBook& book,
+                        SynchroFlag& flag, Observer& observer);
+
+}  // namespace filler

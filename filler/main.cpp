@@ -1,0 +1,125 @@
+#include <windows.h>
+
+#include <objbase.h>
+
+#include <string>
+#include <string_view>
+
+#include "automation/Fault.h"
+#include "filler/BusyRetry.h"
+#include "filler/Console.h"
+#include "filler/FillCache.h"
+#include "filler/Interrupt.h"
+
+namespace {
+
+enum ExitStatus { kDone = 0, kUsage = 2, kFailure = 3 };
+
+constexpr wchar_t kHelp[] =
+    L"Fills the contact cache of Tessaria (connec00.mdb in the data folder) from Outlook.\n"
+    L"\n"
+    L"  fillcache [--quiet]\n"
+    L"\n"
+    L"Reads the contacts folders that were chosen in the client, or the default contacts folder\n"
+    L"while none is chosen. Only rows that differ are written, all of them or none: a run that\n"
+    L"fails or is interrupted (Ctrl+C) leaves the cache as it was.\n"
+    L"\n"
+    L"  -q, --quiet   say nothing unless something goes wrong\n"
+    L"  -h, --help    this text\n"
+    L"\n"
+    L"Exit status: 0 the cache is up to date, 2 wrong usage, 3 failure.\n";
+
+/// Shows a run on the console.
+class ConsoleObserver final : public filler::Observer {
+  public:
+    ConsoleObserver(const filler::Console& errors, bool isQuiet) : errors_(errors), isQuiet_(isQuiet) {}
+    ~ConsoleObserver() override { endLine(); }
+
+    void progress(const wchar_t* what, long done, long total) override {
+        const ULONGLONG now = GetTickCount64();
+        if (isQuiet_ || now < nextLine_) return;
+        nextLine_ = now + (errors_.isScreen() ? kScreenStep : kFileStep);
+        const std::wstring line =
+            std::wstring(what) + L": " + std::to_wstring(done) + L" of " + std::to_wstring(total);
+        if (errors_.isScreen()) {
+            errors_.write(L"\r" + line + L"   ");
+            isLineOpen_ = true;
+        } else {
+            errors_.write(line + L"\n");
+        }
+    }
+    void note(const std::wstring& sentence) override {
+        endLine();
+        errors_.write(sentence + L"\n");
+    }
+    bool cancelled() override { return interrupt_.requested(); }
+
+    void endLine() {
+        if (isLineOpen_) errors_.write(L"\n");
+        isLineOpen_ = false;
+    }
+
+  private:
+    // Milliseconds: nothing is shown of a run that is over soon, and little where nobody looks on.
+    static constexpr ULONGLONG kFirst = 1500, kScreenStep = 250, kFileStep = 5000;
+
+    const filler::Console& errors_;
+    filler::Interrupt interrupt_;
+    bool isQuiet_;
+    bool isLineOpen_ = false;
+    ULONGLONG nextLine_ = GetTickCount64() + kFirst;
+};
+
+class Apartment {
+  public:
+    Apartment() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+    ~Apartment() {
+        if (SUCCEEDED(result_)) CoUninitialize();
+    }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+
+  private:
+    HRESULT result_;
+};
+
+int run(bool isQuiet, const filler::Console& output, const filler::Console& errors) {
+    std::wstring reason;
+    try {
+        const Apartment apartment;
+        const filler::BusyRetry retry;
+        ConsoleObserver observer(errors, isQuiet);
+        const filler::FillResult result = filler::fillCache(observer);
+        observer.endLine();
+        if (!isQuiet) output.write(filler::describe(result));
+        return kDone;
+    } catch (const filler::Failure& failure) {
+        reason = failure.sentence;
+    } catch (...) {
+        reason = zelbar::caughtFault().description;
+    }
+    if (!reason.ends_with(L'.')) reason += L'.';
+    errors.write(L"fillcache: " + reason + L" The cache stays as it was.\n");
+    return kFailure;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    const filler::Console output(STD_OUTPUT_HANDLE), errors(STD_ERROR_HANDLE);
+    bool isQuiet = false;
+    for (int i = 1; i < count; ++i) {
+        const std::wstring_view argument = arguments[i];
+        if (argument == L"--help" || argument == L"-h") {
+            output.write(kHelp);
+            return kDone;
+        }
+        if (argument != L"--quiet" && argument != L"-q") {
+            errors.write(L"fillcache: unknown argument " + std::wstring(argument) +
+                         L". Try fillcache --help.\n");
+            return kUsage;
+        }
+        isQuiet = true;
+    }
+    return run(isQuiet, output, errors);
+}
