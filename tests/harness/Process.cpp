@@ -1,0 +1,75 @@
+#include "tests/harness/Process.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/harness/Files.h"
+#include "tests/harness/TemporaryFolder.h"
+
+namespace harness {
+
+namespace {
+
+constexpr DWORD kLongestMilliseconds = 60'000;
+
+/// Closes a handle when it goes.
+struct Owned {
+    HANDLE handle;
+    explicit Owned(HANDLE taken) : handle(taken) {}
+    ~Owned() { CloseHandle(handle); }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
+};
+
+/// A pipe would stay open until the last server that COM started has ended; a file does not mind.
+HANDLE inheritableFile(const std::wstring& path) {
+    SECURITY_ATTRIBUTES inherit{sizeof(inherit), nullptr, TRUE};
+    return CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherit,
+                       CREATE_ALWAYS, 0, nullptr);
+}
+
+DWORD runInto(std::wstring line, HANDLE out, HANDLE error) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = out;
+    startup.hStdError = error;
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &started)) {
+        ADD_FAILURE() << "does not start: error " << GetLastError();
+        return STILL_ACTIVE;
+    }
+    const Owned process(started.hProcess);
+    const Owned thread(started.hThread);
+    if (WaitForSingleObject(process.handle, kLongestMilliseconds) != WAIT_OBJECT_0) {
+        ADD_FAILURE() << "does not end";
+        TerminateProcess(process.handle, STILL_ACTIVE);
+    }
+    DWORD exitCode = STILL_ACTIVE;
+    GetExitCodeProcess(process.handle, &exitCode);
+    return exitCode;
+}
+
+}  // namespace
+
+std::wstring programFolder() {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring own = path;
+    return own.substr(0, own.rfind(L'\\'));
+}
+
+Ended run(const std::wstring& commandLine) {
+    const TemporaryFolder folder;
+    Ended ended;
+    {
+        const Owned out(inheritableFile(folder.file(L"out")));
+        const Owned error(inheritableFile(folder.file(L"error")));
+        ended.exitCode = runInto(commandLine, out.handle, error.handle);
+    }
+    ended.out = readFile(folder.file(L"out"));
+    ended.error = readFile(folder.file(L"error"));
+    return ended;
+}
+
+}  // namespace harness

@@ -1,0 +1,217 @@
+#include <PIMDriverAbstract.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <wrl/client.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/harness/Files.h"
+#include "tests/harness/Process.h"
+#include "tests/harness/TemporaryFolder.h"
+
+/// Runs the product as its users have it: an address book in an Outlook of its own process, the filler, the
+/// driver as COM activates it, and clients that know nothing but its type library.
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+constexpr wchar_t kClientKey[] = L"Software\\Norvane\\7316\\VEXPhone";
+
+std::wstring own(const std::wstring& program) {
+    return L"\"" + harness::programFolder() + L"\\" + program + L"\"";
+}
+
+/// The data folder that the driver is told of, for as long as it lives. The prefix is shared, so what was
+/// there before comes back.
+class DataFolder {
+  public:
+    explicit DataFolder(const std::wstring& folder) {
+        wchar_t before[MAX_PATH];
+        DWORD size = sizeof(before);
+        if (RegGetValueW(HKEY_CURRENT_USER, kClientKey, L"DataPath", RRF_RT_REG_SZ, nullptr, before, &size) ==
+            ERROR_SUCCESS)
+            before_ = before;
+        write(folder);
+    }
+    ~DataFolder() {
+        if (before_)
+            write(*before_);
+        else
+            RegDeleteKeyValueW(HKEY_CURRENT_USER, kClientKey, L"DataPath");
+    }
+    DataFolder(const DataFolder&) = delete;
+    DataFolder& operator=(const DataFolder&) = delete;
+
+  private:
+    static void write(const std::wstring& folder) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, kClientKey, L"DataPath", REG_SZ, folder.c_str(),
+                        static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
+    }
+    std::optional<std::wstring> before_;
+};
+
+std::string card(const std::string& last, const std::string& first, const std::string& telephones) {
+    return "BEGIN:VCARD\r\nVERSION:3.0\r\nN:" + last + ";" + first + ";;;\r\nFN:" + first + " " + last +
+           "\r\n" + telephones + "END:VCARD\r\n";
+}
+
+std::string addressBook() {
+    std::string book =
+        card("Byron", "Ada", "TEL;TYPE=WORK:+44 20 7000 0001\r\nTEL;TYPE=CELL:+44 7700 1\r\n") +
+        card("Byrne", "Alan", "TEL;TYPE=WORK:+44 20 7000 0002\r\n");
+    for (int i = 100; i < 130; ++i)
+        book += card("Crew", "N" + std::to_string(i), "TEL;TYPE=WORK:+1 555 " + std::to_string(i) + "\r\n");
+    return book;
+}
+
+class Product : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        folder_ = new harness::TemporaryFolder;
+        data_ = new DataFolder(folder_->path());
+        quitOutlook();
+        SetEnvironmentVariableW(L"STANDIN_MAILBOX", folder_->file(L"mailbox.db").c_str());
+        harness::writeFile(folder_->file(L"book.vcf"), addressBook());
+        const auto imported =
+            harness::run(own(L"outlook_standin.exe") + L" import \"" + folder_->file(L"book.vcf") + L"\"");
+        ASSERT_EQ(imported.exitCode, 0u) << imported.error;
+        const auto filled = harness::run(own(L"fillcache.exe"));
+        ASSERT_EQ(filled.exitCode, 0u) << filled.out << filled.error;
+    }
+    static void TearDownTestSuite() {
+        quitOutlook();
+        SetEnvironmentVariableW(L"STANDIN_MAILBOX", nullptr);
+        delete data_;
+        delete folder_;
+    }
+    static void quitOutlook() { harness::run(own(L"outlook_standin.exe") + L" quit"); }
+
+    static ComPtr<DataConnector> newDriver() {
+        ComPtr<DataConnector> driver;
+        EXPECT_EQ(CoCreateInstance(CLSID_cDataConnector, nullptr, CLSCTX_INPROC_SERVER,
+                                   __uuidof(DataConnector), reinterpret_cast<void**>(driver.GetAddressOf())),
+                  S_OK);
+        return driver;
+    }
+    static ComPtr<Contact> findFirst(ContactRecord* cursor, LONG kind, const wchar_t* text) {
+        ComPtr<Contact> result;
+        const BSTR sent = SysAllocString(text);
+        EXPECT_EQ(cursor->FindFirst(&kind, sent, result.GetAddressOf()), S_OK);
+        SysFreeString(sent);
+        return result;
+    }
+    static std::wstring nameOf(Contact* contact) {
+        if (!contact) return L"(none)";
+        VARIANT_BOOL unknown = VARIANT_FALSE;
+        contact->get_NotInPIM(&unknown);
+        if (unknown) return L"(unknown)";
+        BSTR name = nullptr;
+        EXPECT_EQ(contact->get_FullName(&name), S_OK);
+        const std::wstring result(name, SysStringLen(name));
+        SysFreeString(name);
+        return result;
+    }
+    static ComPtr<ContactRecord> openCursor(DataConnector* driver) {
+        ComPtr<ContactRecord> cursor;
+        EXPECT_EQ(driver->OpenContactRecord(cursor.GetAddressOf()), S_OK);
+        return cursor;
+    }
+    static std::string pimcall(const std::wstring& words, DWORD status) {
+        const auto ended = harness::run(own(L"pimcall.exe") + L" " + words);
+        EXPECT_EQ(ended.exitCode, status) << ended.out << ended.error;
+        return ended.out + ended.error;
+    }
+
+    static harness::TemporaryFolder* folder_;
+    static DataFolder* data_;
+};
+
+harness::TemporaryFolder* Product::folder_ = nullptr;
+DataFolder* Product::data_ = nullptr;
+
+TEST_F(Product, AnswersAScript) {
+    const auto walked = harness::run(L"cscript //nologo \"" PRODUCT_SCRIPT L"\"");
+    EXPECT_EQ(walked.exitCode, 0u);
+    EXPECT_EQ(walked.out, "walk: ok\r\n") << walked.error;
+}
+
+TEST_F(Product, AnswersAnEarlyBoundClient) {
+    {
+        const auto driver = newDriver();
+        const auto cursor = openCursor(driver.Get());
+        ComPtr<Contact> contact;
+        EXPECT_EQ(nameOf(findFirst(cursor.Get(), 0, L"+44 7700 1").Get()), L"Byron, Ada");
+        EXPECT_EQ(nameOf(findFirst(cursor.Get(), 1, L"byr*").Get()), L"Byrne, Alan");
+        cursor->FindNext(contact.ReleaseAndGetAddressOf());
+        EXPECT_EQ(nameOf(contact.Get()), L"Byron, Ada");
+        cursor->FindNext(contact.ReleaseAndGetAddressOf());
+        EXPECT_FALSE(contact);
+        cursor->MoveLast();
+        cursor->FindPrevious(contact.ReleaseAndGetAddressOf());
+        EXPECT_EQ(nameOf(contact.Get()), L"Byrne, Alan");
+        EXPECT_EQ(nameOf(findFirst(cursor.Get(), 0, L"0999").Get()), L"(unknown)");
+        LONG kind = 0;
+        ComPtr<IDispatch> people;
+        const BSTR prefix = SysAllocString(L"+1 555*");
+        EXPECT_EQ(cursor->FillContactCollection(&kind, prefix, people.GetAddressOf()), S_OK);
+        SysFreeString(prefix);
+        ComPtr<ValueCollection> list;
+        ASSERT_EQ(people.As(&list), S_OK);
+        LONG count = 0;
+        list->get_Count(&count);
+        EXPECT_EQ(count, 25);
+        ComPtr<PIMActions> actions;
+        EXPECT_EQ(driver->get_Actions(actions.GetAddressOf()), S_OK);
+        actions->get_Count(&count);
+        EXPECT_EQ(count, 5);
+    }
+    // Nothing is left in this process: COM may take the driver out.
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(GetModuleHandleW(L"zelbar00.dll"), nullptr);
+}
+
+TEST_F(Product, AnswersAfterOutlookWasClosedBetweenTwoCalls) {
+    const auto driver = newDriver();
+    const auto cursor = openCursor(driver.Get());
+    const auto before = findFirst(cursor.Get(), 0, L"+44 20 7000 0001");
+    quitOutlook();
+    EXPECT_EQ(nameOf(findFirst(cursor.Get(), 0, L"+44 20 7000 0002").Get()), L"Byrne, Alan");
+    EXPECT_EQ(nameOf(before.Get()), L"Byron, Ada");
+}
+
+TEST_F(Product, TellsAPersonWhoCalls) {
+    const std::string known = pimcall(L"call --from \"+44 20 7000 0001\"", 0);
+    for (const char* part : {"Ada", "Byron", "+44 20 7000 0001", "+44 7700 1"})
+        EXPECT_NE(known.find(part), std::string::npos) << known;
+    EXPECT_NE(pimcall(L"call --from 0999", 1).find("0999"), std::string::npos);
+    EXPECT_NE(pimcall(L"find --name byr* --all --json", 0).find("Alan"), std::string::npos);
+    pimcall(L"call", 2);
+}
+
+// The last one: the system does not start a server again that was killed, so from here on there is no
+// Outlook.
+TEST_F(Product, KeepsItsCacheWhenOutlookIsKilled) {
+    {
+        const auto driver = newDriver();
+        const auto cursor = openCursor(driver.Get());
+        EXPECT_EQ(nameOf(findFirst(cursor.Get(), 0, L"+1 555*").Get()), L"Crew, N100");
+        EXPECT_EQ(harness::run(L"taskkill /f /im outlook_standin.exe").exitCode, 0u);
+        for (const wchar_t* text : {L"+1 555*", L"+44*"})
+            EXPECT_EQ(nameOf(findFirst(cursor.Get(), 0, text).Get()), L"(unknown)");
+        ComPtr<Contact> contact;
+        EXPECT_EQ(cursor->FindNext(contact.GetAddressOf()), S_OK);
+        EXPECT_EQ(cursor->MoveLast(), S_OK);
+    }
+    harness::run(L"net stop rpcss");
+    const auto driver = newDriver();
+    const auto cursor = openCursor(driver.Get());
+    EXPECT_EQ(nameOf(findFirst(cursor.Get(), 0, L"+1 555*").Get()), L"Crew, N100");
+    short matches = 0;
+    cursor->get_RecordCount(&matches);
+    EXPECT_EQ(matches, 30);
+}
+
+}  // namespace
