@@ -70,7 +70,7 @@ Ref<IClassFactory> makeFactory(Server& server, std::function<Ref<Object>()> crea
 }
 
 HostedClass::HostedClass(const CLSID& clsid, IClassFactory& factory)
-    : HostedClass(clsid, factory, CLSCTX_LOCAL_SERVER | CLSCTX_INPROC_SERVER, REGCLS_MULTI_SEPARATE) {}
+    : HostedClass(clsid, factory, CLSCTX_INPROC_SERVER, REGCLS_MULTI_SEPARATE) {}
 
 HostedClass::HostedClass(const CLSID& clsid, IClassFactory& factory, DWORD context, DWORD flags) {
     const HRESULT outcome = CoRegisterClassObject(clsid, &factory, context, flags, &cookie_);

@@ -13,7 +13,8 @@ Ref<IClassFactory> makeFactory(Server& server, std::function<Ref<Object>()> crea
 // gives the objects themselves, whatever the registry says.
 class HostedClass {
   public:
-    // In-process and out-of-process requests are both served. Throws Error when COM refuses.
+    // For this process alone: nothing is announced to others, which may host the same class beside it.
+    // Requests must allow an in-process server. Throws Error when COM refuses.
     HostedClass(const CLSID& clsid, IClassFactory& factory);
     // For a server program: other processes' requests.
     HostedClass(const CLSID& clsid, IClassFactory& factory, DWORD context, DWORD flags);

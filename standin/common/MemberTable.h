@@ -68,21 +68,23 @@ template <class C, class R, class... P>
 struct MethodTraits<R (C::*)(P...) const> : MethodTraits<R (C::*)(P...)> {};
 
 // Calls a member function that takes nothing or the arguments as a whole.
+template <auto Function, class Self>
+decltype(auto) runMember(Self& self, const Arguments& arguments) {
+    if constexpr (MethodTraits<decltype(Function)>::hasArguments)
+        return (self.*Function)(arguments);
+    else
+        return (self.*Function)();
+}
+
 template <auto Function>
 Value callMember(Object& object, const Arguments& arguments) {
     using Traits = MethodTraits<decltype(Function)>;
     auto& self = static_cast<typename Traits::Class&>(object);
-    const auto run = [&]() -> decltype(auto) {
-        if constexpr (Traits::hasArguments)
-            return (self.*Function)(arguments);
-        else
-            return (self.*Function)();
-    };
     if constexpr (std::is_void_v<typename Traits::Result>) {
-        run();
+        runMember<Function>(self, arguments);
         return Value();
     } else {
-        return toValue(run());
+        return toValue(runMember<Function>(self, arguments));
     }
 }
 

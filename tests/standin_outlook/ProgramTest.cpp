@@ -1,0 +1,131 @@
+// The server program: across the process border, its end, and its commands.
+#include "tests/harness/Files.h"
+#include "tests/harness/Process.h"
+#include "tests/standin_outlook/Fixture.h"
+
+namespace standin::outlook {
+namespace {
+
+constexpr DWORD kPatience = 15000;
+
+class Handle {
+  public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    ~Handle() { CloseHandle(handle_); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    HANDLE get() const { return handle_; }
+
+  private:
+    HANDLE handle_;
+};
+
+/// A fresh mailbox for the program; what the test started has ended afterwards.
+class Program : public testing::Test {
+  protected:
+    Program() {
+        SetEnvironmentVariableW(L"STANDIN_MAILBOX", folder.file(L"mailbox.db").c_str());
+        run(L"quit");
+    }
+    ~Program() override { run(L"quit"); }
+
+    /// Runs a command to its end; what it printed is in `output`, errors behind the rest.
+    DWORD run(const std::wstring& arguments) {
+        const auto ended =
+            harness::run(L"\"" + harness::programFolder() + L"\\outlook_standin.exe\" " + arguments);
+        output = ended.out + ended.error;
+        return ended.exitCode;
+    }
+    static HANDLE processOf(const late::Object& app) {
+        const auto id = static_cast<DWORD>(app.object(L"StandIn").number(L"ProcessId"));
+        EXPECT_NE(id, GetCurrentProcessId());
+        return OpenProcess(SYNCHRONIZE, FALSE, id);
+    }
+
+    Apartment apartment;
+    harness::TemporaryFolder folder;
+    std::string output;
+};
+
+TEST_F(Program, ServesAcrossProcessesAndEndsWithItsLastClient) {
+    late::Object app = late::create(kApplicationClsid, CLSCTX_LOCAL_SERVER);
+    ASSERT_TRUE(app);
+    const Handle process(processOf(app));
+    {
+        const late::Object names = app.object(L"GetNamespace", {L"MAPI"});
+        const late::Object folder10 = names.object(L"GetDefaultFolder", {10L});
+        const late::Object contact = folder10.object(L"Items").object(L"Add", {2L});
+        contact.put(L"FullName", L"Ada Byron");
+        contact.call(L"Save");
+        EXPECT_EQ(folder10.object(L"Items", {1L}).text(L"FileAs"), L"Byron, Ada");
+        const late::Outcome unknown = names.attempt(L"GetItemFromID", {folder10.get(L"EntryID")});
+        EXPECT_EQ(unknown.result, DISP_E_EXCEPTION);
+        EXPECT_EQ(unknown.number, kNotFound);
+        EXPECT_EQ(unknown.source, L"Microsoft Outlook");
+        EXPECT_EQ(contact.attempt(L"GetNamespace").result, DISP_E_UNKNOWNNAME);
+        const late::Object explorer = folder10.object(L"GetExplorer");
+        const Value journal = names.object(L"GetDefaultFolder", {11L}).value();
+        EXPECT_EQ(explorer.invoke(L"CurrentFolder", DISPATCH_PROPERTYPUTREF, {journal}).result, S_OK);
+        EXPECT_EQ(explorer.object(L"CurrentFolder").text(L"Name"), L"Journal");
+        EXPECT_GT(app.object(L"StandIn").number(L"LiveObjects"), 1);
+    }
+    EXPECT_EQ(app.object(L"StandIn").number(L"LiveObjects"), 1);
+    app = {};
+    EXPECT_EQ(WaitForSingleObject(process.get(), kPatience), WAIT_OBJECT_0);
+}
+
+TEST_F(Program, QuitsUnderTheClientAndStartsAnew) {
+    const late::Object first = late::create(kApplicationClsid, CLSCTX_LOCAL_SERVER);
+    ASSERT_TRUE(first);
+    const Handle process(processOf(first));
+    const late::Object names = first.object(L"GetNamespace", {L"MAPI"});
+    names.object(L"GetDefaultFolder", {10L}).object(L"Items").object(L"Add").call(L"Save");
+    Ref<IUnknown> running;
+    EXPECT_EQ(GetActiveObject(kApplicationClsid, nullptr, &running), S_OK);
+    first.call(L"Quit");
+    EXPECT_EQ(WaitForSingleObject(process.get(), kPatience), WAIT_OBJECT_0);
+    EXPECT_EQ(names.attempt(L"Type").result, kServerGone);
+    EXPECT_EQ(first.attempt(L"Name").result, kServerGone);
+    EXPECT_NE(GetActiveObject(kApplicationClsid, nullptr, &running), S_OK);
+
+    const late::Object second = late::create(kApplicationClsid, CLSCTX_LOCAL_SERVER);
+    ASSERT_TRUE(second);
+    EXPECT_EQ(second.object(L"GetNamespace", {L"MAPI"})
+                  .object(L"GetDefaultFolder", {10L})
+                  .object(L"Items")
+                  .number(L"Count"),
+              1);
+    EXPECT_EQ(first.attempt(L"Name").result, kServerGone);
+}
+
+TEST_F(Program, CommandsWorkOnTheFile) {
+    harness::writeFile(folder.file(L"book.vcf"),
+                       "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Byron;Ada\r\nTEL;TYPE=work:+44 1\r\nEND:VCARD\r\n"
+                       "BEGIN:VCARD\r\nVERSION:3.0\r\nN:M\xC3\xBCller;J\r\nTEL;TYPE=home:+49 2\r\nTEL:+44 "
+                       "1\r\nEND:VCARD\r\n");
+    harness::writeFile(folder.file(L"bad.vcf"), "nothing");
+    const auto path = [&](const wchar_t* name) { return L"\"" + folder.file(name) + L"\""; };
+    EXPECT_EQ(run(L"import --store Archive --folder \"People\\Old friends\" " + path(L"book.vcf")), 0U)
+        << output;
+    EXPECT_NE(output.find("2 contacts into Archive\\People\\Old friends"), std::string::npos) << output;
+    EXPECT_EQ(run(L"numbers"), 0U);
+    EXPECT_EQ(output, "+44 1\n+49 2\n");
+    EXPECT_EQ(run(L"list"), 0U);
+    EXPECT_NE(
+        output.find("    Old friends (2)\n      Byron, Ada\n          BusinessTelephoneNumber: +44 1\n"),
+        std::string::npos)
+        << output;
+    EXPECT_EQ(run(L"delete --name \"M\u00FCller, J\""), 0U) << output;
+    EXPECT_EQ(run(L"delete --name \"M\u00FCller, J\""), 1U);
+    EXPECT_EQ(run(L"numbers"), 0U);
+    EXPECT_EQ(output, "+44 1\n");
+    EXPECT_EQ(run(L"import " + path(L"bad.vcf")), 1U);
+    EXPECT_NE(output.find("there is no BEGIN:VCARD"), std::string::npos) << output;
+    EXPECT_EQ(run(L"import"), 2U);
+    EXPECT_EQ(run(L"delete Ada"), 2U);
+    EXPECT_EQ(run(L"dance"), 2U);
+    EXPECT_EQ(run(L"quit"), 1U);
+}
+
+}  // namespace
+}  // namespace standin::outlook
