@@ -1,4 +1,11 @@
 #include "support/cLocalizedText.h"
+
+#include <algorithm>
+#include <set>
+
+#include "support/Encoding.h"
+#include "support/NumberedText.h"
+#include "support/Text.h"
 #include "tests/support/Fixture.h"
 
 namespace zelbar {
@@ -23,7 +30,8 @@ TEST_F(TextTest, EveryNumberThatTheClientShowsHasAText) {
     for (const auto& [first, last] : ranges) {
         for (int number = first; number <= last; ++number) numbers.push_back(number);
     }
-    for (const wchar_t* table : {L"0,us,5900,0", L"0,fr,5901,0", L"1,fr,5901,0"}) {
+    // English, a language whose resource is missing, and a table without the user's language.
+    for (const wchar_t* table : {L"0,us,5900,0", L"0,xx,5998,0", L"1,us,5900,0"}) {
         userSpeaks(table);
         localize fresh(module, errors);
         cLocalizedText translator(module, fresh);
@@ -67,6 +75,105 @@ TEST_F(TextTest, ABadResourceNumberShowsEnglish) {
         localize fresh(module, errors);
         cLocalizedText translator(module, fresh);
         EXPECT_EQ(translator.translate(L"#05000#"), L"Open the contact") << testing::PrintToString(table);
+    }
+}
+
+/// The text resources as they are embedded, by the numbers of the default language table.
+class LanguageFilesTest : public TextTest {
+  protected:
+    static std::string embedded(std::int32_t resource) {
+        HRSRC place = FindResourceW(nullptr, MAKEINTRESOURCEW(resource), RT_RCDATA);
+        HGLOBAL data = place ? LoadResource(nullptr, place) : nullptr;
+        if (!data) return {};
+        return {static_cast<const char*>(LockResource(data)), SizeofResource(nullptr, place)};
+    }
+
+    const LanguageTable table = splitLanguageTable(kDefaultLanguageTable).table;
+    const TextFile english = parseTextFile(embedded(5900));
+};
+
+TEST_F(LanguageFilesTest, EveryLanguageHasTheNumbersOfEnglishOnceEach) {
+    ASSERT_EQ(table.size(), 8u);
+    for (const auto& [index, language] : table) {
+        SCOPED_TRACE(utf8(language.code));
+        const std::string file = embedded(language.resource);
+        const TextFile translated = parseTextFile(file);
+        for (const auto& [number, text] : english)
+            EXPECT_TRUE(translated.contains(number)) << number << " is missing or empty";
+        for (const auto& [number, text] : translated) {
+            EXPECT_TRUE(english.contains(number)) << number << " is superfluous";
+            const std::wstring shown = wide(text);
+            EXPECT_EQ(trimmed(shown), shown) << number << ": the caller adds the blanks";
+        }
+        const auto lines = harness::lines(file);
+        const auto textLines = std::ranges::count_if(
+            lines, [](const std::string& line) { return !line.empty() && line.front() != ';'; });
+        EXPECT_EQ(static_cast<std::size_t>(textLines), translated.size())
+            << "a number twice, or a line that is no text";
+    }
+}
+
+TEST_F(LanguageFilesTest, MnemonicsAndPunctuationFollowEnglish) {
+    // Buttons that stand together: folder selection, folder tree, trace window.
+    const std::vector<std::set<int>> dialogs = {{1000, 1001, 1008}, {1000, 1001, 7123}, {7130}};
+    std::set<int> inDialogs;
+    for (const auto& buttons : dialogs) inDialogs.insert(buttons.begin(), buttons.end());
+    for (const auto& [index, language] : table) {
+        SCOPED_TRACE(utf8(language.code));
+        std::map<int, wchar_t> mnemonics;
+        for (const auto& [number, text] : parseTextFile(embedded(language.resource))) {
+            const auto original = english.find(number);
+            if (original == english.end()) continue;
+            EXPECT_EQ(std::ranges::count(text, '&'), std::ranges::count(original->second, '&')) << number;
+            const char closing = original->second.back();
+            if (closing == '.' || closing == ':' || closing == ')') {
+                EXPECT_EQ(text.back(), closing) << number;
+            }
+            const std::wstring shown = wide(text) + L" ";
+            const auto mark = shown.find(L'&');
+            if (mark == std::wstring::npos) continue;
+            EXPECT_TRUE(IsCharAlphaNumericW(shown[mark + 1])) << number;
+            EXPECT_TRUE(inDialogs.contains(number)) << number << ": name its dialog's buttons above";
+            mnemonics[number] = towupper(shown[mark + 1]);
+        }
+        for (const auto& buttons : dialogs) {
+            std::set<wchar_t> taken;
+            for (const int number : buttons) EXPECT_TRUE(taken.insert(mnemonics[number]).second) << number;
+        }
+    }
+}
+
+TEST_F(LanguageFilesTest, AccentsArriveUnharmed) {
+    const struct {
+        const wchar_t* lang;
+        const wchar_t* key;
+        const wchar_t* text;
+    } cases[] = {{L"0", L"#21018#", L"TTY/TDD"},
+                 {L"1", L"#21007#Home Fax", L"T\u00E9l\u00E9copie (domicile)"},
+                 {L"2", L"#05100#", L"Kontakt schlie\u00DFen"},
+                 {L"3", L"#21011#", L"M\u00F3vil"},
+                 {L"4", L"#21015#", L"Els\u0151dleges telefon"},
+                 {L"5", L"#21001#", L"Faks s\u0142u\u017Cbowy"},
+                 {L"7", L"#07130#", L"&Kopi\u00EBren"},
+                 {L"8", L"#21006#", L"Societ\u00E0"}};
+    for (const auto& c : cases) {
+        registry.set(HKEY_CURRENT_USER, kClientSettings, L"lang", c.lang);
+        texts.init();
+        EXPECT_EQ(texts.translate(c.key), c.text);
+    }
+}
+
+TEST_F(LanguageFilesTest, TheLanguagesCharacterSetShowsItsTexts) {
+    for (const auto& [index, language] : table) {
+        const UINT codePage = language.charset == 238 ? 1250 : 1252;
+        for (const auto& [number, text] : parseTextFile(embedded(language.resource))) {
+            const std::wstring shown = wide(text);
+            BOOL replaced = FALSE;
+            EXPECT_GT(WideCharToMultiByte(codePage, WC_NO_BEST_FIT_CHARS, shown.data(),
+                                          static_cast<int>(shown.size()), nullptr, 0, nullptr, &replaced),
+                      0);
+            EXPECT_FALSE(replaced) << utf8(language.code) << ' ' << number << ": " << text;
+        }
     }
 }
 
