@@ -15,11 +15,12 @@ namespace {
 /// A call that had a length ends now; one that had none was over as it began. Outlook works the length out.
 void putTimes(const Object& entry, const std::wstring& callInformation) {
     if (GetTaggedValue(callInformation, call::kDuration).empty()) {
-        entry.put(outlook::Start, dateValue(currentDate()));
+        entry.put(outlook::Start, Variant::ofDate(currentDate()));
         entry.put(outlook::Duration, 0);
     } else {
-        entry.put(outlook::Start, dateValue(dateFromText(GetTaggedValue(callInformation, call::kStart))));
-        entry.put(outlook::End, dateValue(currentDate()));
+        entry.put(outlook::Start,
+                  Variant::ofDate(dateFromText(GetTaggedValue(callInformation, call::kStart))));
+        entry.put(outlook::End, Variant::ofDate(currentDate()));
     }
 }
 

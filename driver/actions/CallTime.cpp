@@ -34,11 +34,4 @@ DATE dateFromText(const std::wstring& text) {
     return date;
 }
 
-Variant dateValue(DATE date) {
-    VARIANT value{};
-    value.vt = VT_DATE;
-    value.date = date;
-    return Variant::copyOf(value);
-}
-
 }  // namespace zelbar

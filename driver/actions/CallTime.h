@@ -4,8 +4,6 @@
 
 #include <string>
 
-#include "automation/Variant.h"
-
 namespace zelbar {
 
 /// The user's short form of a date's day, and of its time.
@@ -14,8 +12,5 @@ std::wstring timeText(DATE date);
 
 /// The date and time that a text stands for in the user's locale. Throws when it is none.
 DATE dateFromText(const std::wstring& text);
-
-/// A date as automation passes it on.
-Variant dateValue(DATE date);
 
 }  // namespace zelbar

@@ -15,11 +15,13 @@ inline constexpr ObjectClass kField = 6;
 
 inline constexpr long kUseJet = 2;
 inline constexpr long kOpenDynaset = 2;
+inline constexpr long kOpenSnapshot = 4;
 inline constexpr long kOpenForwardOnly = 8;
 inline constexpr long kMaxLocksPerFile = 62;
 
 /// Error numbers.
 inline constexpr long kRecordIsDeleted = 3167;
+inline constexpr long kItemNotFound = 3265;
 
 /// The engines that can serve, newest sure one first.
 inline constexpr const wchar_t* kEngineProgIds[] = {L"DAO.DBEngine.36", L"DAO.DBEngine.35",

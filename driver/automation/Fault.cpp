@@ -17,6 +17,7 @@ struct RuntimeText {
 };
 
 constexpr RuntimeText kRuntimeTexts[] = {
+    {5, L"Invalid procedure call or argument"},
     {6, L"Overflow"},
     {7, L"Out of memory"},
     {9, L"Subscript out of range"},

@@ -45,6 +45,13 @@ Fault exceptionFault(ExceptionInfo& info, Server server) {
     return result;
 }
 
+CLSID classOf(const wchar_t* progId) {
+    CLSID classId;
+    if (const HRESULT result = CLSIDFromProgID(progId, &classId); FAILED(result))
+        throw faultOf(result, progId);
+    return classId;
+}
+
 WORD flagsOf(Gateway::Kind kind) {
     switch (kind) {
         case Gateway::Kind::Put:
@@ -60,14 +67,21 @@ WORD flagsOf(Gateway::Kind kind) {
 }  // namespace
 
 Object Gateway::create(Server server, const wchar_t* progId, ObjectClass objectClass) {
-    CLSID classId;
-    if (const HRESULT result = CLSIDFromProgID(progId, &classId); FAILED(result))
-        throw faultOf(result, progId);
+    const CLSID classId = classOf(progId);
     Com<IDispatch> created;
     const HRESULT result = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
                                             __uuidof(IDispatch), reinterpret_cast<void**>(created.put()));
     if (FAILED(result)) throw faultOf(result, progId);
     return Object(*this, server, std::move(created), objectClass);
+}
+
+Object Gateway::running(Server server, const wchar_t* progId, ObjectClass objectClass) {
+    Com<IUnknown> active;
+    const HRESULT result = GetActiveObject(classOf(progId), nullptr, active.put());
+    if (FAILED(result)) throw faultOf(result, progId);
+    Com<IDispatch> target = active.as<IDispatch>();
+    if (!target) throw faultOf(E_NOINTERFACE, progId);
+    return Object(*this, server, std::move(target), objectClass);
 }
 
 DISPID Gateway::lookUp(IDispatch& target, Server server, const wchar_t* name) {

@@ -34,6 +34,10 @@ class Gateway {
     /// A new object of the class that a ProgID names. Throws when there is none.
     Object create(Server server, const wchar_t* progId, ObjectClass objectClass);
 
+    /// The object of that class that a running server offers to all; none is started. Throws when there is
+    /// none.
+    Object running(Server server, const wchar_t* progId, ObjectClass objectClass);
+
     /// One call on `target`; the arguments in the order in which a caller writes them. Throws a Fault.
     Variant invoke(IDispatch& target, Server server, ObjectClass objectClass, const wchar_t* name, Kind kind,
                    std::initializer_list<Variant> arguments);

@@ -51,6 +51,10 @@ inline constexpr Member GetExplorer{L"GetExplorer", kExplorer};
 inline constexpr Member Items{L"Items", kItems};
 inline constexpr Member AddItem{L"Add", kAskForClass};
 inline constexpr Member ItemAt{L"Item", kAskForClass};
+inline constexpr Member Folders{L"Folders", kFolders};
+inline constexpr Member FolderAt{L"Item", kFolder};
+inline constexpr Member AddFolder{L"Add", kFolder};
+inline constexpr Member DefaultItemType{L"DefaultItemType"};
 
 // Contact items
 inline constexpr Member Save{L"Save"};
@@ -118,5 +122,14 @@ inline constexpr Member End{L"End"};
 inline constexpr Member Duration{L"Duration"};
 inline constexpr Member Send{L"Send"};
 inline constexpr Member Close{L"Close"};
+
+// What the export folder needs
+/// The type of a user property that holds a number.
+inline constexpr long kNumberProperty = 3;
+
+inline constexpr Member AddUserProperty{L"Add", kUserProperty};
+inline constexpr Member Categories{L"Categories"};
+inline constexpr Member BillingInformation{L"BillingInformation"};
+inline constexpr Member Delete{L"Delete"};
 
 }  // namespace zelbar::outlook

@@ -74,6 +74,13 @@ Variant Variant::ofTexts(const std::vector<std::wstring>& texts) {
     return result;
 }
 
+Variant Variant::ofDate(double days) {
+    Variant result;
+    result.value_.date = days;
+    result.value_.vt = VT_DATE;
+    return result;
+}
+
 Variant Variant::missing() {
     Variant result;
     result.value_.vt = VT_ERROR;

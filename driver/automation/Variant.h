@@ -32,6 +32,8 @@ class Variant {
 
     /// An array of texts (VT_ARRAY|VT_BSTR), indexed from 0.
     static Variant ofTexts(const std::vector<std::wstring>& texts);
+    /// A point in time, as days since 30 December 1899.
+    static Variant ofDate(double days);
     /// What stands for an optional argument that is left out.
     static Variant missing();
     /// A copy of a foreign VARIANT, references followed.

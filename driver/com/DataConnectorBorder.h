@@ -16,14 +16,19 @@ class DataConnectorBorder : public Border<Self, ::DataConnector> {
         return answer(L"Error (GetContactItemByContactItemID): ", result,
                       [&] { return self()->DataConnector_GetContactItemByContactItemID(textOf(entryId)); });
     }
-    STDMETHODIMP InitializeExportFolder(BSTR databasePath, BSTR folderName) noexcept override {
-        return perform(L"Error (InitializeExportFolder): ", [&] {
-            self()->DataConnector_InitializeExportFolder(textOf(databasePath), textOf(folderName));
+    STDMETHODIMP InitializeExportFolder(BSTR databasePath, BSTR folderName, VARIANT progress,
+                                        VARIANT_BOOL* result) noexcept override {
+        return answer(L"Error (InitializeExportFolder): ", result, [&] {
+            return self()->DataConnector_InitializeExportFolder(textOf(databasePath), textOf(folderName),
+                                                                given(progress).object());
         });
     }
-    STDMETHODIMP SynchronizeExportFolder() noexcept override {
-        return perform(L"Error (SynchronizeExportFolder): ",
-                       [&] { self()->DataConnector_SynchronizeExportFolder(); });
+    STDMETHODIMP SynchronizeExportFolder(VARIANT databasePath, VARIANT folderName, VARIANT progress,
+                                         VARIANT_BOOL* result) noexcept override {
+        return answer(L"Error (SynchronizeExportFolder): ", result, [&] {
+            return self()->DataConnector_SynchronizeExportFolder(
+                given(databasePath).text(), given(folderName).text(), given(progress).object());
+        });
     }
     STDMETHODIMP get_Version(BSTR* result) noexcept override {
         return answer(L"Error (Get Version): ", result, [&] { return self()->DataConnector_Version(); });
@@ -70,6 +75,11 @@ class DataConnectorBorder : public Border<Self, ::DataConnector> {
     }
 
   private:
+    /// An optional argument; empty when it is left out.
+    static Variant given(const VARIANT& argument) {
+        return argument.vt == VT_ERROR ? Variant() : Variant::copyOf(argument);
+    }
+
     using Border<Self, ::DataConnector>::answer;
     using Border<Self, ::DataConnector>::perform;
     using Border<Self, ::DataConnector>::self;

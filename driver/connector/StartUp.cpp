@@ -5,12 +5,16 @@
 #include "actions/cPIMActions.h"
 #include "automation/Attempts.h"
 #include "core/DriverState.h"
+#include "dialogs/FLogWindow.h"
+#include "dialogs/FTimer.h"
 #include "support/Clock.h"
 #include "support/Registry.h"
 
 namespace zelbar {
 
 namespace {
+
+constexpr UINT kTimerMilliseconds = 10;
 
 /// The hourglass while start-up lasts.
 class BusyPointer {
@@ -45,6 +49,7 @@ void openLog(Attempts& attempt) {
     attempt([&] { state.languages.CurrentCharset(state.languages.GetChartset()); });
     const std::wstring banner = dateText(currentDate()) + L": * Driver startup *";
     state.pimInstalled = true;
+    state.log.window(&logWindow());
     state.log.load();
     if (state.log.LogEnabled()) state.log.AddSimpleLog(banner);
     logLines({L"*************************", L"* Driver initialization *", L"*************************", L""});
@@ -92,6 +97,8 @@ void startUp() noexcept {
         state.log.trace(L"Creating default ActionList...");
         attempt([&] { state.actions = makeActions(); });
         state.log.trace(L"Timer initialization");
+        attempt([] { timerForm().Enabled(false); });
+        attempt([] { timerForm().Interval(kTimerMilliseconds); });
         state.outlook.release();
         attempt([&] { state.texts.init(0); });
         logLines({L"*****************************", L"* fin Driver initialization *",
@@ -109,11 +116,13 @@ void shutDown() noexcept {
         });
         state.contacts = {};
         attempt([&] { state.directory.close(); });
+        attempt([&] { state.employees.close(); });
         attempt([&] { state.cache.closeDatabase(); });
         attempt([&] { state.cache.closeWorkspace(); });
         state.actions = {};
         state.log.trace(L"Outlook deallocation...");
         state.outlook.release();
+        timerForm().unload();
     } catch (...) {
         // What could not be closed goes with the process.
     }

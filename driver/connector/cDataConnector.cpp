@@ -5,6 +5,7 @@
 #include "connector/FolderConfiguration.h"
 #include "connector/StartUp.h"
 #include "core/DriverState.h"
+#include "dialogs/frmOutSelFolder.h"
 
 namespace zelbar {
 
@@ -76,6 +77,11 @@ Com<cContactRecord> cDataConnector::DataConnector_OpenContactRecord() {
 
 void cDataConnector::DataConnector_ClosePIM() {
     driver().outlook.release();
+}
+
+void cDataConnector::DataConnector_ConfigPIM() {
+    driver().log.trace(L"Select Outlook contacts folder...");
+    showFolderSelection();
 }
 
 Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wstring& entryId) {

@@ -16,8 +16,11 @@ class cDataConnector final : public DataConnectorBorder<cDataConnector> {
 
     bool DataConnector_ShowFolder(const std::wstring& name);
     Com<IDispatch> DataConnector_GetContactItemByContactItemID(const std::wstring& entryId);
-    void DataConnector_InitializeExportFolder(const std::wstring&, const std::wstring&) {}
-    void DataConnector_SynchronizeExportFolder() {}
+    bool DataConnector_InitializeExportFolder(const std::wstring& databasePath,
+                                              const std::wstring& folderName, const Com<IDispatch>& progress);
+    bool DataConnector_SynchronizeExportFolder(const std::wstring& databasePath,
+                                               const std::wstring& folderName,
+                                               const Com<IDispatch>& progress);
     std::wstring DataConnector_Version();
     bool DataConnector_PIMInstalled();
     long DataConnector_PIMName();
@@ -25,7 +28,7 @@ class cDataConnector final : public DataConnectorBorder<cDataConnector> {
     Com<cContact> DataConnector_GetActiveContact();
     Com<cContactRecord> DataConnector_OpenContactRecord();
     void DataConnector_ClosePIM();
-    void DataConnector_ConfigPIM() {}
+    void DataConnector_ConfigPIM();
     void DataConnector_WriteCache();
     void DataConnector_CreateContact(const std::wstring& name, const std::wstring& number, bool show);
     Com<cContact> DataConnector_GetContactByContactID(const std::wstring& entryId);

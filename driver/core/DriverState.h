@@ -8,6 +8,7 @@
 #include "com/Collection.h"
 #include "core/ContactCache.h"
 #include "core/DirectoryDatabase.h"
+#include "core/EmployeesDatabase.h"
 #include "core/OutlookConnection.h"
 #include "core/UserDoor.h"
 #include "support/FLog.h"
@@ -32,6 +33,7 @@ struct DriverState {
     Gateway gateway;
     ContactCache cache{gateway, log, paths};
     DirectoryDatabase directory{cache, paths};
+    EmployeesDatabase employees{cache};
     OutlookConnection outlook{gateway, log, errors, user, cache.stores()};
 
     /// How start-up waits; a test that cannot wait puts another in its place.
@@ -43,6 +45,8 @@ struct DriverState {
     bool firstLaunch = false;
     /// The search under way is the client's unified one: it wants business numbers only.
     bool unifiedSearch = false;
+    /// The export folder is being worked on; messages that are served meanwhile must not start it again.
+    bool exporting = false;
 
     Com<::PIMActions> actions;
     /// What the last `FillContactCollection` gave out.

@@ -7,6 +7,7 @@
 
 #include "com/ModuleState.h"
 #include "core/DriverState.h"
+#include "dialogs/DialogKeys.h"
 #include "support/Handle.h"
 
 namespace zelbar {
@@ -14,12 +15,6 @@ namespace zelbar {
 namespace {
 
 constexpr wchar_t kNoTitle[] = L"__NO_TITLE__";
-
-struct HookTraits {
-    using Type = HHOOK;
-    static Type empty() noexcept { return nullptr; }
-    static void close(Type hook) noexcept { UnhookWindowsHookEx(hook); }
-};
 
 struct WindowContextTraits {
     using Type = HDC;
@@ -44,9 +39,6 @@ class frmMessageForm final : public MessageWindow {
     void ShowMessage(const std::wstring& title, int option, const std::wstring& text) override;
     void Show() override;
 
-    /// True when a message was a key for this window and has been served.
-    bool serves(MSG& message) const noexcept;
-
   private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept;
     void layOut(const std::wstring& text);
@@ -56,7 +48,7 @@ class frmMessageForm final : public MessageWindow {
     void closed() noexcept;
 
     HWND window_ = nullptr;  // destroys itself, and is forgotten here as it does
-    Handle<HookTraits> keys_;
+    std::optional<DialogKeys> keys_;
     std::optional<LiveObject> live_;
 };
 
@@ -65,24 +57,13 @@ frmMessageForm& form() {
     return instance;
 }
 
-/// The client's message loop knows nothing of dialogs, so their keys are served before it sees them.
-LRESULT CALLBACK serveKeys(int code, WPARAM removal, LPARAM parameter) noexcept {
-    auto& message = *reinterpret_cast<MSG*>(parameter);
-    if (code == HC_ACTION && removal == PM_REMOVE && form().serves(message)) {
-        message.message = WM_NULL;
-        message.wParam = 0;
-        message.lParam = 0;
-    }
-    return CallNextHookEx(nullptr, code, removal, parameter);
-}
-
 void frmMessageForm::ShowMessage(const std::wstring& title, int, const std::wstring& text) {
     if (window_) DestroyWindow(window_);
     static const DialogTemplate kTemplate;
     window_ = CreateDialogIndirectParamW(moduleHandle(), &kTemplate.dialog, nullptr, procedure, 0);
     if (!window_) throw faultOf(HRESULT_FROM_WIN32(GetLastError()), L"frmMessageForm");
     live_.emplace();
-    keys_.reset(SetWindowsHookExW(WH_GETMESSAGE, serveKeys, nullptr, GetCurrentThreadId()));
+    keys_.emplace(window_);
     SetWindowTextW(window_, title == kNoTitle ? driver().module.title.c_str() : title.c_str());
     layOut(text);
     Show();
@@ -136,11 +117,6 @@ HWND frmMessageForm::addControl(const wchar_t* windowClass, const std::wstring& 
                         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), moduleHandle(), nullptr);
     SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(SendMessageW(window_, WM_GETFONT, 0, 0)), FALSE);
     return control;
-}
-
-bool frmMessageForm::serves(MSG& message) const noexcept {
-    return window_ && message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST &&
-           (message.hwnd == window_ || IsChild(window_, message.hwnd)) && IsDialogMessageW(window_, &message);
 }
 
 INT_PTR CALLBACK frmMessageForm::procedure(HWND window, UINT message, WPARAM wide, LPARAM) noexcept {

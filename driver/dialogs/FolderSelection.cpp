@@ -1,0 +1,46 @@
+#include "dialogs/FolderSelection.h"
+
+#include <utility>
+
+#include "core/DriverState.h"
+
+namespace zelbar {
+
+FolderSelection::FolderSelection()
+    : search_(std::make_unique<FolderSearch>(driver().gateway, driver().log, settings_.LimitPST())) {}
+
+bool FolderSelection::search() noexcept {
+    return search_ && search_->step();
+}
+
+void FolderSelection::load() {
+    // The search goes with all that it holds of Outlook.
+    const auto search = std::exchange(search_, nullptr);
+    FoundFolders found = search->take();
+    tree_ = std::move(found.tree);
+    reached_ = found.reached;
+    complete_ = found.complete;
+
+    const auto list = folders();
+    if (const auto stored = settings_.selection()) {
+        const SelectionMatch match = applySelection(*stored, list);
+        reinitialize_ = stored->reinitialize;
+        driver().log.trace(L"Nb folders in registry = ", match.stored, L" nb folders selected found = ",
+                           match.found);
+        storesChanged_ = complete_ && match.stored != match.found;
+    } else {
+        firstConfiguration_ = true;
+        selectFirst(list);
+        storesChanged_ = complete_ && settings_.InitPSTnumber() != found.stores;
+    }
+    signature_ = signatureOf(list);
+    if (storesChanged_) save(reinitialize_);
+}
+
+void FolderSelection::save(bool reinitialize) {
+    const auto list = folders();
+    const bool unchanged = signatureOf(list) == signature_ && !storesChanged_ && !foldersModified_;
+    settings_.save(list, reinitialize || !unchanged);
+}
+
+}  // namespace zelbar

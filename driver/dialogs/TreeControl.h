@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <optional>
+#include <vector>
+
+#include "dialogs/FolderTree.h"
+
+namespace zelbar {
+
+/// The folders of a tree in a tree view, the contacts folders with check boxes.
+class TreeControl {
+  public:
+    /// Takes the control of a dialog that has just been made, and shows the tree in it; its selected folders
+    /// are checked and in sight.
+    void attach(HWND tree, const FolderTree& folders);
+
+    /// Shows a folder that has come into the tree, and makes it the current one.
+    void insert(const FolderTree& folders, size_t position);
+
+    /// The current folder's place in the tree.
+    std::optional<size_t> current() const;
+    bool isChecked(size_t position) const;
+
+    /// Takes check marks away that the control has given to other folders than those of contacts.
+    void tidy(const FolderTree& folders);
+
+  private:
+    void add(const FolderTree& folders, size_t position);
+    void setImage(HTREEITEM item, UINT image);
+
+    HWND tree_ = nullptr;
+    std::vector<HTREEITEM> items_;  // by the folder's place in the tree
+};
+
+}  // namespace zelbar

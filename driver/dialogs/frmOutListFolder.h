@@ -1,0 +1,14 @@
+#pragma once
+
+#include <windows.h>
+
+#include "dialogs/FolderSelection.h"
+
+namespace zelbar {
+
+/// Shows Outlook's folders as a tree in which the user checks contacts folders, until he closes it; the owner
+/// cannot be used meanwhile. With OK his choice goes into the selection. A folder that he makes is in Outlook
+/// and in the selection's tree at once, whatever he does next. Throws when the window cannot be made.
+void showFolderTree(HWND owner, FolderSelection& selection);
+
+}  // namespace zelbar

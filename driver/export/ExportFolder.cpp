@@ -1,0 +1,121 @@
+#include "export/ExportFolder.h"
+
+#include "automation/Fault.h"
+#include "automation/OutlookNames.h"
+#include "core/DriverState.h"
+#include "export/ExportMapping.h"
+#include "support/CRegSettings.h"
+#include "support/Text.h"
+
+namespace zelbar {
+
+namespace {
+
+constexpr wchar_t kFolderKey[] = L"TransfertFolder";
+constexpr wchar_t kMessageTitle[] = L"Tessaria Outlook 2000 driver.";
+
+CRegSettings exportSettings() {
+    return CRegSettings(L"7316\\Popup\\outlook98");
+}
+
+std::wstring configuredName() {
+    return CRegSettings(L"7316\\VEXPhone").GetSetting(L"Settings", L"zelbarExportFolder");
+}
+
+/// One attempt to open the folder; what it says goes into the verdict over all attempts.
+template <class Question>
+void attempt(LookUp& answer, Question&& question) {
+    try {
+        Object folder = question();
+        if (!folder) throw runtimeFault(fault::kObjectNotSet);
+        answer = {LookUp::Verdict::Found, std::move(folder), {}};
+    } catch (...) {
+        const Fault fault = caughtFault();
+        driver().log.fault(L"Error (GetExportFolder): ", fault);
+        if (saysNotFound(fault)) return;
+        answer.verdict = LookUp::Verdict::Failed;
+        answer.fault = fault;
+    }
+}
+
+bool hasFolderCalled(const Object& parent, const std::wstring& name) {
+    const Object folders = parent.object(outlook::Folders);
+    const long count = folders.integer(outlook::Count);
+    for (long i = 1; i <= count; ++i)
+        if (lstrcmpiW(folders.object(outlook::FolderAt, i).text(outlook::Name).c_str(), name.c_str()) == 0)
+            return true;
+    return false;
+}
+
+/// No error number says for sure that a name is taken, so the folders themselves are asked.
+bool nameIsTaken(const Object& parent, const std::wstring& name) noexcept {
+    try {
+        return hasFolderCalled(parent, name);
+    } catch (...) {
+        return false;
+    }
+}
+
+}  // namespace
+
+LookUp GetExportFolder(const Object& session) {
+    FLog& log = driver().log;
+    log.trace(L"IN GetExportFolder");
+    const CRegSettings settings = exportSettings();
+    // One of the ways in which settings are written makes a blank of an empty text.
+    const std::wstring entryId(trimmed(settings.GetSetting(kFolderKey, L"EntryId")));
+    const std::wstring storeId(trimmed(settings.GetSetting(kFolderKey, L"StoreId")));
+    log.trace(L"EntryId ", entryId);
+    log.trace(L"StoreId ", storeId);
+    LookUp answer;
+    if (!entryId.empty() && !storeId.empty()) {
+        log.trace(L"StoreId and StoreId <> 0");
+        attempt(answer, [&] { return session.object(outlook::GetFolderFromID, entryId, storeId); });
+        if (!answer.found()) {
+            log.trace(L"oTargetfolder Is Nothing, try find oTargetfolder only with EntryId");
+            attempt(answer, [&] { return session.object(outlook::GetFolderFromID, entryId); });
+        }
+    }
+    if (answer.found()) {
+        log.trace(L"oTargetfolder Is Not Nothing");
+        log.trace(L"oTargetfolder Name Is ", configuredName());
+    } else {
+        log.trace(L"oTargetfolder Is Nothing");
+    }
+    log.trace(L"Exit GetExportFolder");
+    return answer;
+}
+
+Object createExportFolder(const Object& session, const std::wstring& name) {
+    DriverState& state = driver();
+    std::wstring chosen = name.empty() ? configuredName() : name;
+    if (chosen.empty()) chosen = state.texts.translate(categoryTextOf(ExportMode::Employee));
+    const Object parent =
+        session.object(outlook::GetDefaultFolder, outlook::kDefaultContacts).object(outlook::Parent);
+    exportSettings().SaveSetting(L"", L"IsNewWXDFolder", L"1");
+    Object folder;
+    try {
+        folder =
+            parent.object(outlook::Folders).object(outlook::AddFolder, chosen, outlook::kDefaultContacts);
+    } catch (...) {
+        const Fault fault = caughtFault();
+        if (!nameIsTaken(parent, chosen)) throw fault;
+        state.log.fault(L"Error (InitializeExportFolder): ", fault);
+        state.user.messageBox(
+            state.texts.translate(L"#07110#A folder with this name already exists. Please use another name."),
+            kMessageTitle, MB_OK | MB_ICONEXCLAMATION);
+        return {};
+    }
+    storeExportFolder(folder);
+    return folder;
+}
+
+void storeExportFolder(const Object& folder) {
+    const std::wstring entryId = folder.text(outlook::EntryID);
+    const std::wstring storeId = folder.text(outlook::StoreID);
+    CRegSettings settings = exportSettings();
+    settings.SaveSetting(kFolderKey, L"EntryId", entryId);
+    settings.SaveSetting(kFolderKey, L"StoreId", storeId);
+}
+
+}  // namespace zelbar

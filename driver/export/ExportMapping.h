@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <iterator>
+
+#include "automation/OutlookNames.h"
+
+/// What of the directory goes where in Outlook.
+namespace zelbar {
+
+/// Where a row was found, which decides what the contact is filed as.
+enum class ExportMode { PhoneSet, Employee };
+
+struct ExportQuery {
+    ExportMode mode;
+    const wchar_t* sql;
+};
+
+inline constexpr ExportQuery kExportQueries[] = {
+    {ExportMode::PhoneSet,
+     L"Select * from BLFPagesContents, Employees where Employees.EmployeeId = BLFPagesContents.EmployeeId "
+     L"and "
+     L"BindToEmployee = 0 and BLFpageId = 1"},
+    {ExportMode::Employee,
+     L"Select * from BLFPagesContents, Employees where Employees.EmployeeId = BLFPagesContents.EmployeeId "
+     L"and "
+     L"BLFpageId = 2"},
+};
+
+/// The category of a mode's contacts, as a numbered text.
+inline constexpr const wchar_t* categoryTextOf(ExportMode mode) {
+    return mode == ExportMode::PhoneSet ? L"#07088#Phone sets" : L"#07060#Employees";
+}
+
+/// One column of the table `Employees` and the contact field that it fills.
+struct ExportedColumn {
+    const wchar_t* column;
+    Member field;
+    /// Outlook asks its user before it lets a program read this field.
+    bool isAddress = false;
+};
+
+inline constexpr ExportedColumn kExportedColumns[] = {
+    {L"FirstName", outlook::FirstName},
+    {L"LastName", outlook::LastName},
+    {L"Department", outlook::Department},
+    {L"EmailAddress", outlook::Email1Address, true},
+    {L"BusinessPhone", outlook::BusinessTelephoneNumber},
+    {L"BusinessPhone2", outlook::Business2TelephoneNumber},
+    {L"MobilePhone", outlook::MobileTelephoneNumber},
+    {L"HomePhone", outlook::HomeTelephoneNumber},
+    {L"PagerPhone", outlook::PagerNumber},
+    {L"OtherPhone", outlook::OtherTelephoneNumber},
+    {L"BillingInformation", outlook::BillingInformation},
+};
+inline constexpr size_t kExportedColumnCount = std::size(kExportedColumns);
+
+/// One value for each exported column, in the order of the table.
+template <class Value>
+using ByColumn = std::array<Value, kExportedColumnCount>;
+
+/// The columns behind the two user properties that every exported contact carries, and these.
+inline constexpr wchar_t kEmployeeKeyColumn[] = L"Employees.EmployeeID";
+inline constexpr wchar_t kCategoryColumn[] = L"Categories";
+inline constexpr wchar_t kEmployeeIdProperty[] = L"EmployeeId";
+inline constexpr wchar_t kCategorieIdProperty[] = L"CategorieId";
+
+}  // namespace zelbar

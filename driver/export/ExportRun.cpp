@@ -1,0 +1,96 @@
+#include "export/ExportRun.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "core/MessageYield.h"
+
+namespace zelbar {
+
+namespace {
+
+constexpr long kPermissionDenied = 70;
+/// How many parts of a step are done between two reports.
+constexpr size_t kReportEvery = 50;
+constexpr Member kProgress{L"Progress"};
+
+}  // namespace
+
+bool saysOutlookGone(const Fault& fault) {
+    constexpr unsigned long kGone[] = {
+        462,           // nothing answers behind the reference
+        0x80010007UL,  // the server died
+        0x80010012UL,  // the same, the call not carried out
+        0x80010108UL,  // disconnected from its clients
+        0x800706B5UL,  // the interface is not served any more
+        0x800706BEUL,  // it died in the middle of a call
+        0x800706BFUL,  // the same, the call not carried out
+        static_cast<unsigned long>(OutlookConnection::kConnectionLost),
+    };
+    return std::find(std::begin(kGone), std::end(kGone), static_cast<unsigned long>(fault.number)) !=
+           std::end(kGone);
+}
+
+ExportRun::ExportRun(const wchar_t* routine, Com<IDispatch> client) : routine_(routine) {
+    DriverState& state = driver();
+    if (state.exporting) throw Fault{kPermissionDenied, L"The export folder is being worked on.", routine};
+    if (client) client_ = Object(state.gateway, Server::Client, std::move(client), kUnknownClass);
+    categories_ = {state.texts.translate(categoryTextOf(ExportMode::PhoneSet)),
+                   state.texts.translate(categoryTextOf(ExportMode::Employee))};
+    state.exporting = true;
+}
+
+ExportRun::~ExportRun() {
+    driver().exporting = false;
+}
+
+std::vector<EmployeeRow> ExportRun::readDirectory(const std::wstring& path) {
+    EmployeesDatabase& database = driver().employees;
+    database.open(path);
+    std::vector<EmployeeRow> rows = readEmployeeRows(database, [this] { yield(); });
+    trace(L" rows of the directory: ", rows.size());
+    return rows;
+}
+
+void ExportRun::add(const Object& items, const EmployeeRow& row, size_t line) {
+    guarded(line, [&] { addContact(items, row, categories_, addresses_); });
+}
+
+void ExportRun::rowFailed(const Fault& fault, size_t line) {
+    complete_ = false;
+    driver().log.trace(L"cDataConnector.copyToContactItem", L" Error in ", fault.source, L". ",
+                       fault.description, L" (", fault.number, L") at line ", line);
+    if (saysOutlookGone(fault)) throw fault;
+}
+
+void ExportRun::begin(const wchar_t* step, size_t total) {
+    step_ = step;
+    done_ = 0;
+    total_ = total;
+    report();
+}
+
+void ExportRun::advance() {
+    ++done_;
+    if (done_ % kReportEvery == 0 || done_ == total_) report();
+    yield();
+}
+
+void ExportRun::yield() noexcept {
+    yieldToMessages();
+}
+
+void ExportRun::report() noexcept {
+    trace(L" ", step_, L" ", done_, L" of ", total_);
+    if (!client_) return;
+    try {
+        client_.call(kProgress, step_, static_cast<long>(done_), static_cast<long>(total_));
+    } catch (...) {
+        // A client that cannot be told is not told again; the export is none the worse for it.
+        driver().log.fault(L"Error (export progress): ", caughtFault());
+        client_ = {};
+    }
+}
+
+}  // namespace zelbar

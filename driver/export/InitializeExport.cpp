@@ -1,0 +1,31 @@
+#include <utility>
+
+#include "core/DriverState.h"
+#include "export/Export.h"
+#include "export/ExportFolder.h"
+#include "export/ExportRun.h"
+
+namespace zelbar {
+
+bool initializeExportFolder(const std::wstring& databasePath, const std::wstring& folderName,
+                            Com<IDispatch> client) {
+    DriverState& state = driver();
+    state.log.trace(L"In InitializeExportFolder");
+    ExportRun run(L"cDataConnector.InitializeExportFolder", std::move(client));
+    // A directory that cannot be read must not leave an empty folder behind.
+    const std::vector<EmployeeRow> rows = run.readDirectory(databasePath);
+    const Object session = state.outlook.GetNameSpace();
+    LookUp folder = GetExportFolder(session);
+    if (folder.failed()) throw folder.fault;
+    if (folder.gone()) folder.item = createExportFolder(session, folderName);
+    if (!folder.item) return false;
+    const Object items = folder.item.object(outlook::Items);
+    run.begin(L"add", rows.size());
+    for (size_t i = 0; i < rows.size(); ++i) {
+        run.add(items, rows[i], i + 1);
+        run.advance();
+    }
+    return run.complete();
+}
+
+}  // namespace zelbar

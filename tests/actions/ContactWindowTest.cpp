@@ -1,0 +1,100 @@
+#include "tests/actions/ActionTest.h"
+
+namespace zelbar {
+
+namespace {
+
+class ContactWindow : public ActionTest {
+  protected:
+    Com<::CallAction> opener(short choice) {
+        const auto result = action(kOpen);
+        settingOf(*result, L"NewOnInexistant")->put_ValueIndex(choice);
+        return result;
+    }
+    size_t contacts() { return saved(SpecialFolder::Contacts).size(); }
+};
+
+TEST_F(ContactWindow, TheChoiceDecidesWhatIsOpenedAndMade) {
+    const struct {
+        short choice;
+        bool opens, creates;
+    } cases[] = {{0, true, false}, {1, false, true}, {2, true, true}};
+    for (const auto& c : cases) {
+        run(*opener(c.choice), known());
+        EXPECT_EQ(windows().size(), c.opens ? 1u : 0u) << c.choice;
+        EXPECT_EQ(contacts(), 1u);
+        outlook.quit();
+
+        const auto caller = unknown();
+        caller->Contact_FullName(L"Carl Dorn");
+        const auto after = run(*opener(c.choice), caller);
+        EXPECT_EQ(after.get(), static_cast<::Contact*>(caller.get())) << "the caller's contact stays";
+        ASSERT_EQ(contacts(), c.creates ? 2u : 1u) << c.choice;
+        EXPECT_EQ(windows(),
+                  c.creates ? std::vector<std::wstring>{L"Carl Dorn"} : std::vector<std::wstring>{});
+        outlook.quit();
+        if (!c.creates) continue;
+        const auto made = saved(SpecialFolder::Contacts).back();
+        EXPECT_EQ(made.field(L"FullName"), L"Carl Dorn");
+        EXPECT_EQ(made.field(L"BusinessTelephoneNumber"), L"0123");
+        outlook.mailbox().eraseItem(made.id);
+    }
+    for (const char* line : {"Opening Berg, Anna (555 100)", "OPEN ------------------",
+                             "Opening Berg, Anna...", "Unknown contact: Carl Dorn (Not found in Outlook)...",
+                             "Creating new contact from: Carl Dorn and 0123..."})
+        EXPECT_TRUE(traced(line)) << line;
+}
+
+TEST_F(ContactWindow, AContactThatHasGoneIsUnknownButOneThatCannotBeReadIsNot) {
+    const auto caller = known();
+    faults().failMember(L"GetItemFromID", {static_cast<HRESULT>(0x80010001)});
+    run(*opener(1), caller);
+    EXPECT_EQ(contacts(), 1u) << "Outlook was busy; making Anna again would double her";
+    EXPECT_TRUE(traced("Error (ExecuteAction - ActionOpenContact): "));
+    faults().clear();
+    outlook.mailbox().eraseItem(anna.id);
+    run(*opener(2), caller);
+    EXPECT_EQ(contacts(), 1u);
+    EXPECT_EQ(windows(), std::vector<std::wstring>{L"Anna Berg"});
+}
+
+TEST_F(ContactWindow, ManyContactsAreNeitherKnownNorUnknown) {
+    const auto caller = unknown();
+    caller->Contact_FullName(L"MANY");
+    run(*opener(2), caller);
+    EXPECT_EQ(contacts(), 1u);
+    EXPECT_TRUE(windows().empty());
+    EXPECT_FALSE(traced("Unknown contact"));
+}
+
+TEST_F(ContactWindow, NobodyIsOpened) {
+    EXPECT_FALSE(run(*opener(2), {}));
+    EXPECT_TRUE(traced("CITem = Nothing"));
+    EXPECT_EQ(contacts(), 1u);
+}
+
+TEST_F(ContactWindow, ClosingEndsTheWindowAndTakesTheContactAway) {
+    run(*opener(0), known());
+    EXPECT_FALSE(run(*action(kClose), known()));
+    EXPECT_TRUE(windows().empty());
+    EXPECT_TRUE(traced("Closing Berg, Anna"));
+    EXPECT_TRUE(traced("CLOSE -----------------"));
+    EXPECT_EQ(outlook.server().calls().invocations(L"Inspector.Close"), 1);
+}
+
+TEST_F(ContactWindow, ClosingTakesTheContactAwayInEveryCase) {
+    const auto gone = known();
+    outlook.mailbox().eraseItem(anna.id);
+    EXPECT_FALSE(run(*action(kClose), gone));
+    EXPECT_TRUE(
+        traced("Error (ExecuteAction - ActionCloseContact): Object variable or With block variable not set"));
+    outlook.server().calls().reset();
+    EXPECT_FALSE(run(*action(kClose), unknown()));
+    EXPECT_FALSE(run(*action(kClose), {}));
+    EXPECT_EQ(outlook.server().calls().invocations(), 0);
+    EXPECT_EQ(trace().back(), "Closing ");
+}
+
+}  // namespace
+
+}  // namespace zelbar
