@@ -60,6 +60,11 @@ std::span<const std::wstring> Arguments::takeOption(std::span<const std::wstring
     return words;
 }
 
+const std::wstring& Arguments::needed(std::wstring_view option) const {
+    if (!has(option)) throw UsageError(std::wstring(option) + L" is needed.");
+    return value(option);
+}
+
 const wchar_t* Arguments::oneOf(const wchar_t* first, const wchar_t* second) const {
     if (has(first) == has(second))
         throw UsageError(std::wstring(L"Exactly one of ") + first + L" and " + second + L" is needed.");

@@ -26,6 +26,12 @@ class Arguments {
     bool has(std::wstring_view option) const { return values_.contains(std::wstring(option)); }
     /// The value of an option that is there; empty for a switch.
     const std::wstring& value(std::wstring_view option) const { return values_.at(std::wstring(option)); }
+    /// The value of an option; empty when it is not there.
+    std::wstring valueOrNone(std::wstring_view option) const {
+        return has(option) ? value(option) : std::wstring();
+    }
+    /// The value of an option; throws `UsageError` when it is not there.
+    const std::wstring& needed(std::wstring_view option) const;
     /// Which one of two options is there; throws `UsageError` unless it is exactly one.
     const wchar_t* oneOf(const wchar_t* first, const wchar_t* second) const;
     /// Throws `UsageError` unless there is exactly one operand, and that not empty; `meaning` names it.

@@ -30,6 +30,17 @@ Bstr::Bstr(std::wstring_view text) : text_(SysAllocStringLen(text.data(), static
     if (!text_) throw std::bad_alloc();
 }
 
+Value::Value(const std::wstring& text) {
+    value_.bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    if (!value_.bstrVal) throw std::bad_alloc();
+    value_.vt = VT_BSTR;
+}
+
+Value::Value(bool on) {
+    value_.vt = VT_BOOL;
+    value_.boolVal = on ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
 Value::Value(Value&& other) noexcept : value_(other.value_) {
     VariantInit(&other.value_);
 }
@@ -45,6 +56,20 @@ std::wstring Value::text() const {
     const Value converted = convertedTo(VT_BSTR);
     const BSTR text = converted.value_.bstrVal;
     return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
+}
+
+std::vector<std::wstring> Value::texts() const {
+    if (value_.vt != (VT_ARRAY | VT_BSTR)) return {};
+    LONG first = 0, last = -1;
+    require(SafeArrayGetLBound(value_.parray, 1, &first), L"reading a list");
+    require(SafeArrayGetUBound(value_.parray, 1, &last), L"reading a list");
+    std::vector<std::wstring> result;
+    for (LONG index = first; index <= last; ++index) {
+        Bstr text;
+        require(SafeArrayGetElement(value_.parray, &index, text.put()), L"reading a list");
+        result.push_back(text.text());
+    }
+    return result;
 }
 
 long Value::integer() const {
@@ -83,7 +108,7 @@ std::vector<Value> elementsOf(IDispatch& collection) {
     }
 }
 
-Value propertyOf(IDispatch& object, const wchar_t* name) {
+Value resultOf(IDispatch& object, const wchar_t* name) {
     auto* mutableName = const_cast<LPOLESTR>(name);
     DISPID member = DISPID_UNKNOWN;
     require(object.GetIDsOfNames(IID_NULL, &mutableName, 1, LOCALE_USER_DEFAULT, &member), name);

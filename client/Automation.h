@@ -37,13 +37,20 @@ class Bstr {
 class Value {
   public:
     Value() = default;
+    /// Throws std::bad_alloc.
+    explicit Value(const std::wstring& text);
+    explicit Value(bool on);
     Value(Value&& other) noexcept;
     Value& operator=(Value&&) = delete;
     ~Value() { VariantClear(&value_); }
 
     /// The address for an out argument, only of an empty one.
     VARIANT* put() { return &value_; }
+    /// For an in argument: the value stays this object's.
+    const VARIANT& raw() const { return value_; }
     std::wstring text() const;
+    /// The elements of an array of texts; none for anything else.
+    std::vector<std::wstring> texts() const;
     long integer() const;
     bool boolean() const;
     /// The interface asked for of the object that it holds; none when it holds no such object.
@@ -70,7 +77,7 @@ std::wstring describe(HRESULT result);
 /// What a client's For Each delivers: all elements of a collection, in their order.
 std::vector<Value> elementsOf(IDispatch& collection);
 
-/// A property read by its name.
-Value propertyOf(IDispatch& object, const wchar_t* name);
+/// What a property, or a method without arguments, gives that is reached by its name.
+Value resultOf(IDispatch& object, const wchar_t* name);
 
 }  // namespace pimcall

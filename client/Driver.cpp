@@ -14,12 +14,6 @@ ComPtr<Interface> expected(ComPtr<Interface> object, const wchar_t* what) {
     return object;
 }
 
-Action readAction(const Value& element) {
-    const auto object = expected(element.object<IDispatch>(), L"action");
-    return {propertyOf(*object.Get(), L"ActionID").integer(), propertyOf(*object.Get(), L"ActionName").text(),
-            propertyOf(*object.Get(), L"PassiveAction").boolean()};
-}
-
 }  // namespace
 
 ComPtr<Contact> Cursor::findFirst(SearchKind kind, const std::wstring& text) {
@@ -62,11 +56,15 @@ std::wstring Driver::version() const {
     return version.text();
 }
 
-Cursor Driver::openCursor() const {
+void Driver::requireOutlook() const {
     VARIANT_BOOL installed = VARIANT_FALSE;
     require(connector_->get_PIMInstalled(&installed), L"PIMInstalled");
     if (installed == VARIANT_FALSE)
         throw Failure(L"The driver found no Outlook on this computer; the user's error file tells why.");
+}
+
+Cursor Driver::openCursor() const {
+    requireOutlook();
     ComPtr<ContactRecord> record;
     require(connector_->OpenContactRecord(record.GetAddressOf()), L"OpenContactRecord");
     return Cursor(expected(record, L"search"));
@@ -79,13 +77,55 @@ ComPtr<Contact> Driver::contactById(const std::wstring& id) const {
     return expected(contact, L"contact");
 }
 
-std::vector<Action> Driver::actions() const {
+ComPtr<PIMActions> Driver::actionList() const {
     ComPtr<PIMActions> list;
     require(connector_->get_Actions(list.GetAddressOf()), L"Actions");
+    return expected(list, L"list of actions");
+}
+
+std::vector<Action> Driver::actions() const {
     std::vector<Action> actions;
-    for (const Value& element : elementsOf(*expected(list, L"list of actions").Get()))
-        actions.push_back(readAction(element));
+    for (const Value& element : elementsOf(*actionList().Get())) actions.push_back(readAction(element));
     return actions;
+}
+
+OwnAction Driver::copyAction(long id) const {
+    ComPtr<IDispatch> action;
+    require(actionList()->Item(id, action.GetAddressOf()), L"Item");
+    const Value copy = resultOf(*expected(action, L"action of this kind").Get(), L"CopyAction");
+    return OwnAction(expected(copy.object<PIMAction>(), L"copy of an action"));
+}
+
+ComPtr<Contact> Driver::activeContact() const {
+    requireOutlook();
+    ComPtr<Contact> contact;
+    require(connector_->GetActiveContact(contact.GetAddressOf()), L"GetActiveContact");
+    return contact;
+}
+
+void Driver::createContact(const std::wstring& name, const std::wstring& number, bool show) const {
+    requireOutlook();
+    require(
+        connector_->CreateContact(Bstr(name).get(), Bstr(number).get(), show ? VARIANT_TRUE : VARIANT_FALSE),
+        L"CreateContact");
+}
+
+bool Driver::showFolder(const std::wstring& name) const {
+    requireOutlook();
+    VARIANT_BOOL opened = VARIANT_FALSE;
+    require(connector_->ShowFolder(Bstr(name).get(), &opened), L"ShowFolder");
+    return opened != VARIANT_FALSE;
+}
+
+void Driver::configure() const {
+    require(connector_->ConfigPIM(), L"ConfigPIM");
+}
+
+bool Driver::isConfigured() const {
+    Value result;
+    require(connector_->ExecuteCommand(Bstr(L"isFolderConfigured").get(), Value().raw(), result.put()),
+            L"isFolderConfigured");
+    return result.boolean();
 }
 
 std::wstring creationAdvice(HRESULT result) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "client/Automation.h"
+#include "client/CallAction.h"
 
 namespace pimcall {
 
@@ -32,14 +33,6 @@ class Cursor {
     ComPtr<ContactRecord> record_;
 };
 
-/// One of the actions that the driver offers for a call.
-struct Action {
-    long id = 0;
-    std::wstring name;
-    /// Whether it leaves an unknown caller alone.
-    bool passive = true;
-};
-
 /// The driver behind its entry object. Every call throws `Failure` when the driver does.
 class Driver {
   public:
@@ -53,8 +46,25 @@ class Driver {
     /// The contact with an identifier, or one that is not in the PIM.
     ComPtr<Contact> contactById(const std::wstring& id) const;
     std::vector<Action> actions() const;
+    /// A copy of the action with an identifier, for a client to keep and to set.
+    OwnAction copyAction(long id) const;
+
+    /// The contact whose window is in front in Outlook; none without such a window.
+    ComPtr<Contact> activeContact() const;
+    /// Makes a contact in Outlook, and opens its window if `show`. The driver does not tell what came of it.
+    void createContact(const std::wstring& name, const std::wstring& number, bool show) const;
+    /// Shows the folder "contacts" or "journal". True only when a window had to be opened for it.
+    bool showFolder(const std::wstring& name) const;
+    /// Lets the driver open its window for the choice of contacts folders, which does not wait for the user.
+    void configure() const;
+    /// Whether there are chosen folders and a cache of them.
+    bool isConfigured() const;
 
   private:
+    /// Throws `Failure` when the driver has no Outlook.
+    void requireOutlook() const;
+    ComPtr<PIMActions> actionList() const;
+
     ComPtr<DataConnector> connector_;
 };
 

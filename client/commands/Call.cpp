@@ -1,42 +1,62 @@
+#include <algorithm>
+#include <array>
 #include <string>
 
+#include "client/ActionOptions.h"
 #include "client/Actions.h"
+#include "client/CallInformation.h"
 #include "client/ContactCard.h"
 #include "client/ContactJson.h"
 #include "client/ContactText.h"
 #include "client/Json.h"
+#include "client/OpenWindows.h"
 #include "client/Text.h"
 #include "client/commands/Commands.h"
 
 namespace pimcall {
 namespace {
 
-/// What the telephony client learns about one call.
+/// What the telephony client learns about one call, and does about it.
 struct CallReport {
-    bool incoming = true;
-    std::wstring number;
+    CallDetails details;
     ContactCard contact;
     /// Matching entries of the cache; one contact may have several.
     long matches = 0;
     bool noMatch = false;
     std::vector<Action> actions;
+    /// Those that were run.
+    std::vector<std::wstring> actionsRun;
+    /// An action has taken the contact away: the call is over.
+    bool contactReleased = false;
 };
 
-CallReport answerCall(Driver& driver, bool incoming, const std::wstring& number) {
+/// Runs actions one after the other, as the client does in the course of a call.
+void runActions(std::vector<OwnAction> actions, ComPtr<Contact> contact, CallReport& report) {
+    for (OwnAction& action : actions) {
+        action.run(contact);
+        report.actionsRun.push_back(action.name());
+    }
+    report.contactReleased = !actions.empty() && !contact;
+}
+
+CallReport answerCall(const Driver& driver, const CallDetails& details, const std::wstring& information,
+                      const ActionOptions& options) {
     CallReport report;
-    report.incoming = incoming;
-    report.number = number;
+    report.details = details;
     Cursor cursor = driver.openCursor();
-    report.contact = readCard(*cursor.findFirst(SearchKind::Number, number).Get());
+    const ComPtr<Contact> contact = cursor.findFirst(SearchKind::Number, details.number);
+    report.contact = readCard(*contact.Get());
     report.matches = cursor.count();
     report.noMatch = cursor.noMatch();
     report.actions = driver.actions();
+    require(contact->put_PersonalData(Value(information).raw()), L"PersonalData");
+    runActions(options.configure(driver), contact, report);
     return report;
 }
 
 std::wstring reportText(const CallReport& report, bool verbose) {
-    std::wstring text = report.incoming ? L"Incoming call from " : L"Outgoing call to ";
-    text += oneLine(report.number) + L"\n\n";
+    std::wstring text = report.details.incoming ? L"Incoming call from " : L"Outgoing call to ";
+    text += oneLine(report.details.number) + L"\n\n";
     if (report.contact.inPim) {
         text += contactText(report.contact, verbose);
         if (report.matches > 1)
@@ -46,39 +66,74 @@ std::wstring reportText(const CallReport& report, bool verbose) {
         text += L"Unknown caller\n";
         if (!report.noMatch) text += std::wstring(kNotAPlainMiss) + L'\n';
     }
-    return text + L"\nActions: " + actionNames(report.actions) + L'\n';
+    text += L"\nActions: " + listed(namesOf(report.actions)) + L'\n';
+    if (!report.actionsRun.empty()) text += L"Run: " + listed(report.actionsRun) + L'\n';
+    if (report.contactReleased) text += L"The driver has let go of the contact: the call is over.\n";
+    return text;
 }
 
 std::wstring reportJson(const CallReport& report) {
     return json::Object()
-        .text(L"direction", report.incoming ? L"incoming" : L"outgoing")
-        .text(L"number", report.number)
+        .text(L"direction", report.details.incoming ? L"incoming" : L"outgoing")
+        .text(L"number", report.details.number)
         .boolean(L"known", report.contact.inPim)
         .number(L"matches", report.matches)
         .boolean(L"noMatch", report.noMatch)
         .raw(L"contact", contactJson(report.contact))
         .raw(L"actions", actionsJson(report.actions))
+        .raw(L"run", namesJson(report.actionsRun))
+        .boolean(L"contactReleased", report.contactReleased)
         .str();
 }
 
+CallDetails detailsOf(const Arguments& arguments, const ActionOptions& options) {
+    const std::wstring direction = arguments.oneOf(L"--from", L"--to");
+    CallDetails details;
+    details.incoming = direction == L"--from";
+    details.number = arguments.value(direction);
+    options.describe(details);
+    return details;
+}
+
 ExitCode run(const Context& context) {
-    const std::wstring direction = context.arguments.oneOf(L"--from", L"--to");
     context.arguments.refuseOperands();
-    Driver driver = context.driver();
-    const CallReport report = answerCall(driver, direction == L"--from", context.arguments.value(direction));
+    const auto options = ActionOptions::parse(context.arguments);
+    const CallDetails details = detailsOf(context.arguments, options);
+    const std::wstring information = options.any() ? callInformation(details) : L"";
+    const CallReport report = answerCall(context.driver(), details, information, options);
     if (context.json())
         context.out.line(reportJson(report));
     else
         context.out.write(reportText(report, context.verbose()));
+    // A program that did not start is told in a window, which is gone when this program ends.
+    serveOpenWindows();
     return report.contact.inPim ? ExitCode::Found : ExitCode::NotFound;
 }
 
-constexpr Option kOptions[] = {{L"--from", L"NUMBER"}, {L"--to", L"NUMBER"}};
+constexpr auto kOptions = [] {
+    std::array<Option, 2 + std::size(kActionOptions)> all{Option{L"--from", L"NUMBER"},
+                                                          Option{L"--to", L"NUMBER"}};
+    std::ranges::copy(kActionOptions, all.begin() + 2);
+    return all;
+}();
 
 }  // namespace
 
 const Command kCall = {
-    L"call", L"call --from NUMBER | --to NUMBER",
-    L"Asks for the contact behind a call, as the telephony client does, and for the actions.", kOptions, run};
+    L"call", L"call --from NUMBER | --to NUMBER [--action ACTION[,ACTION...]] [OPTION...]",
+    L"Asks for the contact behind a call, as the telephony client does, and for the actions; runs those "
+    L"named,\n"
+    L"      in that order. The driver does not tell what came of them: Outlook shows it, and the driver's "
+    L"log.\n"
+    L"        open      opens the contact; --create: makes one for an unknown caller as well;\n"
+    L"                  --create-only: makes one for an unknown caller, and opens none that is found\n"
+    L"        mail      sends a mail about the call; --to-address ADDRESS; --leave-open: shows it instead\n"
+    L"        journal   writes a journal entry\n"
+    L"        launch    starts a program; --path FOLDER; --arguments TEXT: program and arguments, where $1 "
+    L"is\n"
+    L"                  the number, $2 the own number, $3 INC or OUT, $4 the origin\n"
+    L"        close     closes the contact\n"
+    L"      About the call: --start \"DATE TIME\", --duration TEXT, --local-number NUMBER, --origin TEXT",
+    kOptions, run};
 
 }  // namespace pimcall

@@ -26,7 +26,7 @@ struct Command {
     const wchar_t* name;
     /// How it is written, without the name of the program.
     const wchar_t* synopsis;
-    /// What it does, in one sentence.
+    /// What it does; further lines are indented like the first.
     const wchar_t* summary;
     /// Its options beside those that every command has.
     std::span<const Option> options;
@@ -39,9 +39,14 @@ inline constexpr wchar_t kNotAPlainMiss[] =
     L"Outlook "
     L"or the cache does not answer. The driver's log tells which.";
 
+extern const Command kActions;
+extern const Command kActive;
 extern const Command kCall;
+extern const Command kConfig;
+extern const Command kCreate;
 extern const Command kFind;
 extern const Command kShow;
+extern const Command kShowFolder;
 
 /// All commands, in the order of the help.
 std::span<const Command* const> allCommands();

@@ -1,43 +1,13 @@
-#include <PIMDriverAbstract.h>
-
-#include "com/ClassFactory.h"
-#include "connector/cDataConnector.h"
-#include "tests/client/ProgramRun.h"
-#include "tests/fixture/DriverTest.h"
+#include "tests/client/HostedTest.h"
 
 namespace pimcall {
 namespace {
 
+using CallTest = HostedTest;
+
 constexpr wchar_t kActions[] =
     L"\nActions: Open the contact; Close the contact; Send an e-mail; Write a journal entry; "
     L"Start a program\n";
-
-/// The program and the driver in one process, between an Outlook and a DAO that live there too.
-class CallTest : public zelbar::DriverTest {
-  protected:
-    CallTest() {
-        const auto factory = zelbar::makeClassFactory(
-            [] { return zelbar::Com<IUnknown>(zelbar::makeObject<zelbar::cDataConnector>()); });
-        EXPECT_EQ(S_OK, CoRegisterClassObject(CLSID_cDataConnector, factory.get(), CLSCTX_INPROC_SERVER,
-                                              REGCLS_MULTIPLEUSE, &registration_));
-    }
-    void TearDown() override {
-        CoRevokeClassObject(registration_);
-        DriverTest::TearDown();
-    }
-
-    ExitCode run(const std::vector<std::wstring>& words) {
-        const ProgramRun run(words, Driver::create);
-        EXPECT_EQ(L"", run.error);
-        out = run.out;
-        return run.exitCode;
-    }
-
-    std::wstring out;
-
-  private:
-    DWORD registration_ = 0;
-};
 
 TEST_F(CallTest, AKnownCaller) {
     registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"NoEmailAddressAccess", L"0");
@@ -74,7 +44,8 @@ TEST_F(CallTest, AnUnknownCaller) {
         out.starts_with(L"{\"direction\":\"incoming\",\"number\":\"0\\\"1\",\"known\":false,"
                         L"\"matches\":0,\"noMatch\":true,\"contact\":{\"inPim\":false,"));
     EXPECT_NE(std::wstring::npos,
-              out.find(L"\"actions\":[{\"id\":4097,\"name\":\"Open the contact\",\"passive\":true},{"));
+              out.find(L"\"actions\":[{\"id\":4097,\"name\":\"Open the contact\",\"passive\":true,"));
+    EXPECT_TRUE(out.ends_with(L"\"run\":[],\"contactReleased\":false}\n"));
 }
 
 TEST_F(CallTest, ACallerWhoseContactHasGoneIsNotAPlainMiss) {

@@ -20,8 +20,14 @@ class EmptyDriver final : public zelbar::DataConnectorBorder<EmptyDriver> {
 
     bool DataConnector_ShowFolder(const std::wstring&) { return false; }
     Com<IDispatch> DataConnector_GetContactItemByContactItemID(const std::wstring&) { return {}; }
-    void DataConnector_InitializeExportFolder(const std::wstring&, const std::wstring&) {}
-    void DataConnector_SynchronizeExportFolder() {}
+    bool DataConnector_InitializeExportFolder(const std::wstring&, const std::wstring&,
+                                              const Com<IDispatch>&) {
+        return false;
+    }
+    bool DataConnector_SynchronizeExportFolder(const std::wstring&, const std::wstring&,
+                                               const Com<IDispatch>&) {
+        return false;
+    }
     std::wstring DataConnector_Version() { return version_; }
     bool DataConnector_PIMInstalled() { return installed_; }
     long DataConnector_PIMName() { return 0; }
@@ -29,11 +35,16 @@ class EmptyDriver final : public zelbar::DataConnectorBorder<EmptyDriver> {
     Com<Contact> DataConnector_GetActiveContact() { return {}; }
     Com<ContactRecord> DataConnector_OpenContactRecord() { return {}; }
     void DataConnector_ClosePIM() {}
-    void DataConnector_ConfigPIM() {}
+    void DataConnector_ConfigPIM() {
+        if (configure) configure();
+    }
     void DataConnector_WriteCache() {}
     void DataConnector_CreateContact(const std::wstring&, const std::wstring&, bool) {}
     Com<Contact> DataConnector_GetContactByContactID(const std::wstring&) { return {}; }
-    Variant DataConnector_ExecuteCommand(const std::wstring&) { return {}; }
+    Variant DataConnector_ExecuteCommand(const std::wstring&) { return true; }
+
+    /// What ConfigPIM does.
+    std::function<void()> configure;
 
   private:
     bool installed_;
@@ -65,6 +76,25 @@ TEST(Program, WrongCommandLinesNeverReachTheDriver) {
         {L"show", L""},
         {L"show", L"a", L"b"},
         {L"--json"},
+        {L"actions", L"4097"},
+        {L"active", L"x"},
+        {L"config", L"now"},
+        {L"create", L"--name", L"A"},
+        {L"create", L"--number", L"1"},
+        {L"create", L"--name", L"A", L"--number", L"1", L"B"},
+        {L"show-folder"},
+        {L"show-folder", L"Contacts"},
+        {L"call", L"--from=1", L"--action"},
+        {L"call", L"--from=1", L"--action", L"dance"},
+        {L"call", L"--from=1", L"--action", L"mail,"},
+        {L"call", L"--from=1", L"--action=mail", L"--create"},
+        {L"call", L"--from=1", L"--action=open,launch", L"--to-address=a@b"},
+        {L"call", L"--from=1", L"--action=mail", L"--path=C:\\"},
+        {L"call", L"--from=1", L"--action=open", L"--create", L"--create-only"},
+        {L"call", L"--from=1", L"--origin=x"},
+        {L"call", L"--from=1", L"--action=journal", L"--duration=5"},
+        {L"call", L"--from=1;2", L"--action=journal"},
+        {L"call", L"--from=1", L"--action=journal", L"--origin=a;b"},
     };
     for (const auto& words : cases) {
         const ProgramRun run(words, noDriver);
@@ -86,6 +116,11 @@ TEST(Program, FailuresAreOneSentence) {
         {{L"call", L"--from=1"}, emptyDriver(true), L"no search"},
         {{L"find", L"--name=1", L"--all", L"--json"}, emptyDriver(true), L"no search"},
         {{L"show", L"1", L"--json"}, emptyDriver(true), L"GetContactByContactID: "},
+        {{L"actions"}, emptyDriver(true), L"no list of actions"},
+        {{L"active"}, emptyDriver(false), L"found no Outlook"},
+        {{L"create", L"--name=A", L"--number=1"}, emptyDriver(false), L"found no Outlook"},
+        {{L"show-folder", L"journal"}, emptyDriver(false), L"found no Outlook"},
+        {{L"config"}, emptyDriver(true), L"opened no window"},
     };
     for (const auto& row : cases) {
         const ProgramRun run(row.words, row.driver);
@@ -115,9 +150,27 @@ TEST(Program, TellsVersionsWhateverTheDriverSays) {
 TEST(Program, TheHelpNamesEveryCommand) {
     const ProgramRun run({L"--help"}, noDriver);
     EXPECT_EQ(ExitCode::Found, run.exitCode);
-    for (const wchar_t* command : {L"  pimcall call ", L"  pimcall find ", L"  pimcall show "})
-        EXPECT_NE(std::wstring::npos, run.out.find(command));
+    for (const wchar_t* command :
+         {L"call", L"find", L"show", L"active", L"actions", L"create", L"show-folder", L"config"})
+        EXPECT_NE(std::wstring::npos, run.out.find(L"  pimcall " + std::wstring(command)));
     EXPECT_EQ(run.out, ProgramRun({L"call", L"--help"}, noDriver).out);
+}
+
+TEST(Program, ServesTheWindowOfTheDriverUntilItIsClosed) {
+    const auto driver = zelbar::makeObject<EmptyDriver>(true, L"11");
+    HWND window = nullptr;
+    driver->configure = [&] {
+        window = CreateWindowW(L"STATIC", L"Folders", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr,
+                               nullptr, nullptr);
+        SetTimer(
+            window, 1, 200, [](HWND own, UINT, UINT_PTR, DWORD) __stdcall->void { DestroyWindow(own); });
+    };
+    const ProgramRun run({L"config", L"--json"}, [&] { return Driver(driver.get()); });
+    EXPECT_TRUE(window);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(ExitCode::Found, run.exitCode);
+    EXPECT_EQ(L"{\"configured\":true}\n", run.out);
+    EXPECT_EQ(L"", run.error);
 }
 
 TEST(Program, AdvisesWhenTheDriverCannotBeCreated) {

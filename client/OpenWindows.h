@@ -1,0 +1,11 @@
+#pragma once
+
+namespace pimcall {
+
+/// Whether the driver has opened a window in this program: they belong to the thread that called it.
+bool hasOpenWindow();
+
+/// Serves the windows that the driver has opened until the user has closed the last of them.
+void serveOpenWindows();
+
+}  // namespace pimcall

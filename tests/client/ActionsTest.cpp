@@ -1,0 +1,201 @@
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include "client/CallInformation.h"
+#include "core/DriverState.h"
+#include "support/Clock.h"
+#include "tests/client/HostedTest.h"
+#include "tests/harness/Files.h"
+
+namespace pimcall {
+namespace {
+
+using standin::outlook::ItemRecord;
+using standin::outlook::SpecialFolder;
+
+constexpr double kMinute = 1.0 / (24 * 60);
+constexpr double kFirstOfFebruary = 37653;  // 2003
+
+/// Calls whose actions are run, looked at in Outlook's mailbox afterwards.
+class ActionsTest : public HostedTest {
+  protected:
+    ActionsTest() { writeCache({addListed(L"Bo", L"Baker", L"21")}); }
+
+    std::vector<ItemRecord> saved(SpecialFolder place) {
+        auto& mailbox = outlook.mailbox();
+        std::vector<ItemRecord> items;
+        for (const auto id : mailbox.items(mailbox.specialFolder(place).id))
+            items.push_back(*mailbox.item(id));
+        return items;
+    }
+    /// The full name in the card of the contact whose window is in front; empty without one.
+    std::wstring inFront() {
+        return run({L"active"}) == ExitCode::Found ? out.substr(0, out.find(L'\n')) : L"";
+    }
+};
+
+TEST_F(ActionsTest, AreListedWithTheirSettings) {
+    EXPECT_EQ(ExitCode::Found, run({L"actions"}));
+    EXPECT_EQ(
+        L"Open the contact\n"
+        L"  Open the contact: Open the contact when it is found\n"
+        L"    * Open the contact when it is found\n"
+        L"      Create a contact for an unknown caller\n"
+        L"      Open the contact, and create one for an unknown caller\n"
+        L"\nClose the contact\n"
+        L"\nSend an e-mail\n"
+        L"  Address of the recipient: (empty)\n"
+        L"  Send without asking: yes\n"
+        L"\nWrite a journal entry\n"
+        L"\nStart a program\n"
+        L"  Folder: (empty)\n"
+        L"  Program and arguments: (empty)\n",
+        out);
+    EXPECT_EQ(ExitCode::Found, run({L"actions", L"--verbose"}));
+    EXPECT_NE(std::wstring::npos, out.find(L"Send an e-mail  [4099]\n  Address of the recipient: (empty)  "
+                                           L"[DestinationAddress]\n"));
+    EXPECT_EQ(ExitCode::Found, run({L"actions", L"--json"}));
+    for (const wchar_t* part :
+         {L"\"value\":\"Open the contact when it is found\",\"index\":0,\"choices\":[\"Open the contact "
+          L"when ",
+          L"\"passive\":true,\"settings\":[]}",
+          L"{\"key\":\"DestinationAddress\",\"label\":\"Address of the recipient\",\"type\":\"text\","
+          L"\"value\":\"\"},{\"key\":\"AutomaticSend\",\"label\":\"Send without "
+          L"asking\",\"type\":\"boolean\","
+          L"\"value\":true}"})
+        EXPECT_NE(std::wstring::npos, out.find(part)) << out.c_str();
+}
+
+TEST_F(ActionsTest, AMailAndAJournalEntryOfACall) {
+    const struct {
+        std::vector<std::wstring> words;
+        ExitCode exitCode;
+        const wchar_t* text;
+        const wchar_t* subject;
+        const wchar_t* link;
+        double start;  // 0: now
+    } cases[] = {
+        {{L"--from", L"21", L"--start=2003-02-01 10:00", L"--duration=42"},
+         ExitCode::Found,
+         L"Bo Baker called",
+         L"Call with Bo Baker",
+         L"\n\rContact:  <Outlook://Personal Folders/Contacts/~Bo Baker> ",
+         kFirstOfFebruary + 10.0 / 24},
+        {{L"--to", L"21", L"--start=2003-02-01"},
+         ExitCode::Found,
+         L"Call to Bo Baker",
+         L"Call with Bo Baker",
+         L"\n\rContact:  <Outlook://Personal Folders/Contacts/~Bo Baker> ",
+         0},
+        {{L"--from", L"22"}, ExitCode::NotFound, L"22 called", L"Call with 22", L"", 0},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(testing::PrintToString(row.words));
+        std::vector<std::wstring> words{L"call", L"--action=journal,mail", L"--to-address=desk@example.org"};
+        words.insert(words.end(), row.words.begin(), row.words.end());
+        EXPECT_EQ(row.exitCode, run(words));
+        EXPECT_TRUE(out.ends_with(L"\nRun: Write a journal entry; Send an e-mail\n")) << out.c_str();
+
+        const ItemRecord entry = saved(SpecialFolder::Journal).back();
+        const std::wstring link = row.link;
+        EXPECT_EQ(row.text, entry.field(L"Subject"));
+        EXPECT_EQ(row.text + (link.empty() ? L"" : L" " + link), entry.field(L"Body"));
+        const double start = std::stod(entry.field(L"Start")), end = std::stod(entry.field(L"End"));
+        EXPECT_NEAR(zelbar::currentDate(), end, kMinute);
+        EXPECT_NEAR(row.start != 0 ? row.start : end, start, 1e-6);
+
+        const ItemRecord mail = saved(SpecialFolder::SentMail).back();
+        EXPECT_EQ(row.subject, mail.field(L"Subject"));
+        EXPECT_TRUE(mail.field(L"Body").starts_with(row.text + std::wstring(L" on ")));
+        EXPECT_TRUE(mail.field(L"Body").ends_with(link));
+        ASSERT_EQ(1u, mail.recipients.size());
+        EXPECT_EQ(L"desk@example.org", mail.recipients[0].name);
+    }
+    EXPECT_EQ(3u, saved(SpecialFolder::Journal).size());
+    EXPECT_EQ(3u, saved(SpecialFolder::SentMail).size());
+}
+
+TEST_F(ActionsTest, WindowsOpenAndCloseAndTheDriversOwnSettingsStay) {
+    EXPECT_EQ(ExitCode::Found, run({L"actions", L"--json"}));
+    const std::wstring before = out;
+    EXPECT_EQ(L"", inFront());
+    run({L"call", L"--from=21", L"--action=open"});
+    EXPECT_EQ(L"Baker, Bo", inFront());
+    run({L"call", L"--from=21", L"--action=close", L"--json"});
+    EXPECT_TRUE(out.ends_with(L"\"run\":[\"Close the contact\"],\"contactReleased\":true}\n"));
+    EXPECT_EQ(L"", inFront());
+    run({L"call", L"--from=21", L"--action=open", L"--create-only"});
+    EXPECT_EQ(L"", inFront());
+
+    run({L"call", L"--from=22", L"--action=open"});
+    EXPECT_EQ(1u, saved(SpecialFolder::Contacts).size());
+    run({L"call", L"--from=22", L"--action=open", L"--create"});
+    const auto contacts = saved(SpecialFolder::Contacts);
+    ASSERT_EQ(2u, contacts.size());
+    EXPECT_EQ(L"22", contacts.back().field(L"BusinessTelephoneNumber"));
+
+    run({L"call", L"--from=21", L"--action=mail", L"--leave-open"});
+    EXPECT_TRUE(saved(SpecialFolder::SentMail).empty());
+    run({L"actions", L"--json"});
+    EXPECT_EQ(before, out);
+}
+
+TEST_F(ActionsTest, AProgramLearnsOfTheCall) {
+    const std::wstring file = folder.file(L"call.txt");
+    run({L"call", L"--to=21", L"--action=launch,close", L"--path=C:\\windows\\system32",
+         L"--arguments=cmd.exe /c echo $1,$2,$3,$4> \"" + file + L"\"", L"--local-number=77"});
+    EXPECT_TRUE(
+        out.ends_with(L"Run: Start a program; Close the contact\n"
+                      L"The driver has let go of the contact: the call is over.\n"))
+        << out.c_str();
+    std::string text;
+    for (int i = 0; i < 100 && text.empty(); ++i, Sleep(100))
+        if (harness::exists(file)) text = harness::readFile(file);
+    EXPECT_EQ("21,77,OUT,;\r\n", text);
+}
+
+TEST_F(ActionsTest, AProgramThatDoesNotStartIsToldInAWindowThatStays) {
+    static std::wstring told;
+    told.clear();
+    const UINT_PTR reader = SetTimer(
+        nullptr, 0, 100, [](HWND, UINT, UINT_PTR, DWORD) __stdcall->void {
+            const HWND window = GetActiveWindow();
+            wchar_t text[200] = {};
+            GetDlgItemTextW(window, 0, text, ARRAYSIZE(text));
+            told = text;
+            PostMessageW(window, WM_COMMAND, IDOK, 0);
+        });
+    EXPECT_EQ(ExitCode::Found,
+              run({L"call", L"--from=21", L"--action=launch", L"--path=C:\\none", L"--arguments=no.exe"}));
+    KillTimer(nullptr, reader);
+    EXPECT_TRUE(told.ends_with(L": C:\\none\\no.exe.")) << told.c_str();
+}
+
+TEST_F(ActionsTest, ContactsAreMadeAndFoldersShown) {
+    EXPECT_EQ(ExitCode::Found, run({L"create", L"--name", L"Di Dale", L"--number", L"23"}));
+    EXPECT_EQ(L"Outlook was asked to keep Di Dale, 23.\n", out);
+    EXPECT_EQ(L"", inFront());
+    const ItemRecord made = saved(SpecialFolder::Contacts).back();
+    EXPECT_EQ(L"Di Dale", made.field(L"LastName"));
+    EXPECT_EQ(L"23", made.field(L"BusinessTelephoneNumber"));
+    EXPECT_EQ(ExitCode::Found, run({L"create", L"--name=Eve", L"--number=24", L"--show", L"--json"}));
+    EXPECT_EQ(L"{\"name\":\"Eve\",\"number\":\"24\",\"show\":true}\n", out);
+    EXPECT_EQ(L"Eve", inFront());
+
+    EXPECT_EQ(ExitCode::Found, run({L"show-folder", L"journal"}));
+    EXPECT_EQ(L"Outlook shows the folder in a new window.\n", out);
+    EXPECT_EQ(ExitCode::Found, run({L"show-folder", L"contacts", L"--json"}));
+    EXPECT_EQ(L"{\"folder\":\"contacts\",\"newWindow\":false}\n", out);
+    EXPECT_EQ(ExitCode::Found, run({L"active", L"--json"}));
+    EXPECT_TRUE(out.starts_with(L"{\"inPim\":true,\"fullName\":\"Eve\""));
+}
+
+TEST(CallInformation, ClosesEveryField) {
+    EXPECT_EQ(L"TYPE=incoming;PHONENUMBER=;LOCALNUMBER=;START=;DURATION=;ORIGIN=;", callInformation({}));
+    EXPECT_EQ(L"TYPE=outgoing;PHONENUMBER=+1;LOCALNUMBER=2;START=2003-02-01 10:00;DURATION=1 min;ORIGIN=a=b;",
+              callInformation({false, L"+1", L"2003-02-01 10:00", L"1 min", L"2", L"a=b"}));
+}
+
+}  // namespace
+}  // namespace pimcall
