@@ -2,10 +2,10 @@
 # To be sourced by a script that has set ROOT to the project's folder.
 
 TOOLS=$ROOT/build/tools
-BUILD=${TESSARIA_BUILD:-$ROOT/build/release}
-case $BUILD in /*) ;; *) BUILD=$PWD/$BUILD ;; esac
-PREFIX=${TESSARIA_PREFIX:-$ROOT/build/prefix}
-case $PREFIX in /*) ;; *) PREFIX=$PWD/$PREFIX ;; esac
+BUILD=$(realpath -ms "${TESSARIA_BUILD:-$ROOT/build/release}")
+PREFIX=$(realpath -ms "${TESSARIA_PREFIX:-$ROOT/build/prefix}")
+# The commands that ours call may work in another folder.
+export TESSARIA_BUILD="$BUILD" TESSARIA_PREFIX="$PREFIX"
 BIN=$BUILD/bin
 
 say() { printf '%s\n' "$*" >&2; }

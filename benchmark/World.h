@@ -1,0 +1,57 @@
+#pragma once
+
+#include <PIMDriverAbstract.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <string>
+
+#include "automation/Object.h"
+
+/// What the driver is measured in: settings, a cache and contacts of the benchmark's own.
+namespace benchmark {
+
+using zelbar::Com;
+using zelbar::Object;
+
+/// Where one contact lies in Outlook.
+struct ContactPlace {
+    std::wstring entryId;
+    std::wstring storeId;
+};
+
+/// The text searched for, by kind of search.
+struct CacheRows {
+    long count;
+    ContactPlace contact;  ///< The contact of all rows.
+
+    static std::wstring number(long row);
+    static std::wstring name(long row);
+};
+
+/// A data folder for the driver in this process, emptied; the settings name it until the program ends.
+class DataFolder {
+  public:
+    DataFolder();
+    ~DataFolder();
+    DataFolder(const DataFolder&) = delete;
+    DataFolder& operator=(const DataFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path cacheFile() const { return path_ / L"connec00.mdb"; }
+    /// Makes connec00.mdb anew, through DAO.
+    void writeCache(const CacheRows& rows) const;
+
+  private:
+    std::filesystem::path path_;
+};
+
+/// Saves a new contact with `phones` numbers through Outlook's own object model.
+ContactPlace addContact(const Object& application, const std::wstring& lastName, const std::wstring& number);
+
+/// The driver as registered, through its slots. Throws when it cannot be created.
+Com<::DataConnector> createDriver();
+/// One search; the contact found, or the unknown one.
+Com<::Contact> findFirst(::DataConnector& driver, long kind, const std::wstring& text);
+
+}  // namespace benchmark
