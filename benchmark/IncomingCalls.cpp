@@ -15,6 +15,7 @@ using zelbar::Server;
 /// What a client does when somebody calls: it finds the contact and shows it.
 void incomingCall(::DataConnector& driver, const std::wstring& number) {
     const auto contact = findFirst(driver, 0, number);
+    requireKnown(contact);
     Bstr text;
     for (const auto member : {&::Contact::get_FullName, &::Contact::get_CompanyName,
                               &::Contact::get_MainPhoneNumber, &::Contact::get_PhotoURL})

@@ -26,6 +26,7 @@ class Times {
         std::nth_element(sorted.begin(), middle, sorted.end());
         return *middle;
     }
+    double least() const { return *std::min_element(values_.begin(), values_.end()); }
     /// What is left of each run without the other's run of the same round.
     Times without(const Times& other) const {
         Times result = *this;

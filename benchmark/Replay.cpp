@@ -80,18 +80,14 @@ Replay::Step Replay::stepOf(const std::wstring& call) const {
         {L"UserProperties.Find", L"UserProperty", {L"EmployeeId"}},
     };
     const size_t dot = call.find(L'.');
-    Step step;
-    step.objectClass = call.substr(0, dot);
-    // Names live as long as the gateway: the program's end.
-    step.member.name = _wcsdup(call.c_str() + dot + 1);
-    step.member.result = numberOf(step.objectClass);
+    Step step{call.substr(0, dot), call.substr(dot + 1), {}, zelbar::kUnknownClass, {}};
+    numberOf(step.objectClass);
     for (const KnownCall& known : kCalls)
         if (call == known.call) {
             step.resultClass = known.result;
             step.arguments = known.arguments;
+            if (names_ == Names::Remembered) step.resultNumber = numberOf(step.resultClass);
         }
-    step.member.result = names_ == Names::Remembered && !step.resultClass.empty() ? numberOf(step.resultClass)
-                                                                                  : zelbar::kUnknownClass;
     return step;
 }
 
@@ -109,17 +105,18 @@ void Replay::run() {
 
 Object Replay::perform(const Step& step) {
     const Object& object = objects_.at(step.objectClass);
+    const Member member{step.member.c_str(), step.resultNumber};
     if (step.resultClass.empty()) {
-        object.get(step.member);
+        object.get(member);
         return {};
     }
     switch (step.arguments.size()) {
         case 0:
-            return object.object(step.member);
+            return object.object(member);
         case 1:
-            return object.object(step.member, step.arguments[0]);
+            return object.object(member, step.arguments[0]);
         default:
-            return object.object(step.member, step.arguments[0], step.arguments[1]);
+            return object.object(member, step.arguments[0], step.arguments[1]);
     }
 }
 

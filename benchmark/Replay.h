@@ -43,8 +43,9 @@ class Replay {
   private:
     struct Step {
         std::wstring objectClass;
-        std::wstring resultClass;
-        zelbar::Member member;
+        std::wstring member;
+        std::wstring resultClass;  ///< Empty when it gives no object.
+        zelbar::ObjectClass resultNumber = zelbar::kUnknownClass;
         std::vector<std::wstring> arguments;
     };
 
@@ -54,7 +55,7 @@ class Replay {
     ContactPlace contact_;
     Names names_;
     Gateway gateway_;
-    std::vector<Step> steps_;
+    std::vector<Step> steps_;  // not changed once made: the gateway remembers names by where they lie
     std::map<std::wstring, Object> objects_;  // the latest one of each class
 };
 

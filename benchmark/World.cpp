@@ -1,5 +1,7 @@
 #include "benchmark/World.h"
 
+#include <stdexcept>
+
 #include "automation/Bstr.h"
 #include "automation/DaoNames.h"
 #include "automation/Fault.h"
@@ -113,6 +115,12 @@ Com<::Contact> findFirst(::DataConnector& driver, long kind, const std::wstring&
     Com<::Contact> contact;
     checked(cursor->FindFirst(&kind, zelbar::Bstr(text).get(), contact.put()));
     return contact;
+}
+
+void requireKnown(const Com<::Contact>& contact) {
+    VARIANT_BOOL unknown = VARIANT_TRUE;
+    if (!contact || FAILED(contact->get_NotInPIM(&unknown)) || unknown)
+        throw std::runtime_error("a search did not find its contact");
 }
 
 }  // namespace benchmark

@@ -20,11 +20,12 @@ struct ContactPlace {
     std::wstring storeId;
 };
 
-/// The text searched for, by kind of search.
+/// The rows of a cache, numbered from 0.
 struct CacheRows {
     long count;
     ContactPlace contact;  ///< The contact of all rows.
 
+    /// What a row is found by.
     static std::wstring number(long row);
     static std::wstring name(long row);
 };
@@ -46,12 +47,15 @@ class DataFolder {
     std::filesystem::path path_;
 };
 
-/// Saves a new contact with `phones` numbers through Outlook's own object model.
+/// Saves a new contact with three numbers through Outlook's own object model.
 ContactPlace addContact(const Object& application, const std::wstring& lastName, const std::wstring& number);
 
 /// The driver as registered, through its slots. Throws when it cannot be created.
 Com<::DataConnector> createDriver();
 /// One search; the contact found, or the unknown one.
 Com<::Contact> findFirst(::DataConnector& driver, long kind, const std::wstring& text);
+
+/// Throws std::runtime_error for an unknown caller: figures of searches that find nothing would look good.
+void requireKnown(const Com<::Contact>& contact);
 
 }  // namespace benchmark

@@ -9,8 +9,8 @@ namespace zelbar {
 /// An action that does nothing: what the interface `PIMAction` looks like without a kind behind it.
 class cPIMAction final : public DualObject<::PIMAction> {
   public:
-    STDMETHODIMP ExecuteAction(::Contact**, VARIANT_BOOL* result) noexcept override {
-        return give(result, VARIANT_FALSE);
+    STDMETHODIMP ExecuteAction(::Contact** contact, VARIANT_BOOL* result) noexcept override {
+        return contact ? give(result, VARIANT_FALSE) : E_POINTER;
     }
     /// A null text is an empty one.
     STDMETHODIMP get_ActionName(BSTR* result) noexcept override { return give(result, BSTR{}); }
