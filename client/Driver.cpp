@@ -128,6 +128,25 @@ bool Driver::isConfigured() const {
     return result.boolean();
 }
 
+bool Driver::exportEmployees(ExportStep step, const std::wstring& database, const std::wstring& folder,
+                             IDispatch& progress) const {
+    requireOutlook();
+    const Bstr path(database), name(folder);
+    // Lent: what they hold belongs to others.
+    VARIANT pathValue{}, nameValue{}, progressValue{};
+    pathValue.vt = nameValue.vt = VT_BSTR;
+    pathValue.bstrVal = path.get();
+    nameValue.bstrVal = name.get();
+    progressValue.vt = VT_DISPATCH;
+    progressValue.pdispVal = &progress;
+    VARIANT_BOOL complete = VARIANT_FALSE;
+    require(step == ExportStep::Initialize
+                ? connector_->InitializeExportFolder(path.get(), name.get(), progressValue, &complete)
+                : connector_->SynchronizeExportFolder(pathValue, nameValue, progressValue, &complete),
+            L"the export");
+    return complete != VARIANT_FALSE;
+}
+
 std::wstring creationAdvice(HRESULT result) {
     switch (result) {
         case REGDB_E_CLASSNOTREG:

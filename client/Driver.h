@@ -15,6 +15,9 @@ namespace pimcall {
 /// What a search compares: the numbers or the name.
 enum class SearchKind : long { Number = 0, Name = 1 };
 
+/// Filling the folder of exported employees, or bringing it up to date.
+enum class ExportStep { Initialize, Synchronize };
+
 /// A search in the driver, as the telephony client holds one.
 class Cursor {
   public:
@@ -59,6 +62,10 @@ class Driver {
     void configure() const;
     /// Whether there are chosen folders and a cache of them.
     bool isConfigured() const;
+    /// Exports a directory database to Outlook; `folder` names a folder that has to be made, `progress` has a
+    /// method Progress(Step, Done, Total). False when something could not be done.
+    bool exportEmployees(ExportStep step, const std::wstring& database, const std::wstring& folder,
+                         IDispatch& progress) const;
 
   private:
     /// Throws `Failure` when the driver has no Outlook.

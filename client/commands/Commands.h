@@ -44,6 +44,7 @@ extern const Command kActive;
 extern const Command kCall;
 extern const Command kConfig;
 extern const Command kCreate;
+extern const Command kExport;
 extern const Command kFind;
 extern const Command kShow;
 extern const Command kShowFolder;

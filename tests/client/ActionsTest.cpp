@@ -149,10 +149,7 @@ TEST_F(ActionsTest, AProgramLearnsOfTheCall) {
         out.ends_with(L"Run: Start a program; Close the contact\n"
                       L"The driver has let go of the contact: the call is over.\n"))
         << out.c_str();
-    std::string text;
-    for (int i = 0; i < 100 && text.empty(); ++i, Sleep(100))
-        if (harness::exists(file)) text = harness::readFile(file);
-    EXPECT_EQ("21,77,OUT,;\r\n", text);
+    EXPECT_EQ("21,77,OUT,;\r\n", harness::awaitFile(file));
 }
 
 TEST_F(ActionsTest, AProgramThatDoesNotStartIsToldInAWindowThatStays) {

@@ -35,6 +35,13 @@ std::string readFile(const std::wstring& path) {
     return bytes;
 }
 
+std::string awaitFile(const std::wstring& path) {
+    std::string bytes;
+    for (int i = 0; i < 100 && bytes.empty(); ++i, Sleep(100))
+        if (exists(path)) bytes = readFile(path);
+    return bytes;
+}
+
 void writeFile(const std::wstring& path, const std::string& bytes) {
     const File file(_wfopen(path.c_str(), L"wb"));
     if (!file || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {

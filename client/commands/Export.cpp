@@ -1,0 +1,102 @@
+#include <windows.h>
+
+#include <string>
+
+#include "client/ExportProgress.h"
+#include "client/HandleWriter.h"
+#include "client/Json.h"
+#include "client/Text.h"
+#include "client/commands/Commands.h"
+
+namespace pimcall {
+namespace {
+
+/// One line that is written over and over while a run lasts, and is gone when it has ended.
+class ProgressLine {
+  public:
+    ~ProgressLine() {
+        try {
+            if (longest_ > 0) writer_.write(L'\r' + std::wstring(longest_, L' ') + L'\r');
+        } catch (...) {
+            // Nobody sees it then.
+        }
+    }
+    void show(const std::wstring& step, long done, long total) {
+        // More often than that nobody can read it.
+        constexpr DWORD kPauseMilliseconds = 250;
+        const DWORD now = GetTickCount();
+        if (longest_ > 0 && now - shownAt_ < kPauseMilliseconds) return;
+        shownAt_ = now;
+        std::wstring text = step + L": " + std::to_wstring(done) + L" of " + std::to_wstring(total);
+        const size_t length = text.size();
+        if (length < longest_) text.append(longest_ - length, L' ');
+        longest_ = text.size();
+        writer_.write(L'\r' + text);
+    }
+
+  private:
+    HandleWriter writer_{STD_ERROR_HANDLE};
+    size_t longest_ = 0;
+    DWORD shownAt_ = 0;
+};
+
+/// What the driver calls its steps, as a person reads it.
+std::wstring stepText(const std::wstring& step) {
+    if (step == L"add") return L"Adding contacts";
+    if (step == L"compare") return L"Reading the folder";
+    if (step == L"change") return L"Changing contacts";
+    return step;
+}
+
+/// The driver may look elsewhere for a relative path than this program's user does.
+std::wstring existingFile(const std::wstring& name) {
+    wchar_t path[MAX_PATH];
+    const DWORD length = GetFullPathNameW(name.c_str(), MAX_PATH, path, nullptr);
+    if (length == 0 || length >= MAX_PATH || GetFileAttributesW(path) == INVALID_FILE_ATTRIBUTES)
+        throw Failure(L"There is no file \"" + oneLine(name) + L"\".");
+    return path;
+}
+
+ExportStep stepOf(const std::wstring& word) {
+    if (word == L"init") return ExportStep::Initialize;
+    if (word == L"sync") return ExportStep::Synchronize;
+    throw UsageError(L"An export is \"init\" or \"sync\".");
+}
+
+bool carryOut(const Context& context, ExportStep step, const std::wstring& database,
+              const std::wstring& folder) {
+    const Driver driver = context.driver();
+    ProgressLine line;
+    ExportProgress progress([&](const std::wstring& name, long done, long total) {
+        if (!context.json()) line.show(stepText(name), done, total);
+    });
+    return driver.exportEmployees(step, database, folder, progress);
+}
+
+ExitCode run(const Context& context) {
+    const ExportStep step = stepOf(context.arguments.operand(L"\"init\" or \"sync\""));
+    const std::wstring database = existingFile(context.arguments.needed(L"--database"));
+    const bool complete = carryOut(context, step, database, context.arguments.valueOrNone(L"--folder"));
+    if (context.json())
+        context.out.line(json::Object().boolean(L"complete", complete).str());
+    else if (complete)
+        context.out.line(step == ExportStep::Initialize ? L"The employees are in the export folder."
+                                                        : L"The export folder is up to date.");
+    if (!complete)
+        throw Failure(
+            L"The export is not complete; the driver's log tells why. \"pimcall export sync\" goes on with "
+            L"it.");
+    return ExitCode::Found;
+}
+
+constexpr Option kOptions[] = {{L"--database", L"FILE"}, {L"--folder", L"NAME"}};
+
+}  // namespace
+
+const Command kExport = {L"export", L"export init|sync --database FILE [--folder NAME]",
+                         L"Copies the employees of a directory database into Outlook's export folder (init, "
+                         L"once),\n      or brings "
+                         L"that folder up to date (sync). NAME is for a folder that has to be made.",
+                         kOptions, run};
+
+}  // namespace pimcall

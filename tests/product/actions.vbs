@@ -1,0 +1,172 @@
+' A script as a client whose user has set up the call actions: copies them, configures the copies, and runs
+' them for an incoming and an outgoing call. What came of it is read in Outlook, beside the driver.
+' The argument is a folder: the program that a call starts writes INC.txt or OUT.txt there.
+' Prints "actions: ok" when all of it was as expected, and ends with status 1 otherwise.
+Option Explicit
+
+Const OpenContact = 4097
+Const CloseContact = 4098
+Const SendMail = 4099
+Const StoreInJournal = 4100
+Const LaunchExe = 4101
+Const Contacts = 10
+Const Journal = 11
+Const SentMail = 5
+Const Link = "Contact:  <Outlook://Personal Folders/Contacts/~Ada Byron> "
+
+Dim failures
+failures = 0
+
+Sub Expect(what, actual, wanted)
+    If CStr(actual) <> CStr(wanted) Then
+        WScript.Echo what & ": " & CStr(actual) & " instead of " & CStr(wanted)
+        failures = failures + 1
+    End If
+End Sub
+
+Dim outlook, session, before, folder
+folder = WScript.Arguments.Item(0)
+Set outlook = CreateObject("Outlook.Application")
+Set session = outlook.GetNamespace("MAPI")
+before = outlook.StandIn.LiveObjects
+
+Dim driver, cursor, chosen
+Set driver = CreateObject("zelbar00.cDataConnector")
+Set cursor = driver.OpenContactRecord()
+Set chosen = CreateObject("Scripting.Dictionary")
+ConfigureAll
+IncomingCall
+OutgoingCall
+CallWithoutContact
+Expect "the driver's own choice", Setting(driver.Actions.Item(OpenContact), "NewOnInexistant").ValueIndex, 0
+Expect "the driver's own address", Setting(driver.Actions.Item(SendMail), "DestinationAddress").Value, ""
+
+chosen.RemoveAll
+Set chosen = Nothing
+Set cursor = Nothing
+Set driver = Nothing
+Expect "live objects of Outlook", outlook.StandIn.LiveObjects, before
+If failures = 0 Then WScript.Echo "actions: ok"
+If failures > 0 Then WScript.Quit 1
+WScript.Quit 0
+
+' The user's configuration: a copy of each action with settings of its own, kept under the action's number.
+Sub ConfigureAll()
+    Dim action, own
+    For Each action In driver.Actions
+        Set own = action.CopyAction()
+        Select Case own.ActionID
+            Case OpenContact
+                Expect "passive at first", own.PassiveAction, True
+                Setting(own, "NewOnInexistant").ValueIndex = 2
+                Expect "creating is not passive", own.PassiveAction, False
+            Case SendMail
+                Expect "sends without asking", Setting(own, "AutomaticSend").Value, True
+                Setting(own, "DestinationAddress").Value = "desk@example.com"
+            Case LaunchExe
+                Setting(own, "Path").Value = "C:\windows\system32"
+                Setting(own, "Arguments").Value = "cmd.exe /c echo $1,$2,$4> """ & folder & "\$3.txt"""
+        End Select
+        chosen.Add CStr(own.ActionID), own
+    Next
+    Expect "actions", chosen.Count, 5
+    Expect "chosen", Setting(chosen(CStr(OpenContact)), "NewOnInexistant").Value, _
+        "Open the contact, and create one for an unknown caller"
+End Sub
+
+' A copy of what the user configured keeps the settings; what is set in it does not come back.
+Function Copied(id)
+    Set Copied = chosen(CStr(id)).CopyAction()
+    If id = SendMail Then
+        Expect "address in the copy", Setting(Copied, "DestinationAddress").Value, "desk@example.com"
+        Setting(Copied, "DestinationAddress").Value = "someone.else@example.com"
+        Expect "address beside the copy", Setting(chosen(CStr(id)), "DestinationAddress").Value, "desk@example.com"
+        Set Copied = chosen(CStr(id)).CopyAction()
+    End If
+End Function
+
+Sub IncomingCall()
+    Dim caller, start, text
+    start = DateAdd("n", -7, Now)
+    Set caller = cursor.FindFirst(0, "+44 20 7000 0001")
+    caller.PersonalData = "TYPE=incoming;START=" & start & ";DURATION=00:07:00;LOCALNUMBER=17;" & _
+        "PHONENUMBER=+44 20 7000 0001;ORIGIN=internal;"
+
+    Expect "open", Copied(OpenContact).ExecuteAction(caller), False
+    Expect "open window", outlook.ActiveInspector.CurrentItem.FullName, "Ada Byron"
+    Copied(StoreInJournal).ExecuteAction caller
+    ExpectEntry "Ada Byron called", "Ada Byron called " & vbLf & vbCr & Link, start, 7
+    Copied(SendMail).ExecuteAction caller
+    ExpectMail "Call with Ada Byron", "Ada Byron called on ", vbLf & vbCr & Link
+    Copied(LaunchExe).ExecuteAction caller
+    Copied(CloseContact).ExecuteAction caller
+    Expect "windows after the call", outlook.Inspectors.Count, 0
+    Expect "caller after the call", caller Is Nothing, True
+End Sub
+
+' To somebody whom nobody knows.
+Sub OutgoingCall()
+    Dim called, made
+    Set called = cursor.FindFirst(0, "0777")
+    called.FullName = "Nia Nobody"
+    called.PersonalData = "TYPE=outgoing;PHONENUMBER=0777;"
+
+    Copied(OpenContact).ExecuteAction called
+    Set made = Last(Contacts)
+    Expect "contact made", made.FullName & ", " & made.BusinessTelephoneNumber, "Nia Nobody, 0777"
+    Expect "its window", outlook.ActiveInspector.CurrentItem.EntryID, made.EntryID
+    outlook.ActiveInspector.Close 1
+    Copied(StoreInJournal).ExecuteAction called
+    ExpectEntry "Call to 0777", "Call to 0777", Now, 0
+    Copied(SendMail).ExecuteAction called
+    ExpectMail "Call with 0777", "Call to 0777 on ", ""
+    Copied(LaunchExe).ExecuteAction called
+    Copied(CloseContact).ExecuteAction called
+    Expect "called after the call", called Is Nothing, True
+    made.Delete
+End Sub
+
+Sub CallWithoutContact()
+    Dim nobody
+    Set nobody = Nothing
+    Copied(OpenContact).ExecuteAction nobody
+    Expect "nobody", nobody Is Nothing, True
+    Copied(StoreInJournal).ExecuteAction nobody
+    ExpectEntry "Call with ", "Call with ", Now, 0
+    Expect "the contact given instead", nobody.NotInPIM, True
+End Sub
+
+Sub ExpectEntry(subject, body, start, minutes)
+    Dim entry
+    Set entry = Last(Journal)
+    Expect "entry's subject", entry.Subject, subject
+    Expect "entry's text", entry.Body, body
+    Expect "entry's start is right", IsNear(entry.Start, start), True
+    Expect "entry's end is right", IsNear(entry.End, Now), True
+    Expect "entry's length", entry.Duration, minutes
+End Sub
+
+Sub ExpectMail(subject, textStart, textEnd)
+    Dim mail
+    Set mail = Last(SentMail)
+    Expect "mail's subject", mail.Subject, subject
+    Expect "mail's recipients", mail.Recipients.Count, 1
+    Expect "mail's recipient", mail.Recipients.Item(1).Name, "desk@example.com"
+    Expect "mail's text", Left(mail.Body, Len(textStart)) & "..." & Right(mail.Body, Len(textEnd)), _
+        textStart & "..." & textEnd
+End Sub
+
+' Within five seconds.
+Function IsNear(a, b)
+    IsNear = Abs(CDbl(a) - CDbl(b)) < 5 / 86400
+End Function
+
+Function Setting(action, key)
+    Set Setting = action.ActionProp.Item(key)
+End Function
+
+Function Last(folder)
+    Dim items
+    Set items = session.GetDefaultFolder(folder).Items
+    Set Last = items.Item(items.Count)
+End Function
