@@ -82,6 +82,7 @@ void FLogWindow::load() {
     SetWindowTextW(window_, (state.module.title + L" Log").c_str());
     ModifyMenuW(GetMenu(window_), kMenu_Copy, MF_BYCOMMAND | MF_STRING, kMenu_Copy,
                 state.texts.translate(L"#07130#&Copy").c_str());
+    DrawMenuBar(window_);
     font_ = ApplyCharset(window_, state.languages.CurrentCharset());
     placeList();
 }

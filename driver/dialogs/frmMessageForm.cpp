@@ -8,6 +8,7 @@
 #include "com/ModuleState.h"
 #include "core/DriverState.h"
 #include "dialogs/DialogKeys.h"
+#include "dialogs/VisualStyles.h"
 #include "support/Handle.h"
 
 namespace zelbar {
@@ -59,6 +60,7 @@ frmMessageForm& form() {
 
 void frmMessageForm::ShowMessage(const std::wstring& title, int, const std::wstring& text) {
     if (window_) DestroyWindow(window_);
+    const VisualStyles looks;
     static const DialogTemplate kTemplate;
     window_ = CreateDialogIndirectParamW(moduleHandle(), &kTemplate.dialog, nullptr, procedure, 0);
     if (!window_) throw faultOf(HRESULT_FROM_WIN32(GetLastError()), L"frmMessageForm");

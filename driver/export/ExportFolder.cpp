@@ -33,8 +33,8 @@ void attempt(LookUp& answer, Question&& question) {
         const Fault fault = caughtFault();
         driver().log.fault(L"Error (GetExportFolder): ", fault);
         if (saysNotFound(fault)) return;
+        if (!answer.failed()) answer.fault = fault;
         answer.verdict = LookUp::Verdict::Failed;
-        answer.fault = fault;
     }
 }
 
@@ -58,7 +58,7 @@ bool nameIsTaken(const Object& parent, const std::wstring& name) noexcept {
 
 }  // namespace
 
-LookUp GetExportFolder(const Object& session) {
+LookUp GetExportFolder() {
     FLog& log = driver().log;
     log.trace(L"IN GetExportFolder");
     const CRegSettings settings = exportSettings();
@@ -70,7 +70,11 @@ LookUp GetExportFolder(const Object& session) {
     LookUp answer;
     if (!entryId.empty() && !storeId.empty()) {
         log.trace(L"StoreId and StoreId <> 0");
-        attempt(answer, [&] { return session.object(outlook::GetFolderFromID, entryId, storeId); });
+        Object session;
+        attempt(answer, [&] {
+            session = driver().outlook.GetNameSpace();
+            return session.object(outlook::GetFolderFromID, entryId, storeId);
+        });
         if (!answer.found()) {
             log.trace(L"oTargetfolder Is Nothing, try find oTargetfolder only with EntryId");
             attempt(answer, [&] { return session.object(outlook::GetFolderFromID, entryId); });
@@ -86,12 +90,13 @@ LookUp GetExportFolder(const Object& session) {
     return answer;
 }
 
-Object createExportFolder(const Object& session, const std::wstring& name) {
+Object createExportFolder(const std::wstring& name) {
     DriverState& state = driver();
     std::wstring chosen = name.empty() ? configuredName() : name;
     if (chosen.empty()) chosen = state.texts.translate(categoryTextOf(ExportMode::Employee));
-    const Object parent =
-        session.object(outlook::GetDefaultFolder, outlook::kDefaultContacts).object(outlook::Parent);
+    const Object parent = state.outlook.GetNameSpace()
+                              .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
+                              .object(outlook::Parent);
     exportSettings().SaveSetting(L"", L"IsNewWXDFolder", L"1");
     Object folder;
     try {
@@ -100,7 +105,7 @@ Object createExportFolder(const Object& session, const std::wstring& name) {
     } catch (...) {
         const Fault fault = caughtFault();
         if (!nameIsTaken(parent, chosen)) throw fault;
-        state.log.fault(L"Error (InitializeExportFolder): ", fault);
+        state.log.fault(L"Error (createExportFolder): ", fault);
         state.user.messageBox(
             state.texts.translate(L"#07110#A folder with this name already exists. Please use another name."),
             kMessageTitle, MB_OK | MB_ICONEXCLAMATION);

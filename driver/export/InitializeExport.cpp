@@ -9,15 +9,13 @@ namespace zelbar {
 
 bool initializeExportFolder(const std::wstring& databasePath, const std::wstring& folderName,
                             Com<IDispatch> client) {
-    DriverState& state = driver();
-    state.log.trace(L"In InitializeExportFolder");
+    driver().log.trace(L"In InitializeExportFolder");
     ExportRun run(L"cDataConnector.InitializeExportFolder", std::move(client));
     // A directory that cannot be read must not leave an empty folder behind.
     const std::vector<EmployeeRow> rows = run.readDirectory(databasePath);
-    const Object session = state.outlook.GetNameSpace();
-    LookUp folder = GetExportFolder(session);
+    LookUp folder = GetExportFolder();
     if (folder.failed()) throw folder.fault;
-    if (folder.gone()) folder.item = createExportFolder(session, folderName);
+    if (folder.gone()) folder.item = createExportFolder(folderName);
     if (!folder.item) return false;
     const Object items = folder.item.object(outlook::Items);
     run.begin(L"add", rows.size());

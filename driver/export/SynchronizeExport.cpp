@@ -1,3 +1,5 @@
+#include <string>
+#include <unordered_set>
 #include <utility>
 
 #include "core/DriverState.h"
@@ -36,17 +38,19 @@ class Synchronization {
 
   private:
     void readFolder() {
-        count_ = items_.integer(outlook::Count);
-        run_.begin(L"compare", static_cast<size_t>(count_));
-        for (long index = 1; index <= count_; ++index) {
+        const long count = items_.integer(outlook::Count);
+        run_.begin(L"compare", static_cast<size_t>(count));
+        for (long index = 1; index <= count; ++index) {
             run_.trace(L" do while for index: ", index);
-            const bool read = run_.guarded(static_cast<size_t>(index), [&] {
-                if (auto contact = readExportedContact(items_.object(outlook::ItemAt, index), addresses()))
-                    contacts_.push_back(std::move(*contact));
-            });
-            if (!read) ++unread_;
+            if (!run_.guarded(static_cast<size_t>(index), [&] { readContact(index); })) readAll_ = false;
             run_.advance();
         }
+    }
+
+    /// A contact that moves up while the folder grows under the walk comes by twice.
+    void readContact(long index) {
+        auto contact = readExportedContact(items_.object(outlook::ItemAt, index), run_.addresses());
+        if (contact && seen_.insert(contact->entryId).second) contacts_.push_back(std::move(*contact));
     }
 
     void changeContacts(const ExportPlan& plan) {
@@ -78,14 +82,13 @@ class Synchronization {
     void remove(const ExportedContact& contact, const std::wstring& storeId) {
         run_.trace(L" remove contacts: ", contact.employeeId);
         session_.object(kGetContact, contact.entryId, storeId).call(outlook::Delete);
-        ++removed_;
     }
 
-    /// A contact that could not be read, or that slipped past while the folder changed under the walk, may be
-    /// the one that seems to be missing. The next run knows.
+    /// A contact that could not be read may be the one that seems to be missing; and when the folder shrinks
+    /// under the walk, one slips past, and the last place cannot be read. The next run knows.
     void addMissing(const ExportPlan& plan) {
         if (plan.missing.empty()) return;
-        if (unread_ > 0 || items_.integer(outlook::Count) != count_ - removed_) {
+        if (!readAll_) {
             run_.trace(L" left for the next run, since the folder could not be read as a whole: ",
                        plan.missing.size());
             run_.incomplete();
@@ -98,36 +101,31 @@ class Synchronization {
         }
     }
 
-    AddressAccess& addresses() { return run_.addresses(); }
-
     ExportRun& run_;
     Object session_;
     Object folder_;
     Object items_;
     std::vector<EmployeeRow> rows_;
     std::vector<ExportedContact> contacts_;
-    long count_ = 0;
-    long removed_ = 0;
-    long unread_ = 0;
+    std::unordered_set<std::wstring> seen_;
+    bool readAll_ = true;
 };
 
 }  // namespace
 
 bool synchronizeExportFolder(const std::wstring& databasePath, const std::wstring& folderName,
                              Com<IDispatch> client) {
-    DriverState& state = driver();
-    state.log.trace(kRoutine);
+    driver().log.trace(kRoutine);
     ExportRun run(kRoutine, std::move(client));
     std::vector<EmployeeRow> rows = run.readDirectory(databasePath);
-    const Object session = state.outlook.GetNameSpace();
-    LookUp folder = GetExportFolder(session);
+    LookUp folder = GetExportFolder();
     if (folder.failed()) throw folder.fault;
     if (folder.gone()) {
         if (folderName.empty()) throw Fault{fault::kObjectNotSet, L"There is no export folder.", kRoutine};
-        folder.item = createExportFolder(session, folderName);
+        folder.item = createExportFolder(folderName);
     }
     if (!folder.item) return false;
-    Synchronization(run, session, folder.item, std::move(rows)).carryOut();
+    Synchronization(run, driver().outlook.GetNameSpace(), folder.item, std::move(rows)).carryOut();
     return run.complete();
 }
 

@@ -34,6 +34,9 @@ class FLog {
     FLog(const FLog&) = delete;
     FLog& operator=(const FLog&) = delete;
 
+    /// Where window mode shows its lines; to be set before the log is loaded, and to outlive it.
+    void window(LogWindow* window) noexcept { window_ = window; }
+
     /// Reads the mode and opens the log; only the first call does anything.
     void load() noexcept;
 

@@ -28,6 +28,8 @@ class Handle {
         if (*this) Traits::close(handle_);
         handle_ = handle;
     }
+    /// Gives the handle away, to be closed by whoever has it now.
+    Type release() noexcept { return std::exchange(handle_, Traits::empty()); }
     /// Where a function stores a new handle; the one held before is closed first.
     Type* put() noexcept {
         reset();

@@ -1,0 +1,87 @@
+#include "core/DriverState.h"
+#include "tests/export/ExportTest.h"
+
+namespace zelbar {
+
+namespace {
+
+class DirectoryFaults : public ExportTest {
+  protected:
+    void SetUp() override {
+        ExportTest::SetUp();
+        directory.fill(3);
+        ASSERT_TRUE(initialize());
+    }
+    /// Neither run touches the folder, and the next good one is right.
+    void expectUntouched(const char* reason, const std::function<void()>& repair) {
+        EXPECT_FALSE(synchronize());
+        EXPECT_FALSE(initialize());
+        EXPECT_TRUE(traced(reason)) << reason;
+        expectOneEach(3);
+        repair();
+        EXPECT_TRUE(synchronize());
+        expectOneEach(3);
+    }
+};
+
+TEST_F(DirectoryFaults, AnEmptyDirectoryRemovesNothing) {
+    for (const wchar_t* sql : {L"Delete From BLFPagesContents", L"Delete From Employees"}) {
+        directory.execute(sql);
+        EXPECT_TRUE(synchronize());
+        expectOneEach(3);
+    }
+}
+
+TEST_F(DirectoryFaults, ADirectoryWithoutItsTableRemovesNothing) {
+    directory.execute(L"Drop Table BLFPagesContents");
+    expectUntouched("cannot find the input table or query 'BLFPagesContents'", [this] {
+        directory.execute(
+            L"Create Table BLFPagesContents (BLFpageId Long, EmployeeId Long, "
+            L"BindToEmployee YesNo)");
+        for (long id = 1; id <= 3; ++id) directory.place(id, 2);
+    });
+}
+
+TEST_F(DirectoryFaults, ADirectoryThatFailsBeforeItsEndRemovesNothing) {
+    dao.server().faults().failMember(L"Recordset.MoveNext", {static_cast<HRESULT>(0x800A0BCD), L"Broken."});
+    expectUntouched("Error (SynchronizeExportFolder): Broken. in ",
+                    [this] { dao.server().faults().clear(); });
+}
+
+TEST_F(DirectoryFaults, ADirectoryThatDoesNotOpenRemovesNothing) {
+    driver().employees.close();
+    dao.server().faults().failMember(L"Workspace.OpenDatabase",
+                                     {static_cast<HRESULT>(0x800A0BE5), L"Could not use it."});
+    expectUntouched("Error (InitializeExportFolder): Could not use it. in ",
+                    [this] { dao.server().faults().clear(); });
+}
+
+TEST_F(DirectoryFaults, ColumnsThatAnOlderDirectoryDoesNotHaveAreLeftOut) {
+    for (const wchar_t* sql :
+         {L"Drop Table Employees",
+          L"Create Table Employees (EmployeeId Long, LastName Text(50), BusinessPhone Long)",
+          L"Insert Into Employees Values (1, \"Old\", 501)", L"Insert Into Employees Values (2, Null, Null)"})
+        directory.execute(sql);
+    EXPECT_TRUE(synchronize());
+    EXPECT_EQ(employeeIds(), (std::vector<long>{1, 2}));
+    EXPECT_EQ(byName().at(L"Old").field(L"BusinessTelephoneNumber"), L"501");
+}
+
+// A client may synchronise without naming the directory that it has initialised from.
+TEST_F(DirectoryFaults, TheOpenDirectoryStandsForNone) {
+    directory.execute(L"Delete From Employees Where EmployeeId = 3");
+    Gateway gateway;
+    const auto synchronizeUnnamed = [&] {
+        return Object(gateway, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass)
+            .boolean(Member{L"SynchronizeExportFolder"});
+    };
+    EXPECT_TRUE(synchronizeUnnamed());
+    expectOneEach(2);
+    finish();
+    EXPECT_FALSE(synchronizeUnnamed()) << "shut-down has closed it";
+    expectOneEach(2);
+}
+
+}  // namespace
+
+}  // namespace zelbar

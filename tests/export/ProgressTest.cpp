@@ -1,0 +1,103 @@
+#include "tests/automation/StrictObject.h"
+#include "tests/export/ExportTest.h"
+
+namespace zelbar {
+
+namespace {
+
+constexpr DISPID kProgressMember = 5;
+
+/// A client that is told how far the run is; `during` runs each time.
+struct Listener {
+    std::vector<std::wstring> told;
+    std::function<HRESULT()> during = [] { return S_OK; };
+    StrictObject object{{{L"Progress", kProgressMember}},
+                        [this](DISPID, DISPPARAMS& arguments, VARIANT*, EXCEPINFO*) {
+                            // Arguments come the last one first.
+                            told.push_back(std::wstring(arguments.rgvarg[2].bstrVal) + L" " +
+                                           std::to_wstring(arguments.rgvarg[1].lVal) + L"/" +
+                                           std::to_wstring(arguments.rgvarg[0].lVal));
+                            return during();
+                        }};
+};
+
+TEST_F(ExportTest, TheClientIsToldHowFarARunIs) {
+    directory.fill(120);
+    Listener listener;
+    EXPECT_TRUE(initialize(L"Staff", &listener.object));
+    EXPECT_EQ(listener.told,
+              (std::vector<std::wstring>{L"add 0/120", L"add 50/120", L"add 100/120", L"add 120/120"}));
+    EXPECT_TRUE(traced("cDataConnector.InitializeExportFolder add 100 of 120"));
+    EXPECT_TRUE(synchronize(L"", &listener.object));
+    EXPECT_EQ(listener.told.back(), L"change 120/120");
+    EXPECT_EQ(listener.object.references, 1);
+}
+
+TEST_F(ExportTest, AClientThatCannotBeToldDoesNotEndTheRun) {
+    directory.fill(120);
+    Listener listener;
+    listener.during = [] { return E_FAIL; };
+    EXPECT_TRUE(initialize(L"Staff", &listener.object));
+    EXPECT_EQ(listener.told.size(), 1u);
+    StrictObject stranger{{}};
+    EXPECT_TRUE(synchronize(L"", &stranger));
+    expectOneEach(120);
+}
+
+TEST_F(ExportTest, ARunWithinARunIsRefused) {
+    directory.fill(60);
+    Listener listener;
+    listener.during = [this] {
+        EXPECT_FALSE(initialize());
+        EXPECT_FALSE(synchronize());
+        return S_OK;
+    };
+    EXPECT_TRUE(initialize(L"Staff", &listener.object));
+    expectOneEach(60);
+    EXPECT_TRUE(traced("Error (InitializeExportFolder): The export folder is being worked on. in "));
+    EXPECT_TRUE(synchronize()) << "the refusal does not last";
+}
+
+// A contact that its user deletes meanwhile lets another one slip past; neither may come twice.
+TEST_F(ExportTest, AFolderThatShrinksUnderTheRunGetsNoDoubles) {
+    directory.fill(120);
+    EXPECT_TRUE(initialize());
+    Listener listener;
+    listener.during = [&] {
+        if (listener.told.back() == L"compare 50/120") outlook.mailbox().eraseItem(contacts().front().id);
+        return S_OK;
+    };
+    EXPECT_FALSE(synchronize(L"", &listener.object));
+    EXPECT_EQ(contacts().size(), 119u);
+    EXPECT_TRUE(synchronize());
+    expectOneEach(120);
+}
+
+// The client's window goes on working.
+TEST_F(ExportTest, WaitingMessagesAreServedWithEveryRow) {
+    directory.fill(30);
+    static int served;
+    served = 0;
+    const HWND window =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    ASSERT_TRUE(window);
+    SetWindowLongPtrW(
+        window, GWLP_WNDPROC,
+        reinterpret_cast<LONG_PTR>(+[](HWND self, UINT message, WPARAM w, LPARAM l) __stdcall->LRESULT {
+            if (message != WM_APP) return DefWindowProcW(self, message, w, l);
+            ++served;
+            return 0;
+        }));
+    Listener listener;
+    listener.during = [&] {
+        for (int i = 0; i < 5; ++i) PostMessageW(window, WM_APP, 0, 0);
+        return S_OK;
+    };
+    EXPECT_TRUE(initialize(L"Staff", &listener.object));
+    EXPECT_EQ(served, 10);
+    DestroyWindow(window);
+}
+
+}  // namespace
+
+}  // namespace zelbar
