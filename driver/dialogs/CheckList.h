@@ -31,8 +31,6 @@ class CheckList {
     /// The list's and its tip's notifications to the dialog. True when this was one of them.
     bool notified(NMHDR& header);
 
-    HWND window() const { return list_; }
-
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept;
     void addTip(HWND dialog);

@@ -112,6 +112,7 @@ void FolderSearch::visit(const Object& object, const std::wstring& parentPath) {
     });
     std::wstring path = folder.FullName;
     found_.tree.push_back(std::move(node));
+    if (levels_.empty()) return;  // Outlook has gone meanwhile
     const Object folders = object.object(outlook::Folders);
     const long count = folders.integer(outlook::Count);
     if (count > 0) levels_.push_back({folders, count, 1, std::move(path)});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "automation/Attempts.h"
@@ -31,7 +32,6 @@ class FolderSearch {
     /// Goes on by one folder. False when there is nothing left to ask.
     bool step() noexcept;
 
-    const FoundFolders& found() const { return found_; }
     /// Hands the result over, once the search has ended.
     FoundFolders take() { return std::move(found_); }
 

@@ -30,6 +30,18 @@ constexpr DWORD kFirstSliceMilliseconds = 250;
 
 constexpr UINT kShowTree = WM_APP + 1;
 
+/// Marks the time in which a question to Outlook is under way: messages may come in while it is answered.
+class Asking {
+  public:
+    explicit Asking(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Asking() { flag_ = false; }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+  private:
+    bool& flag_;
+};
+
 class frmOutSelFolder {
   public:
     static void show();
@@ -43,6 +55,7 @@ class frmOutSelFolder {
     void setTexts();
     void arrange();
     void search(DWORD milliseconds);
+    bool ask(DWORD milliseconds);
     void searched();
     void tell(const wchar_t* text);
     void enable(bool usable);
@@ -63,8 +76,8 @@ class frmOutSelFolder {
     Font font_;
     std::optional<DialogKeys> keys_;
     bool searching_ = true;
-    bool asking_ = false;   // a question to Outlook is under way, during which messages may come in
-    bool closing_ = false;  // the user has closed the window meanwhile
+    bool asking_ = false;
+    bool closing_ = false;  // the user has closed the window while Outlook was asked
 };
 
 /// The window that is open. Never destroyed: when the process ends, its window is gone, and references to
@@ -77,7 +90,7 @@ std::shared_ptr<frmOutSelFolder>& current() {
 void frmOutSelFolder::show() {
     if (const auto form = current()) {
         if (IsIconic(form->window_)) ShowWindow(form->window_, SW_RESTORE);
-        SetForegroundWindow(form->window_);
+        SetForegroundWindow(GetLastActivePopup(form->window_));
         return;
     }
     const auto form = current() = std::make_shared<frmOutSelFolder>();
@@ -213,11 +226,7 @@ void frmOutSelFolder::arrange() {
 void frmOutSelFolder::search(DWORD milliseconds) {
     if (!searching_ || asking_) return;
     KillTimer(window_, kSearchTimer);
-    const DWORD start = GetTickCount();
-    bool more = true;
-    asking_ = true;
-    while (more && !closing_ && GetTickCount() - start < milliseconds) more = selection_.search();
-    asking_ = false;
+    const bool more = ask(milliseconds);
     if (!window_) return;
     if (closing_) {
         DestroyWindow(window_);
@@ -228,9 +237,19 @@ void frmOutSelFolder::search(DWORD milliseconds) {
     }
 }
 
+bool frmOutSelFolder::ask(DWORD milliseconds) {
+    const Asking asking(asking_);
+    const DWORD start = GetTickCount();
+    while (!closing_ && GetTickCount() - start < milliseconds) {
+        if (selection_.search()) continue;
+        if (!closing_) selection_.load();
+        return false;
+    }
+    return true;
+}
+
 void frmOutSelFolder::searched() {
     searching_ = false;
-    selection_.load();
     ShowWindow(control(kControl_PSTLabel), SW_HIDE);
     if (!selection_.reached())
         tell(L"#07113#Outlook is not running: its folders cannot be shown.");
@@ -265,7 +284,8 @@ void frmOutSelFolder::enable(bool usable) {
 }
 
 void frmOutSelFolder::showTree() {
-    if (searching_) return;
+    // A second click may have come before the first one was served.
+    if (searching_ || !IsWindowEnabled(window_)) return;
     showFolderTree(window_, selection_);
     if (window_) fill();
 }

@@ -1,5 +1,6 @@
 #include "export/ExportFolder.h"
 
+#include "automation/Attempts.h"
 #include "automation/Fault.h"
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
@@ -53,6 +54,17 @@ bool nameIsTaken(const Object& parent, const std::wstring& name) noexcept {
         return hasFolderCalled(parent, name);
     } catch (...) {
         return false;
+    }
+}
+
+/// A new folder that cannot be found again would only be in the way of the next attempt.
+void rememberNew(const Object& folder) {
+    try {
+        storeExportFolder(folder);
+    } catch (...) {
+        const Fault fault = caughtFault();
+        Attempts()([&] { folder.call(outlook::Delete); });
+        throw fault;
     }
 }
 
@@ -111,7 +123,7 @@ Object createExportFolder(const std::wstring& name) {
             kMessageTitle, MB_OK | MB_ICONEXCLAMATION);
         return {};
     }
-    storeExportFolder(folder);
+    rememberNew(folder);
     return folder;
 }
 

@@ -32,16 +32,6 @@ TEST_F(DirectoryFaults, AnEmptyDirectoryRemovesNothing) {
     }
 }
 
-TEST_F(DirectoryFaults, ADirectoryWithoutItsTableRemovesNothing) {
-    directory.execute(L"Drop Table BLFPagesContents");
-    expectUntouched("cannot find the input table or query 'BLFPagesContents'", [this] {
-        directory.execute(
-            L"Create Table BLFPagesContents (BLFpageId Long, EmployeeId Long, "
-            L"BindToEmployee YesNo)");
-        for (long id = 1; id <= 3; ++id) directory.place(id, 2);
-    });
-}
-
 TEST_F(DirectoryFaults, ADirectoryThatFailsBeforeItsEndRemovesNothing) {
     dao.server().faults().failMember(L"Recordset.MoveNext", {static_cast<HRESULT>(0x800A0BCD), L"Broken."});
     expectUntouched("Error (SynchronizeExportFolder): Broken. in ",

@@ -89,6 +89,12 @@ TEST_F(ExportFolder, AnotherFaultOfTheNewFolderIsNotTheName) {
     EXPECT_FALSE(initialize());
     EXPECT_TRUE(messages().empty());
     EXPECT_TRUE(traced("Error (InitializeExportFolder): No rights. in Microsoft Outlook"));
+    outlook.server().faults().clear();
+    outlook.server().faults().failMember(L"MAPIFolder.StoreID", {static_cast<HRESULT>(0x80010001)}, 1);
+    EXPECT_FALSE(initialize());
+    EXPECT_TRUE(initialize()) << "the folder that could not be remembered is not in the way";
+    EXPECT_TRUE(messages().empty());
+    expectOneEach(2);
 }
 
 }  // namespace
