@@ -128,6 +128,7 @@ void measureSearches() {
     reportAim("driver over bare query at most 1.1", ratio <= 1.1);
     reportAim("exact number in 100,000 rows at most twice that in 1,000 (shortest)",
               large.exactNumber <= 2 * small.exactNumber);
+    std::printf("\n");
 }
 
 }  // namespace benchmark

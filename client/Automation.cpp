@@ -7,13 +7,22 @@
 namespace pimcall {
 namespace {
 
-Value invokeGet(IDispatch& object, DISPID member, std::wstring_view name) {
+Value invokeGet(IDispatch& object, DISPID member, std::wstring_view name, const Value* argument = nullptr) {
     Value result;
-    DISPPARAMS none{};
+    // The list of arguments is declared writable, but an argument passed by value is only read.
+    DISPPARAMS arguments{argument ? const_cast<VARIANT*>(&argument->raw()) : nullptr, nullptr,
+                         argument ? 1u : 0u, 0};
     require(object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                          &none, result.put(), nullptr, nullptr),
+                          &arguments, result.put(), nullptr, nullptr),
             name);
     return result;
+}
+
+DISPID memberNamed(IDispatch& object, const wchar_t* name) {
+    auto* mutableName = const_cast<LPOLESTR>(name);
+    DISPID member = DISPID_UNKNOWN;
+    require(object.GetIDsOfNames(IID_NULL, &mutableName, 1, LOCALE_USER_DEFAULT, &member), name);
+    return member;
 }
 
 std::wstring hexadecimal(HRESULT result) {
@@ -39,6 +48,11 @@ Value::Value(const std::wstring& text) {
 Value::Value(bool on) {
     value_.vt = VT_BOOL;
     value_.boolVal = on ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+Value::Value(long number) {
+    value_.vt = VT_I4;
+    value_.lVal = number;
 }
 
 Value::Value(Value&& other) noexcept : value_(other.value_) {
@@ -109,10 +123,11 @@ std::vector<Value> elementsOf(IDispatch& collection) {
 }
 
 Value resultOf(IDispatch& object, const wchar_t* name) {
-    auto* mutableName = const_cast<LPOLESTR>(name);
-    DISPID member = DISPID_UNKNOWN;
-    require(object.GetIDsOfNames(IID_NULL, &mutableName, 1, LOCALE_USER_DEFAULT, &member), name);
-    return invokeGet(object, member, name);
+    return invokeGet(object, memberNamed(object, name), name);
+}
+
+Value resultOf(IDispatch& object, const wchar_t* name, const Value& argument) {
+    return invokeGet(object, memberNamed(object, name), name, &argument);
 }
 
 }  // namespace pimcall

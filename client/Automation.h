@@ -40,6 +40,7 @@ class Value {
     /// Throws std::bad_alloc.
     explicit Value(const std::wstring& text);
     explicit Value(bool on);
+    explicit Value(long number);
     Value(Value&& other) noexcept;
     Value& operator=(Value&&) = delete;
     ~Value() { VariantClear(&value_); }
@@ -79,5 +80,8 @@ std::vector<Value> elementsOf(IDispatch& collection);
 
 /// What a property, or a method without arguments, gives that is reached by its name.
 Value resultOf(IDispatch& object, const wchar_t* name);
+
+/// The same with one argument.
+Value resultOf(IDispatch& object, const wchar_t* name, const Value& argument);
 
 }  // namespace pimcall

@@ -3,8 +3,8 @@
 namespace pimcall {
 
 std::span<const Command* const> allCommands() {
-    static constexpr const Command* kCommands[] = {&kCall,   &kFind,       &kShow,   &kActive, &kActions,
-                                                   &kCreate, &kShowFolder, &kConfig, &kExport};
+    static constexpr const Command* kCommands[] = {&kCall,   &kFind,       &kShow,    &kActive, &kActions,
+                                                   &kCreate, &kShowFolder, &kFolders, &kConfig, &kExport};
     return kCommands;
 }
 

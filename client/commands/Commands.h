@@ -46,6 +46,7 @@ extern const Command kConfig;
 extern const Command kCreate;
 extern const Command kExport;
 extern const Command kFind;
+extern const Command kFolders;
 extern const Command kShow;
 extern const Command kShowFolder;
 

@@ -29,6 +29,12 @@ Com<::CallAction> ActionTest::action(long id,
     return result;
 }
 
+Com<::CallAction> ActionTest::opener(short choice) {
+    const auto result = action(kOpen);
+    EXPECT_EQ(settingOf(*result, L"NewOnInexistant")->put_ValueIndex(choice), S_OK);
+    return result;
+}
+
 Com<cContact> ActionTest::known(const std::wstring& callInformation) {
     auto contact = makeObject<cContact>();
     contact->SetValues(

@@ -21,6 +21,8 @@ class ActionTest : public DriverTest {
     /// A fresh action of a kind, with values for some of its settings.
     Com<::CallAction> action(long id,
                              std::initializer_list<std::pair<const wchar_t*, Variant>> settings = {});
+    /// The action that opens contacts, with this entry of its list chosen.
+    Com<::CallAction> opener(short choice);
     /// Anna as a search delivers her, and a caller whom nobody knows.
     Com<cContact> known(const std::wstring& callInformation = {});
     Com<cContact> unknown(const std::wstring& callInformation = {});

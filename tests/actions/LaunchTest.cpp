@@ -21,48 +21,20 @@ struct NotedWindow final : MessageWindow {
     void Show() override { ++shownAgain; }
 };
 
-/// A kind of document and the program that opens it, as long as it lives.
-class Association {
-  public:
-    Association(std::wstring extension, const std::wstring& command) : extension_(std::move(extension)) {
-        write(extension_, L"zelbar.document");
-        write(L"zelbar.document\\shell\\open\\command", command);
-    }
-    ~Association() {
-        RegDeleteTreeW(HKEY_CLASSES_ROOT, extension_.c_str());
-        RegDeleteTreeW(HKEY_CLASSES_ROOT, L"zelbar.document");
-    }
-
-  private:
-    static void write(const std::wstring& key, const std::wstring& text) {
-        EXPECT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text.c_str(),
-                                  static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))),
-                  ERROR_SUCCESS);
-    }
-    std::wstring extension_;
-};
-
 class Launch : public ActionTest {
   protected:
     Launch() { driver().user.messageWindow = &window; }
 
-    /// The command line that an action with these settings makes, read from the message of its failed start.
-    std::wstring commandFor(const std::wstring& path, const std::wstring& arguments,
-                            const std::wstring& callInformation) {
-        window.open = false;
-        run(*action(kLaunch, {{L"Path", path}, {L"Arguments", arguments}}), unknown(callInformation));
-        const std::wstring expected = L"__NO_TITLE__|0|" + GetSystemErrorText(ERROR_FILE_NOT_FOUND) + L": ";
-        if (window.messages.empty()) return L"(started)";
-        std::wstring message = window.messages.back();
-        window.messages.clear();
-        if (!message.starts_with(expected) || !message.ends_with(L".")) return message;
-        return message.substr(expected.size(), message.size() - expected.size() - 1);
+    Com<::CallAction> launch(const std::wstring& path, const std::wstring& arguments) {
+        return action(kLaunch, {{L"Path", path}, {L"Arguments", arguments}});
     }
-    /// What a started program has written; waited for, since nobody waits for the program.
-    static std::string written(const std::wstring& path) {
-        for (int i = 0; i < 200 && !harness::exists(path); ++i) Sleep(50);
-        Sleep(50);
-        return harness::exists(path) ? harness::readFile(path) : "(nothing)";
+    /// The messages of failed starts since the last call.
+    std::vector<std::wstring> failures() {
+        window.open = false;
+        return std::exchange(window.messages, {});
+    }
+    static std::wstring failureOf(const std::wstring& command) {
+        return L"__NO_TITLE__|0|" + GetSystemErrorText(ERROR_FILE_NOT_FOUND) + L": " + command + L".";
     }
 
     NotedWindow window;
@@ -88,31 +60,32 @@ TEST_F(Launch, TheCommandLineIsPutTogether) {
         {L"C:\\N\\", L"d $1", L"PHONENUMBER=$2;LOCALNUMBER=9;", L"C:\\N\\d 9"},
         {L"C:\\N\\", L"d $4", L"ORIGIN=$1$4;", L"C:\\N\\d $1$4"},
     };
-    for (const auto& c : cases) EXPECT_EQ(commandFor(c.path, c.arguments, c.information), c.command);
+    for (const auto& c : cases) {
+        run(*launch(c.path, c.arguments), unknown(c.information));
+        EXPECT_EQ(failures(), std::vector<std::wstring>{failureOf(c.command)});
+    }
     EXPECT_TRUE(traced("From Popup PersonalData(CALLORIGIN)=desk"));
     EXPECT_TRUE(traced("From Popup PersonalData(PHONENUMBER)=0123"));
 }
 
-TEST_F(Launch, TheFolderIsKeptWithItsBackslash) {
-    const auto launch = action(kLaunch, {{L"Path", L"C:\\None"}, {L"Arguments", L"dial.exe"}});
-    run(*launch, unknown());
-    EXPECT_EQ(valueOf(*launch, L"Path"), L"C:\\None\\");
-    run(*launch, {});
-    EXPECT_EQ(valueOf(*launch, L"Path"), L"C:\\None\\");
-    EXPECT_EQ(window.messages.size(), 1u) << "the open window keeps its text";
+TEST_F(Launch, TheFolderIsKeptWithItsBackslashAndTheOpenWindowWithItsText) {
+    const auto dial = launch(L"C:\\None", L"dial.exe");
+    for (const Com<::Contact>& caller : {Com<::Contact>(unknown()), Com<::Contact>()}) {
+        run(*dial, caller);
+        EXPECT_EQ(valueOf(*dial, L"Path"), L"C:\\None\\");
+    }
     EXPECT_EQ(window.shownAgain, 1);
-    EXPECT_TRUE(traced("Item is nothing..."));
+    EXPECT_EQ(failures().size(), 1u);
 }
 
 TEST_F(Launch, ProgramsBatchFilesAndDocumentsAreStarted) {
     const std::wstring tools = folder.makeFolder(L"my tools");
-    const auto batch = [&](const wchar_t* name) {
-        harness::writeFile(tools + L"\\" + name, "@echo %~n0 %1 %2>\"%~dp0%1.txt\"\r\n");
-    };
-    batch(L"dial.bat");
-    batch(L"ring up.cmd");
-    const Association document(L".zelbardoc", L"cmd.exe /c copy \"%1\" \"%1.opened\"");
+    for (const wchar_t* name : {L"\\dial.bat", L"\\ring up.cmd"})
+        harness::writeFile(tools + name, "@echo %~n0 %1 %2>\"%~dp0%1.txt\"\r\n");
     harness::writeFile(tools + L"\\my note.zelbardoc", "note");
+    registry.set(HKEY_CLASSES_ROOT, L".zelbardoc", L"", L"zelbar.document");
+    registry.set(HKEY_CLASSES_ROOT, L"zelbar.document\\shell\\open\\command", L"",
+                 L"cmd.exe /c copy \"%1\" \"%1.opened\"");
     wchar_t windowsFolder[MAX_PATH];
     GetWindowsDirectoryW(windowsFolder, MAX_PATH);
     const std::wstring system = std::wstring(windowsFolder) + L"\\system32";
@@ -129,10 +102,11 @@ TEST_F(Launch, ProgramsBatchFilesAndDocumentsAreStarted) {
         {system, L"cmd /c echo $1>\"" + tools + L"\\e.txt\"", L"e.txt", "77\r\n"},
     };
     for (const auto& c : cases) {
-        run(*action(kLaunch, {{L"Path", c.path}, {L"Arguments", c.arguments}}), unknown(L"PHONENUMBER=77;"));
-        EXPECT_EQ(written(tools + L"\\" + c.file), c.text);
+        run(*launch(c.path, c.arguments), unknown(L"PHONENUMBER=77;"));
+        EXPECT_EQ(harness::awaitFile(tools + L"\\" + c.file), c.text);
     }
-    EXPECT_TRUE(window.messages.empty()) << "nothing failed";
+    EXPECT_TRUE(failures().empty());
+    for (const wchar_t* key : {L".zelbardoc", L"zelbar.document"}) RegDeleteTreeW(HKEY_CLASSES_ROOT, key);
 }
 
 }  // namespace

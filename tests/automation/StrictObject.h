@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "automation/Com.h"
+#include "automation/Variant.h"
 
 /// A late-bound object that knows a handful of members, refuses wrong kinds of invocation, writes down what
 /// it was asked, and answers as told. Lives on the test's stack; `references` must be 1 again at the end.
@@ -60,20 +61,13 @@ class StrictObject final : public IDispatch {
             if (member.number == number && (member.kinds & flags)) {
                 asked.push_back(member.name + L"/" + std::to_wstring(flags));
                 if (answer_) return answer_(number, *arguments, result, exception);
-                if (result) *result = numbered(number);
+                if (result) *result = zelbar::Variant(number).detach();
                 return S_OK;
             }
         return DISP_E_MEMBERNOTFOUND;
     }
 
   private:
-    static VARIANT numbered(DISPID number) {
-        VARIANT value{};
-        value.vt = VT_I4;
-        value.lVal = number;
-        return value;
-    }
-
     std::vector<Member> members_;
     Answer answer_;
 };

@@ -2,11 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <functional>
-
 #include "automation/Fault.h"
-#include "tests/automation/StrictObject.h"
 
 namespace zelbar {
 namespace {
@@ -30,7 +26,8 @@ Variant null() {
 TEST(VariantTest, ReadersConvertAsAutomationDoes) {
     const struct {
         Variant value;
-        const wchar_t *text, *integer, *boolean;
+        std::wstring text;
+        const wchar_t *integer, *boolean;
     } kCases[] = {
         {{}, L"", L"0", L"no"},
         {null(), L"", L"0", L"no"},
@@ -43,16 +40,15 @@ TEST(VariantTest, ReadersConvertAsAutomationDoes) {
         {L"12", L"12", L"12", L"yes"},
         {L"twelve", L"twelve", L"!13", L"!13"},
         {L"True", L"True", L"!13", L"yes"},
-        {std::wstring(L"a\0b", 3), L"a\0b", L"!13", L"!13"},
+        {std::wstring(L"a\0b", 3), std::wstring(L"a\0b", 3), L"!13", L"!13"},
         {Variant::missing(), L"!13", L"!13", L"!13"},
         {Com<IDispatch>(), L"!13", L"!13", L"!13"},
     };
     for (const auto& c : kCases) {
-        const bool hasNul = c.value.type() == VT_BSTR && c.value.text().size() == 3;
-        EXPECT_EQ(outcome([&] { return c.value.text(); }), hasNul ? std::wstring(L"a\0b", 3) : c.text);
-        EXPECT_EQ(outcome([&] { return std::to_wstring(c.value.integer()); }), c.integer) << c.text;
+        EXPECT_EQ(outcome([&] { return c.value.text(); }), c.text);
+        EXPECT_EQ(outcome([&] { return std::to_wstring(c.value.integer()); }), c.integer) << c.text.c_str();
         EXPECT_EQ(outcome([&] { return std::wstring(c.value.boolean() ? L"yes" : L"no"); }), c.boolean)
-            << c.text;
+            << c.text.c_str();
     }
 }
 
@@ -62,17 +58,6 @@ TEST(VariantTest, OnlyObjectsAndNothingAreObjects) {
     EXPECT_TRUE(Variant(Com<IDispatch>()).isNothing());
     EXPECT_THROW(Variant(L"text").object(), Fault);
     EXPECT_THROW(Variant::missing().object(), Fault);
-    StrictObject target({});
-    {
-        const Variant value(target.reference());
-        Variant copy = value;
-        EXPECT_EQ(copy.object().get(), &target);
-        EXPECT_FALSE(copy.isNothing());
-        EXPECT_EQ(target.references, 3);
-        copy = Variant(L"text");
-        EXPECT_EQ(target.references, 2);
-    }
-    EXPECT_EQ(target.references, 1);
 }
 
 TEST(VariantTest, CopiesOfForeignValuesFollowReferences) {

@@ -4,6 +4,7 @@
 
 #include <oaidl.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,41 +17,30 @@ namespace zelbar {
 struct ParameterDescription {
     VARTYPE type = VT_EMPTY;  ///< VT_USERDEFINED for one of the library's own interfaces.
     bool isReference = false;
-    bool isOptional = false;
-    std::string text;
+    std::string text;  ///< "long", "ref long", "[variant]" for an optional one.
 };
 
 struct MemberDescription {
     std::string name;
-    DISPID id = 0;
     INVOKEKIND kind = INVOKE_FUNC;
     int slot = 0;
     std::vector<ParameterDescription> parameters;  ///< Without the result.
-    bool hasResult = false;
-    ParameterDescription result;
+    std::optional<ParameterDescription> result;
     std::string text;  ///< "get Name() text", "Find(ref long, text) Contact"
 };
 
 /// An interface as its early-bound callers see it.
-class InterfaceDescription {
-  public:
-    /// `info` describes it, from the automation side or from the other one.
-    explicit InterfaceDescription(const Com<ITypeInfo>& info) { read(info); }
-
-    const std::string& name() const { return name_; }
-    const IID& id() const { return id_; }
-    bool isDual() const { return dual_; }
-    const std::vector<MemberDescription>& members() const { return members_; }
-
-  private:
-    void read(const Com<ITypeInfo>& info);
-
-    std::string name_;
-    IID id_{};
-    bool dual_ = false;
-    std::vector<MemberDescription> members_;
+struct InterfaceDescription {
+    std::string name;
+    IID id{};
+    bool isDual = false;
+    std::vector<MemberDescription> members;
 };
 
-std::string nameOf(ITypeInfo& info);
+/// `info` describes the interface, from the automation side or from the other one.
+InterfaceDescription describe(Com<ITypeInfo> info);
+
+/// The name of a type, or of one of its members.
+std::string nameOf(ITypeInfo& info, MEMBERID member = MEMBERID_NIL);
 
 }  // namespace zelbar

@@ -5,6 +5,7 @@
 #include "automation/Bstr.h"
 #include "com/CallActionBorder.h"
 #include "search/cContactRecord.h"
+#include "support/Encoding.h"
 #include "tests/automation/HeapBlocks.h"
 #include "tests/automation/StrictObject.h"
 #include "tests/com/LateClient.h"
@@ -31,17 +32,11 @@ struct LateSearchTest : DriverTest {
     }
 };
 
-/// The variables of a caller.
-struct Variables {
-    long number = 1;
-    short small = 1;
-    VARIANT variant = lent(short{1});
-    VARIANT inner = lent(1L);
-};
-
 TEST_F(LateSearchTest, AKindOfSearchMayComeInAnyForm) {
     Bstr one{L"1"}, word{L"one"};
-    Variables variables;
+    long number = 1;
+    short small = 1;
+    VARIANT variant = lent(short{1}), referring = referenceTo(number);
     const struct {
         const char* form;
         VARIANT argument;
@@ -51,10 +46,10 @@ TEST_F(LateSearchTest, AKindOfSearchMayComeInAnyForm) {
         {"short", lent(short{1}), S_OK},
         {"double", lent(1.0), S_OK},
         {"text", lent(one.get()), S_OK},
-        {"long variable", referenceTo(variables.number), S_OK},
-        {"short variable", referenceTo(variables.small), S_OK},
-        {"variant", referenceTo(variables.variant), S_OK},
-        {"variant that refers", referenceTo(variables.inner = referenceTo(variables.number)), S_OK},
+        {"long variable", referenceTo(number), S_OK},
+        {"short variable", referenceTo(small), S_OK},
+        {"variant", referenceTo(variant), S_OK},
+        {"variant that refers", referenceTo(referring), S_OK},
         {"no number", lent(word.get()), DISP_E_TYPEMISMATCH},
         {"too large", lent(1e12), DISP_E_OVERFLOW},
         {"Null", lent(VT_NULL), DISP_E_TYPEMISMATCH},
@@ -86,18 +81,22 @@ TEST_F(LateSearchTest, ArgumentsMayBeNamed) {
 }
 
 TEST_F(LateSearchTest, ACallersMistakeIsACallersError) {
-    EXPECT_EQ(late(*cursor.get(), L"FindLast").result, DISP_E_UNKNOWNNAME);
-    EXPECT_EQ(late(*cursor.get(), L"FindNext", {lent(1L)}).result, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(late(*cursor.get(), L"FindFirst", {lent(1L)}).result, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(late(*cursor.get(), L"EOF", {lent(1L)}, DISPATCH_PROPERTYPUT).result, DISP_E_MEMBERNOTFOUND);
-    DISPPARAMS none{};
-    EXPECT_EQ(cursor->Invoke(4711, IID_NULL, 0, kRead, &none, nullptr, nullptr, nullptr),
-              DISP_E_MEMBERNOTFOUND);
+    const VARIANT nowhere = referenceTo(*static_cast<VARIANT*>(nullptr));
+    const struct {
+        const wchar_t* member;
+        std::vector<VARIANT> arguments;
+        HRESULT result;
+        WORD kind = kRead;
+    } kCases[] = {
+        {L"FindLast", {}, DISP_E_UNKNOWNNAME},
+        {L"FindNext", {lent(1L)}, DISP_E_BADPARAMCOUNT},
+        {L"FindFirst", {lent(1L)}, DISP_E_BADPARAMCOUNT},
+        {L"FindFirst", {nowhere, lent(text.get())}, E_POINTER},
+        {L"EOF", {lent(1L)}, DISP_E_MEMBERNOTFOUND, DISPATCH_PROPERTYPUT},
+    };
+    for (const auto& c : kCases)
+        EXPECT_EQ(late(*cursor.get(), c.member, c.arguments, c.kind).result, c.result) << utf8(c.member);
     EXPECT_EQ(cursor->Invoke(1, IID_NULL, 0, kRead, nullptr, nullptr, nullptr, nullptr), E_POINTER);
-    EXPECT_EQ(
-        late(*cursor.get(), L"FindFirst", {referenceTo(*static_cast<VARIANT*>(nullptr)), lent(text.get())})
-            .result,
-        E_POINTER);
 }
 
 TEST_F(LateSearchTest, AResultThatNobodyWantsIsReleased) {
@@ -113,14 +112,11 @@ TEST_F(LateSearchTest, AResultThatNobodyWantsIsReleased) {
 }
 
 TEST_F(LateSearchTest, OptionalArgumentsMayBeLeftOut) {
-    IDispatch& driver = connector();
     Bstr command{L"isFolderConfigured"};
-    EXPECT_EQ(late(driver, L"ExecuteCommand", {lent(command.get())}).value.type(), VT_BOOL);
-    EXPECT_EQ(late(driver, L"ExecuteCommand", {lent(command.get()), lent(VT_ERROR)}).value.type(), VT_BOOL);
-    EXPECT_EQ(late(driver, L"ExecuteCommand", {lent(text.get())}).value.type(), VT_EMPTY);
-    EXPECT_EQ(late(driver, L"WriteCache").result, S_OK);
-    EXPECT_EQ(late(driver, L"WriteCache", {lent(1L)}).result, S_OK);
-    EXPECT_EQ(late(driver, L"ExecuteCommand").result, DISP_E_BADPARAMCOUNT);
+    for (const auto& arguments :
+         {std::vector<VARIANT>{lent(command.get())}, {lent(command.get()), lent(VT_ERROR)}})
+        EXPECT_EQ(late(connector(), L"ExecuteCommand", arguments).value.type(), VT_BOOL);
+    EXPECT_EQ(late(connector(), L"ExecuteCommand").result, DISP_E_BADPARAMCOUNT);
 }
 
 TEST_F(LateSearchTest, CallsLeaveNothingBehind) {
@@ -157,13 +153,16 @@ struct LateActionTest : DriverTest {
 
     void SetUp() override {
         mine = contact.get();
-        action->execute = [this](ContactArgument& argument) { arrived = argument.given().get(); };
+        leaveAlone();
     }
     void TearDown() override {
         action.reset();
         contact.reset();
         other.reset();
         DriverTest::TearDown();
+    }
+    void leaveAlone() {
+        action->execute = [this](ContactArgument& argument) { arrived = argument.given().get(); };
     }
     void replaceBy(Com<::Contact> replacement) {
         action->execute = [this, replacement](ContactArgument& argument) {
@@ -199,50 +198,38 @@ TEST_F(LateActionTest, WhatIsPassedByValueStaysTheCallers) {
 }
 
 TEST_F(LateActionTest, AVariableGetsWhatTheActionPutsThere) {
-    for (const bool named : {false, true}) {
-        const std::vector<const wchar_t*> names(named ? 1 : 0, L"CallContact");
-        IDispatch* object = Com<IDispatch>::share(mine).detach();
-        VARIANT variant = lent(Com<IDispatch>::share(mine).detach());
-        EXPECT_EQ(references(mine), 3u);
-
-        replaceBy(other);
-        EXPECT_EQ(run(referenceTo(object), names), S_OK);
-        EXPECT_EQ(arrived, mine);
-        EXPECT_EQ(object, static_cast<IDispatch*>(other.get()));
-        EXPECT_EQ(run(referenceTo(variant), names), S_OK);
-        EXPECT_EQ(arrived, mine);
-        EXPECT_EQ(variant.vt, VT_DISPATCH);
-        EXPECT_EQ(variant.pdispVal, static_cast<IDispatch*>(other.get()));
-        EXPECT_EQ(references(mine), 1u) << "the caller's references were taken";
-
-        replaceBy({});
-        EXPECT_EQ(run(referenceTo(object), names), S_OK);
-        EXPECT_EQ(run(referenceTo(variant), names), S_OK);
-        EXPECT_EQ(object, nullptr);
-        EXPECT_EQ(variant.vt, VT_DISPATCH);
-        EXPECT_EQ(variant.pdispVal, nullptr);
-
-        replaceBy(other);
-        for (VARIANT start : {variant, lent(VT_EMPTY)}) {
-            variant = start;
-            EXPECT_EQ(run(referenceTo(variant), names), S_OK) << "into Nothing, and into Empty";
-            EXPECT_EQ(arrived, nullptr);
-            EXPECT_EQ(variant.pdispVal, static_cast<IDispatch*>(other.get()));
-            VariantClear(&variant);
+    for (const bool named : {false, true})
+        for (const bool isVariant : {false, true}) {
+            const std::vector<const wchar_t*> names(named ? 1 : 0, L"CallContact");
+            IDispatch* object = Com<IDispatch>::share(mine).detach();
+            VARIANT variant = lent(object);
+            const VARIANT variable = isVariant ? referenceTo(variant) : referenceTo(object);
+            IDispatch*& content = isVariant ? variant.pdispVal : object;
+            const auto expect = [&](IDispatch* before, IDispatch* after) {
+                EXPECT_EQ(run(variable, names), S_OK) << named << isVariant;
+                EXPECT_EQ(arrived, before) << named << isVariant;
+                EXPECT_EQ(content, after) << named << isVariant;
+                EXPECT_EQ(variant.vt, VT_DISPATCH);
+            };
+            leaveAlone();
+            expect(mine, mine);
+            EXPECT_EQ(references(mine), 2u);
+            replaceBy(other);
+            expect(mine, other.get());
+            EXPECT_EQ(references(mine), 1u) << "the caller's reference was taken";
+            replaceBy({});
+            expect(other.get(), nullptr);
+            replaceBy(other);
+            expect(nullptr, other.get());
+            content->Release();
+            if (isVariant) {
+                variant = lent(VT_EMPTY);
+                expect(nullptr, other.get());
+                VariantClear(&variant);
+            }
+            leaveAlone();
+            EXPECT_EQ(references(other.get()), 1u);
         }
-        action->execute = {};
-        EXPECT_EQ(references(other.get()), 1u);
-    }
-}
-
-TEST_F(LateActionTest, AVariableThatTheActionLeavesAloneKeepsItsObject) {
-    IDispatch* object = mine;
-    VARIANT variant = lent(mine);
-    EXPECT_EQ(run(referenceTo(object)), S_OK);
-    EXPECT_EQ(run(referenceTo(variant)), S_OK);
-    EXPECT_EQ(object, mine);
-    EXPECT_EQ(variant.pdispVal, mine);
-    EXPECT_EQ(references(mine), 1u);
 }
 
 TEST_F(LateActionTest, OnlyObjectsAreContacts) {
@@ -262,23 +249,6 @@ TEST_F(LateActionTest, OnlyObjectsAreContacts) {
         }
     }
     EXPECT_EQ(foreign.references, 1);
-}
-
-TEST_F(LateActionTest, ContactsMayBeComparedInAnyForm) {
-    IDispatch* object = mine;
-    VARIANT variant = lent(mine);
-    for (VARIANT argument : {lent(mine), referenceTo(object), referenceTo(variant)}) {
-        const LateAnswer answer = late(*contact.get(), L"IsEqual", {argument});
-        EXPECT_EQ(answer.result, S_OK);
-        EXPECT_TRUE(answer.value.boolean());
-    }
-    const LateAnswer none = late(*contact.get(), L"IsEqual", {lent(static_cast<IDispatch*>(nullptr))});
-    EXPECT_EQ(none.result, S_OK);
-    EXPECT_FALSE(none.value.boolean());
-    StrictObject foreign({});
-    EXPECT_TRUE(FAILED(late(*contact.get(), L"IsEqual", {lent(&foreign)}).result));
-    EXPECT_EQ(foreign.references, 1);
-    EXPECT_EQ(references(mine), 1u);
 }
 
 }  // namespace

@@ -4,7 +4,8 @@
 
 #include <oaidl.h>
 
-#include <string>
+#include <cstring>
+#include <type_traits>
 #include <vector>
 
 #include "automation/Com.h"
@@ -24,19 +25,41 @@ inline constexpr WORD kRead = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 LateAnswer late(IDispatch& object, const wchar_t* name, std::vector<VARIANT> arguments = {},
                 WORD kind = kRead, const std::vector<const wchar_t*>& named = {});
 
-/// Arguments by value; nothing is added to what they hold.
-VARIANT lent(long value);
-VARIANT lent(short value);
-VARIANT lent(double value);
-VARIANT lent(BSTR value);
-VARIANT lent(IDispatch* value);
-VARIANT lent(VARENUM type);  ///< Empty, Null, or left out.
+/// How an argument of a type is marked.
+template <class T>
+constexpr VARTYPE typeOf() {
+    if constexpr (std::is_same_v<T, long>) return VT_I4;
+    if constexpr (std::is_same_v<T, short>) return VT_I2;
+    if constexpr (std::is_same_v<T, double>) return VT_R8;
+    if constexpr (std::is_same_v<T, BSTR>) return VT_BSTR;
+    if constexpr (std::is_convertible_v<T, IDispatch*>) return VT_DISPATCH;
+    if constexpr (std::is_same_v<T, IUnknown*>) return VT_UNKNOWN;
+    if constexpr (std::is_same_v<T, VARIANT>) return VT_VARIANT;
+}
 
-/// References to the caller's variables.
-VARIANT referenceTo(long& variable);
-VARIANT referenceTo(short& variable);
-VARIANT referenceTo(IDispatch*& variable);
-VARIANT referenceTo(IUnknown*& variable);
-VARIANT referenceTo(VARIANT& variable);
+/// An argument by value; nothing is added to what it holds.
+template <class T>
+VARIANT lent(T value) {
+    VARIANT result{};
+    result.vt = typeOf<T>();
+    std::memcpy(&result.llVal, &value, sizeof value);
+    return result;
+}
+/// Empty, Null, or left out.
+inline VARIANT lent(VARENUM type) {
+    VARIANT result{};
+    result.vt = static_cast<VARTYPE>(type);
+    if (type == VT_ERROR) result.scode = DISP_E_PARAMNOTFOUND;
+    return result;
+}
+
+/// A reference to the caller's variable.
+template <class T>
+VARIANT referenceTo(T& variable) {
+    VARIANT result{};
+    result.vt = static_cast<VARTYPE>(VT_BYREF | typeOf<T>());
+    result.byref = &variable;
+    return result;
+}
 
 }  // namespace zelbar

@@ -28,10 +28,8 @@ TEST_F(ObjectsTest, TheFactoryMakesObjectsOfTheirOwnAndCountsLocks) {
     EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IUnknown), nullptr), E_POINTER);
     EXPECT_FALSE(driver);
     ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(::DataConnector), out), S_OK);
-    EXPECT_EQ(ask<IUnknown>(*driver.get()).get(), ask<IUnknown>(*ask<IDispatch>(*driver.get()).get()).get());
-
-    const auto failing = makeClassFactory([]() -> Com<IUnknown> { throw std::bad_alloc(); });
     driver.reset();
+    const auto failing = makeClassFactory([]() -> Com<IUnknown> { throw std::bad_alloc(); });
     EXPECT_EQ(failing->CreateInstance(nullptr, __uuidof(IUnknown), out), E_OUTOFMEMORY);
 
     EXPECT_EQ(factory->LockServer(TRUE), S_OK);
@@ -90,9 +88,9 @@ TEST_F(ObjectsTest, ACollectionIsCountedFromOneAndWalked) {
     const auto walk = unknown.as<IEnumVARIANT>();
     collection->add(L"four");
     const auto next = [&](ULONG wanted) {
-        std::vector<VARIANT> raw(wanted);
+        VARIANT raw[2]{};
         ULONG given = 0;
-        const HRESULT result = walk->Next(wanted, raw.data(), &given);
+        const HRESULT result = walk->Next(wanted, raw, &given);
         std::wstring texts;
         for (VARIANT& value : raw) {
             if (value.vt == VT_BSTR) texts += std::wstring(value.bstrVal) + L" ";

@@ -3,38 +3,14 @@
 #include <algorithm>
 #include <numeric>
 
-#include "automation/Bstr.h"
 #include "core/DriverState.h"
 
 namespace zelbar {
 
-namespace {
-
-VARIANT lent(const Bstr& text) {
-    VARIANT value{};
-    value.vt = VT_BSTR;
-    value.bstrVal = text.get();
-    return value;
-}
-
-VARIANT lent(IDispatch* object) {
-    VARIANT value{};
-    value.vt = VT_DISPATCH;
-    value.pdispVal = object;
-    return value;
-}
-
-}  // namespace
-
-std::vector<std::wstring>& ExportTest::messages() {
-    static std::vector<std::wstring> shown;
-    return shown;
-}
-
 void ExportTest::SetUp() {
-    messages().clear();
+    messages.clear();
     driver().user.messageBox = [](const std::wstring& text, const std::wstring&, UINT) {
-        messages().push_back(text);
+        messages.push_back(text);
         return IDOK;
     };
     connector();
@@ -45,20 +21,18 @@ void ExportTest::TearDown() {
     DriverTest::TearDown();
 }
 
+bool ExportTest::run(const wchar_t* member, const std::wstring& name, IDispatch* progress) {
+    Gateway gateway;
+    const Object client(gateway, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
+    return client.boolean(Member{member}, folder.file(L"wxd.mdb"), name, Com<IDispatch>::share(progress));
+}
+
 bool ExportTest::initialize(const std::wstring& name, IDispatch* progress) {
-    const Bstr path(folder.file(L"wxd.mdb")), folderName(name);
-    VARIANT_BOOL result = VARIANT_FALSE;
-    EXPECT_EQ(connector().InitializeExportFolder(path.get(), folderName.get(), lent(progress), &result),
-              S_OK);
-    return result != VARIANT_FALSE;
+    return run(L"InitializeExportFolder", name, progress);
 }
 
 bool ExportTest::synchronize(const std::wstring& name, IDispatch* progress) {
-    const Bstr path(folder.file(L"wxd.mdb")), folderName(name);
-    VARIANT_BOOL result = VARIANT_FALSE;
-    EXPECT_EQ(connector().SynchronizeExportFolder(lent(path), lent(folderName), lent(progress), &result),
-              S_OK);
-    return result != VARIANT_FALSE;
+    return run(L"SynchronizeExportFolder", name, progress);
 }
 
 standin::outlook::FolderRecord ExportTest::folderCalled(const std::wstring& name) {
@@ -75,15 +49,15 @@ std::vector<standin::outlook::ItemRecord> ExportTest::contacts(const std::wstrin
     return result;
 }
 
-std::map<std::wstring, standin::outlook::ItemRecord> ExportTest::byName(const std::wstring& name) {
+std::map<std::wstring, standin::outlook::ItemRecord> ExportTest::byName() {
     std::map<std::wstring, standin::outlook::ItemRecord> result;
-    for (const auto& item : contacts(name))
-        EXPECT_TRUE(result.emplace(item.field(L"FullName"), item).second) << "a double";
+    for (const auto& item : contacts())
+        EXPECT_TRUE(result.emplace(item.field(L"LastName"), item).second) << "a double";
     return result;
 }
 
-std::vector<long> ExportTest::employeeIds(const std::wstring& name) {
-    std::vector<long> result;
+Ids ExportTest::employeeIds(const std::wstring& name) {
+    Ids result;
     for (const auto& item : contacts(name))
         result.push_back(std::wcstol(userProperty(item, L"EmployeeId").c_str(), nullptr, 10));
     std::sort(result.begin(), result.end());
@@ -91,7 +65,7 @@ std::vector<long> ExportTest::employeeIds(const std::wstring& name) {
 }
 
 void ExportTest::expectOneEach(long count, const std::wstring& name) {
-    std::vector<long> expected(static_cast<size_t>(count));
+    Ids expected(static_cast<size_t>(count));
     std::iota(expected.begin(), expected.end(), 1L);
     EXPECT_EQ(employeeIds(name), expected);
 }

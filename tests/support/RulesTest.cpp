@@ -28,22 +28,14 @@ TEST(Rules, LeadingInteger) {
     EXPECT_EQ(leadingInteger(L"-99999999999999999999999"), -2147483647 - 1);
 }
 
-TEST(Rules, DwordDecoding) {
-    EXPECT_EQ(decodedDword(std::string_view("\x01", 1)), L"1");
-    EXPECT_EQ(decodedDword(std::string_view("\x01\x01", 2)), L"17");
-    EXPECT_EQ(decodedDword(std::string_view("\x78\x56\x34\x12", 4)), L"305419896");
-    EXPECT_EQ(decodedDword({}), L"0");
-}
-
 TEST(Rules, NumberedTextsAreTakenApart) {
-    const auto bare = splitNumberedText(L"#05000#");
-    ASSERT_TRUE(bare);
-    EXPECT_EQ(bare->number, 5000);
-    EXPECT_EQ(bare->defaultText, L"");
-    const auto full = splitNumberedText(L"#01000#&OK #1#");
-    ASSERT_TRUE(full);
-    EXPECT_EQ(full->number, 1000);
-    EXPECT_EQ(full->defaultText, L"&OK #1#");
+    for (const auto& [number, text] : {std::pair{5000, L""}, {1000, L"&OK #1#"}}) {
+        const std::wstring whole = L"#0" + std::to_wstring(number) + L"#" + text;
+        const auto parts = splitNumberedText(whole);
+        ASSERT_TRUE(parts);
+        EXPECT_EQ(parts->number, number);
+        EXPECT_EQ(parts->defaultText, text);
+    }
     for (const wchar_t* other :
          {L"", L"#", L"#1234#x", L"#123456#x", L"#12a45#x", L"x#12345#", L"#12345", L"plain"}) {
         EXPECT_FALSE(splitNumberedText(other)) << testing::PrintToString(other);
@@ -70,25 +62,27 @@ TEST(Rules, DefaultLanguageTable) {
 TEST(Rules, MalformedLanguageEntries) {
     const struct {
         const wchar_t* entry;
-        const wchar_t* message;
+        const wchar_t* reason;
         const wchar_t* code;
         std::int32_t resource;
         std::int16_t charset;
     } cases[] = {
-        {L"9,xx,5910", L"Wrong language string (incorrect param number): >9,xx,5910<", nullptr, 0, 0},
-        {L"9,xx,5910,0,1", L"Wrong language string (incorrect param number): >9,xx,5910,0,1<", nullptr, 0, 0},
-        {L"", L"Wrong language string (incorrect param number): ><", nullptr, 0, 0},
-        {L"-1,xx,5910,0", L"Wrong language string (incorrect param number): >-1,xx,5910,0<", nullptr, 0, 0},
-        {L" 9, ,5910,0", L"Wrong language string (no path): > 9, ,5910,0<", nullptr, 0, 0},
-        {L"9,xx,0,238", L"Wrong language string (ressource = null): >9,xx,0,238<", L"xx", 0, 238},
+        {L"9,xx,5910", L"incorrect param number", nullptr, 0, 0},
+        {L"9,xx,5910,0,1", L"incorrect param number", nullptr, 0, 0},
+        {L"", L"incorrect param number", nullptr, 0, 0},
+        {L"-1,xx,5910,0", L"incorrect param number", nullptr, 0, 0},
+        {L" 9, ,5910,0", L"no path", nullptr, 0, 0},
+        {L"9,xx,0,238", L"ressource = null", L"xx", 0, 238},
         {L" 9 , xx , 5910 , 238 ", nullptr, L"xx", 5910, 238},
         {L"9,xx,5910,99999", nullptr, L"xx", 5910, 32767},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.entry));
         const auto split = splitLanguageTable(c.entry);
-        EXPECT_EQ(split.messages,
-                  c.message ? std::vector<std::wstring>{c.message} : std::vector<std::wstring>{});
+        std::vector<std::wstring> messages;
+        if (c.reason)
+            messages = {std::wstring(L"Wrong language string (") + c.reason + L"): >" + c.entry + L"<"};
+        EXPECT_EQ(split.messages, messages);
         const Language* language = languageAt(split.table, 9);
         ASSERT_EQ(language != nullptr, c.code != nullptr);
         if (!language) continue;

@@ -1,0 +1,86 @@
+#include "client/OutlookFolders.h"
+
+#include "client/Automation.h"
+#include "client/Failure.h"
+
+namespace pimcall {
+namespace {
+
+constexpr long kContactItems = 2;
+
+/// An object that a member gives; throws `Failure` when it is none.
+ComPtr<IDispatch> objectOf(const Value& value) {
+    auto object = value.object<IDispatch>();
+    if (!object) throw Failure(L"Outlook did not hand out an object.");
+    return object;
+}
+
+/// Throws `Failure` when there is no Outlook.
+ComPtr<IDispatch> startOutlook() {
+    CLSID outlook;
+    require(CLSIDFromProgID(L"Outlook.Application", &outlook), L"finding Outlook");
+    ComPtr<IDispatch> application;
+    require(CoCreateInstance(outlook, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                             IID_PPV_ARGS(application.GetAddressOf())),
+            L"starting Outlook");
+    return application;
+}
+
+/// The stores, as folders; throws `Failure` when Outlook does not hand them out.
+ComPtr<IDispatch> storesOf(IDispatch& application) {
+    const auto session = objectOf(resultOf(application, L"GetNamespace", Value(std::wstring(L"MAPI"))));
+    return objectOf(resultOf(*session.Get(), L"Folders"));
+}
+
+class Walk {
+  public:
+    explicit Walk(OutlookFolders& found) : found_(found) {}
+
+    /// Visits what a collection of folders holds. What fails costs only itself and what is below it.
+    void through(IDispatch& folders, const std::wstring& parentPath) {
+        const long count = resultOf(folders, L"Count").integer();
+        for (long number = 1; number <= count; ++number)
+            attempt([&] { visit(*objectOf(resultOf(folders, L"Item", Value(number))).Get(), parentPath); });
+    }
+
+  private:
+    template <class Step>
+    void attempt(const Step& step) {
+        try {
+            step();
+        } catch (const Failure&) {
+            found_.complete = false;
+        }
+    }
+
+    void visit(IDispatch& folder, const std::wstring& parentPath) {
+        const std::wstring path = parentPath + L'\\' + resultOf(folder, L"Name").text();
+        attempt([&] {
+            if (resultOf(folder, L"DefaultItemType").integer() != kContactItems) return;
+            found_.folders.push_back(
+                {path, resultOf(folder, L"EntryID").text(), resultOf(folder, L"StoreID").text()});
+        });
+        through(*objectOf(resultOf(folder, L"Folders")).Get(), path);
+    }
+
+    OutlookFolders& found_;
+};
+
+}  // namespace
+
+OutlookFolders readOutlookFolders() {
+    OutlookFolders found;
+    try {
+        // Held to the end: an Outlook that was started for this might leave with it.
+        const ComPtr<IDispatch> application = startOutlook();
+        const ComPtr<IDispatch> stores = storesOf(*application.Get());
+        found.complete = true;
+        Walk(found).through(*stores.Get(), L"");
+        found.reached = true;
+    } catch (const Failure&) {
+        found = {};
+    }
+    return found;
+}
+
+}  // namespace pimcall

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pimcall {
+
+/// A folder of Outlook's for contacts.
+struct ContactsFolder {
+    /// From the store down, as in "\Store\Folder".
+    std::wstring path;
+    std::wstring entryId;
+    std::wstring storeId;
+};
+
+/// What Outlook tells about its contacts folders.
+struct OutlookFolders {
+    /// Outlook could be asked at all.
+    bool reached = false;
+    /// Nothing was left out: no store and no folder refused to answer.
+    bool complete = false;
+    std::vector<ContactsFolder> folders;
+};
+
+/// Asks Outlook itself, starting it where it is not running, for the contacts folders of all its stores.
+OutlookFolders readOutlookFolders();
+
+}  // namespace pimcall

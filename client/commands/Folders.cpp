@@ -1,0 +1,162 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <cwchar>
+#include <string>
+#include <vector>
+
+#include "client/Automation.h"
+#include "client/Json.h"
+#include "client/OutlookFolders.h"
+#include "client/Text.h"
+#include "client/commands/Commands.h"
+
+namespace pimcall {
+namespace {
+
+constexpr wchar_t kSelectionKey[] = L"Software\\Norvane\\7316\\Popup\\zelbar00folder";
+
+struct StoredFolder {
+    size_t number = 0;
+    std::wstring entryId;
+    std::wstring storeId;
+    bool selected = false;
+};
+
+struct Selection {
+    std::vector<StoredFolder> folders;
+    /// The cache has not been filled since the choice changed.
+    bool changed = false;
+
+    size_t selected() const {
+        return static_cast<size_t>(std::ranges::count_if(folders, &StoredFolder::selected));
+    }
+};
+
+/// A folder of Outlook's, of the stored selection, or of both.
+struct Row {
+    const wchar_t* state;
+    ContactsFolder folder;
+    const StoredFolder* stored;  ///< None for a folder that is not stored.
+};
+
+/// A value of the stored selection; empty when there is none.
+std::wstring setting(const std::wstring& name) {
+    // Far longer than Outlook's identifiers are; the registry holds little more in a value.
+    std::wstring text(32 * 1024, L'\0');
+    auto size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+    const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, kSelectionKey, name.c_str(), RRF_RT_REG_SZ,
+                                        nullptr, text.data(), &size);
+    if (status == ERROR_FILE_NOT_FOUND || status == ERROR_UNSUPPORTED_TYPE) return {};
+    if (status != ERROR_SUCCESS)
+        throw Failure(L"The stored choice of folders cannot be read: " +
+                      describe(HRESULT_FROM_WIN32(static_cast<DWORD>(status))) + L".");
+    return text.c_str();
+}
+
+Selection storedSelection() {
+    Selection selection;
+    for (size_t number = 1;; ++number) {
+        const std::wstring digits = std::to_wstring(number);
+        const std::wstring entryId = setting(L"entryId" + digits);
+        if (entryId.empty()) break;
+        selection.folders.push_back(
+            {number, entryId, setting(L"storeId" + digits), setting(L"selectId" + digits) != L"0"});
+    }
+    selection.changed = std::wcstol(setting(L"ConfigChanged").c_str(), nullptr, 10) != 0;
+    return selection;
+}
+
+/// First Outlook's folders in its order, then the stored ones that were not met there.
+std::vector<Row> compare(const Selection& selection, const OutlookFolders& outlook) {
+    const auto same = [](const auto& one, const auto& other) {
+        return one.entryId == other.entryId && one.storeId == other.storeId;
+    };
+    std::vector<Row> rows;
+    for (const ContactsFolder& folder : outlook.folders) {
+        const auto stored = std::ranges::find_if(
+            selection.folders, [&](const StoredFolder& entry) { return same(entry, folder); });
+        if (stored == selection.folders.end())
+            rows.push_back({L"not stored", folder, nullptr});
+        else
+            rows.push_back({stored->selected ? L"selected" : L"not selected", folder, &*stored});
+    }
+    for (const StoredFolder& stored : selection.folders) {
+        if (std::ranges::any_of(outlook.folders, [&](const auto& folder) { return same(stored, folder); }))
+            continue;
+        rows.push_back(
+            {outlook.complete ? L"gone" : L"not seen", {L"", stored.entryId, stored.storeId}, &stored});
+    }
+    return rows;
+}
+
+std::wstring rowText(const Row& row, bool verbose) {
+    constexpr size_t kStateWidth = 14;
+    std::wstring state = row.state;
+    state.resize(kStateWidth, L' ');
+    std::wstring text = L"  " + state;
+    if (row.folder.path.empty())
+        text += L"(number " + std::to_wstring(row.stored->number) + L" of the stored ones, " +
+                (row.stored->selected ? L"selected)" : L"not selected)");
+    else
+        text += oneLine(row.folder.path);
+    text += L'\n';
+    if (!verbose) return text;
+    const std::wstring indent(2 + kStateWidth, L' ');
+    return text + indent + L"Folder id  " + oneLine(row.folder.entryId) + L'\n' + indent + L"Store id   " +
+           oneLine(row.folder.storeId) + L'\n';
+}
+
+std::wstring textOf(const Selection& selection, const OutlookFolders& outlook, bool verbose) {
+    std::wstring text = L"Contacts folders: " + std::to_wstring(selection.folders.size()) + L" stored, " +
+                        std::to_wstring(selection.selected()) + L" of them selected.\n";
+    for (const Row& row : compare(selection, outlook)) text += rowText(row, verbose);
+    if (selection.changed) text += L"The choice has changed, and the cache has not been filled since.\n";
+    if (!outlook.reached)
+        text += L"Outlook cannot be reached: these are the stored folders only.\n";
+    else if (!outlook.complete)
+        text += L"Outlook did not show everything: there may be more folders than these.\n";
+    return text;
+}
+
+std::wstring jsonOf(const Selection& selection, const OutlookFolders& outlook) {
+    json::Array folders;
+    for (const Row& row : compare(selection, outlook)) {
+        json::Object folder;
+        folder.text(L"state", row.state).text(L"path", row.folder.path);
+        if (row.stored)
+            folder.number(L"number", static_cast<long>(row.stored->number))
+                .boolean(L"selected", row.stored->selected);
+        folder.text(L"entryId", row.folder.entryId).text(L"storeId", row.folder.storeId);
+        folders.add(folder.str());
+    }
+    return json::Object()
+        .number(L"stored", static_cast<long>(selection.folders.size()))
+        .number(L"selected", static_cast<long>(selection.selected()))
+        .boolean(L"configChanged", selection.changed)
+        .boolean(L"outlookReached", outlook.reached)
+        .boolean(L"outlookComplete", outlook.complete)
+        .raw(L"folders", folders.str())
+        .str();
+}
+
+ExitCode run(const Context& context) {
+    context.arguments.refuseOperands();
+    const Selection selection = storedSelection();
+    const OutlookFolders outlook = readOutlookFolders();
+    if (context.json())
+        context.out.line(jsonOf(selection, outlook));
+    else
+        context.out.write(textOf(selection, outlook, context.verbose()));
+    return selection.selected() > 0 ? ExitCode::Found : ExitCode::NotFound;
+}
+
+}  // namespace
+
+const Command kFolders = {L"folders",
+                          L"folders",
+                          L"Lists the contacts folders that are chosen, beside those that Outlook has.",
+                          {},
+                          run};
+
+}  // namespace pimcall

@@ -1,0 +1,161 @@
+#include "actions/CallTime.h"
+#include "support/Clock.h"
+#include "tests/actions/ActionTest.h"
+
+namespace zelbar {
+
+namespace {
+
+constexpr double kMinute = 1.0 / (24 * 60);
+constexpr double kFirstOfFebruary = 37653;  // 2003
+
+/// The two actions that put a call into words: the journal entry and the mail.
+class WrittenCall : public ActionTest {
+  protected:
+    Com<::CallAction> mailToDesk() { return action(kMail, {{L"DestinationAddress", L"desk@example.com"}}); }
+    /// The mail of a call, and the moment that its body must name.
+    std::pair<ItemRecord, std::wstring> sentMail(const Com<::Contact>& contact);
+};
+
+std::pair<ItemRecord, std::wstring> WrittenCall::sentMail(const Com<::Contact>& contact) {
+    const auto moment = [] {
+        const DATE now = currentDate();
+        return L" on " + dayText(now) + L" at " + timeText(now);
+    };
+    while (true) {  // again when the clock has moved on meanwhile
+        const std::wstring before = moment();
+        run(*mailToDesk(), contact);
+        if (before == moment()) return {saved(SpecialFolder::SentMail).back(), before};
+    }
+}
+
+TEST_F(WrittenCall, IsWrittenWhole) {
+    const std::wstring link = L"\n\rContact:  <Outlook://Personal Folders/Contacts/~Anna Berg> ";
+    const auto incoming = known(L"TYPE=incoming;"), outgoing = known(L"TYPE=outgoing;"),
+               shouted = known(L"TYPE=INCOMING;"), undirected = known();
+    anna = addContact({{L"BusinessTelephoneNumber", L"555 200"}});
+    const auto nameless = known(L"TYPE=incoming;");
+    anna = addContact({{L"FullName", L"Gone"}, {L"BusinessTelephoneNumber", L"555 300"}});
+    const auto gone = known(L"TYPE=incoming;");
+    outlook.mailbox().eraseItem(anna.id);
+    const struct {
+        Com<::Contact> contact;
+        const wchar_t *text, *name;
+        bool linked;
+    } cases[] = {
+        {incoming, L"Anna Berg called", L"Anna Berg", true},
+        {outgoing, L"Call to Anna Berg", L"Anna Berg", true},
+        {shouted, L"Call with Anna Berg", L"Anna Berg", true},
+        {undirected, L"Call with Anna Berg", L"Anna Berg", true},
+        {nameless, L"555 200 called", L"555 200", false},
+        {gone, L"555 300 called", L"555 300", false},
+        {unknown(L"TYPE=outgoing;"), L"Call to 0123", L"0123", false},
+        {{}, L"Call with ", L"", false},
+    };
+    size_t entries = 0;
+    for (const auto& c : cases) {
+        const std::wstring text = c.text;
+        run(*action(kJournal), c.contact);
+        ASSERT_EQ(saved(SpecialFolder::Journal).size(), ++entries);
+        const auto entry = saved(SpecialFolder::Journal).back();
+        EXPECT_EQ(entry.field(L"Subject"), text);
+        EXPECT_EQ(entry.field(L"Body"), text + (c.linked ? L" " + link : L""));
+
+        const auto [mail, moment] = sentMail(c.contact);
+        EXPECT_EQ(mail.field(L"Subject"), std::wstring(L"Call with ") + c.name);
+        EXPECT_EQ(mail.field(L"Body"), text + moment + (c.linked ? link : L""));
+        ASSERT_EQ(mail.recipients.size(), 1u);
+        EXPECT_EQ(mail.recipients[0].name, L"desk@example.com");
+    }
+    for (const char* line :
+         {"JOURNAL ---------------", "Storing in journal call from Berg, Anna", "Name = Anna Berg",
+          "Contact of call found and stored...", "Message: Anna Berg called...", "Not in PIM: Reinit...",
+          "Journal : Item get from ID is nothing !", "MAIL -------------------",
+          "Sending mail to desk@example.com called by Berg, Anna", "Body = Anna Berg called on ",
+          "Mail sent...", "Item is nothing...", "Mail : Item get from ID is nothing !"})
+        EXPECT_TRUE(traced(line)) << line;
+}
+
+TEST_F(WrittenCall, AnEntryEndsNowAndStartsWhereACallOfSomeLengthBegan) {
+    const struct {
+        std::wstring fields;
+        double start;  // 0: now
+    } cases[] = {
+        {L"", 0},
+        {L"START=2003-02-01 10:00:00;", 0},
+        {L"START=2003-02-01 10:00:00;DURATION=;", 0},
+        {L"START=2003-02-01 10:00:00;DURATION=42;", kFirstOfFebruary + 10.0 / 24},
+        {L"DURATION=long;START=2003-02-01;", kFirstOfFebruary},
+        {L"DURATION=1;START=" + dateText(39000.25) + L";", 39000.25},  // as the system writes dates
+    };
+    for (const auto& c : cases) {
+        run(*action(kJournal), known(c.fields));
+        const auto entry = saved(SpecialFolder::Journal).back();
+        const double start = std::stod(entry.field(L"Start")), end = std::stod(entry.field(L"End"));
+        EXPECT_NEAR(end, currentDate(), kMinute) << c.fields;
+        EXPECT_NEAR(start, c.start != 0 ? c.start : end, 1e-6) << c.fields;
+    }
+}
+
+TEST_F(WrittenCall, ADateThatIsNoneFailsTheActionAndLeavesNothing) {
+    for (const wchar_t* start : {L"", L"START=;", L"START=yesterday;", L"START=2003-02-01T10:00:00;"})
+        run(*action(kJournal), unknown(std::wstring(L"DURATION=1;") + start));
+    EXPECT_TRUE(saved(SpecialFolder::Journal).empty());
+    EXPECT_TRUE(traced("Error (ExecuteAction - ActionStoreInJournal): Type mismatch in "));
+}
+
+TEST_F(WrittenCall, AStoreThatIsCalledOutlookIsLeftOutOfTheLink) {
+    auto& mailbox = outlook.mailbox();
+    const auto store = mailbox.addStore(L"Outlook");
+    const auto customers =
+        mailbox.ensureFolder(store, L"Customers\\North", standin::outlook::ItemType::Contact);
+    anna = mailbox.addContact(customers.id, {{L"FullName", L"Anna Berg"}});
+    const auto contact = makeObject<cContact>();
+    contact->SetValues(
+        driver()
+            .outlook.GetContactFromID(mailbox.entryId(anna), mailbox.storeId(store.id), L"test", L"")
+            .item);
+    run(*action(kJournal), contact);
+    EXPECT_EQ(saved(SpecialFolder::Journal).at(0).field(L"Body"),
+              L"Call with Anna Berg \n\rContact:  <Outlook://Customers/North/~Anna Berg> ");
+}
+
+TEST_F(WrittenCall, DataThatIsNoTextSaysNothing) {
+    const auto contact = unknown();
+    Variant null;
+    null.put()->vt = VT_NULL;
+    for (const Variant& data : {Variant(), null, Variant(42), Variant(Com<IDispatch>(contact))}) {
+        contact->Contact_PersonalData(data);
+        run(*action(kJournal), contact);
+        EXPECT_EQ(saved(SpecialFolder::Journal).back().field(L"Subject"), L"Call with 0123");
+    }
+    contact->Contact_PersonalData(Variant());  // it held itself
+    run(*action(kJournal), unknown(std::wstring(32768, L'x')));
+    EXPECT_EQ(saved(SpecialFolder::Journal).size(), 4u);
+    EXPECT_TRUE(traced("Error (ExecuteAction - ActionStoreInJournal): Overflow in "));
+}
+
+TEST_F(WrittenCall, WithoutAutomaticSendTheMailIsShownAndNotSent) {
+    run(*action(kMail, {{L"AutomaticSend", false}}), known(L"TYPE=incoming;"));
+    EXPECT_EQ(windows(), std::vector<std::wstring>{L"Call with Anna Berg"});
+    EXPECT_TRUE(saved(SpecialFolder::SentMail).empty());
+    EXPECT_TRUE(traced("Mail displayed..."));
+    EXPECT_FALSE(traced("Sending mail to "));
+}
+
+TEST_F(WrittenCall, SettingsOfWrongTypesAreConvertedOrFailTheMail) {
+    const auto mailWith = [this](const wchar_t* setting, const Variant& value) {
+        const auto mail = mailToDesk();
+        settingOf(*mail, setting)->put_Value(value.raw());
+        run(*mail, known());
+        return saved(SpecialFolder::SentMail).size();
+    };
+    EXPECT_EQ(mailWith(L"DestinationAddress", Com<IDispatch>(unknown())), 0u);
+    EXPECT_EQ(mailWith(L"AutomaticSend", L"perhaps"), 0u);
+    EXPECT_TRUE(traced("Error (ExecuteAction - ActionSendMail): Type mismatch"));
+    EXPECT_EQ(mailWith(L"AutomaticSend", 1), 1u);
+}
+
+}  // namespace
+
+}  // namespace zelbar
