@@ -29,6 +29,12 @@ HRESULT guarded(Work&& work) noexcept {
 
 extern "C" {
 
+/// Closes the log when the module alone goes. When the whole process ends, nothing is touched any more.
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* processEnds) noexcept {
+    if (reason == DLL_PROCESS_DETACH && !processEnds) resetDriver();
+    return TRUE;
+}
+
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) noexcept {
     if (!result) return E_POINTER;
     *result = nullptr;

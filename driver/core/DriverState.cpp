@@ -8,8 +8,11 @@ namespace zelbar {
 
 namespace {
 
+/// Not destroyed with the module's statics: when a client's process ends without having released the driver,
+/// the servers behind the references that are left may be gone already. An unloading module resets it
+/// instead.
 std::unique_ptr<DriverState>& holder() {
-    static std::unique_ptr<DriverState> state;
+    static auto& state = *new std::unique_ptr<DriverState>;
     return state;
 }
 

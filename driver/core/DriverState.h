@@ -59,7 +59,8 @@ DriverState& driver();
 /// Drops the shared references to Outlook, if there is a state that could hold any.
 void releaseOutlook();
 
-/// Throws the state away, so that the next use makes a new one. For tests.
+/// Throws the state away, so that the next use makes a new one: when the module is unloaded, and between
+/// tests.
 void resetDriver();
 
 }  // namespace zelbar

@@ -187,6 +187,25 @@ TEST_F(Product, AnswersAfterOutlookWasClosedBetweenTwoCalls) {
     EXPECT_EQ(nameOf(before.Get()), L"Byron, Ada");
 }
 
+/// A client of its own process that ends in the middle of its work; run by the test below.
+TEST(CarelessClient, DISABLED_EndsWithoutReleasingAnything) {
+    DataConnector* driver = nullptr;
+    ContactRecord* cursor = nullptr;
+    Contact* contact = nullptr;
+    LONG kind = 0;
+    if (SUCCEEDED(CoCreateInstance(CLSID_cDataConnector, nullptr, CLSCTX_INPROC_SERVER,
+                                   __uuidof(DataConnector), reinterpret_cast<void**>(&driver))) &&
+        SUCCEEDED(driver->OpenContactRecord(&cursor)) &&
+        SUCCEEDED(cursor->FindFirst(&kind, SysAllocString(L"+44*"), &contact)) && contact)
+        ExitProcess(42);
+}
+
+TEST_F(Product, SurvivesAClientThatEndsWithoutReleasingIt) {
+    const auto ended = harness::run(own(L"test_product.exe") +
+                                    L" --gtest_also_run_disabled_tests --gtest_filter=CarelessClient.*");
+    EXPECT_EQ(ended.exitCode, 42u) << ended.out << ended.error;
+}
+
 TEST_F(Product, TellsAPersonWhoCalls) {
     const std::string known = pimcall(L"call --from \"+44 20 7000 0001\"", 0);
     for (const char* part : {"Ada", "Byron", "+44 20 7000 0001", "+44 7700 1"})
@@ -202,8 +221,8 @@ TEST_F(Product, RunsTheActionsOfAScript) {
     EXPECT_EQ(harness::awaitFile(folder_->file(L"OUT.txt")), "0777,;,;\r\n");
 }
 
-// The last one: the system does not start a server again that was killed, so from here on there is no
-// Outlook.
+// Wine does not start a server again that was killed until the service that remembers it has gone; Windows
+// does.
 TEST_F(Product, KeepsItsCacheWhenOutlookIsKilled) {
     {
         const auto driver = newDriver();
