@@ -17,7 +17,7 @@ TEST(Text, BecomesBytesEvenWhenItIsBroken) {
 }
 
 TEST(ContactText, ShowsWhatIsThereAndNothingElse) {
-    EXPECT_EQ(
+    const std::wstring all =
         L"Lee, Ann\n"
         L"  Company       Holm & S\u00F8n\n"
         L"  Department    Sales\n"
@@ -26,22 +26,15 @@ TEST(ContactText, ShowsWhatIsThereAndNothingElse) {
         L"  E-mail        ann@example.org\n"
         L"                lee@example.org\n"
         L"  Photo         C:\\data\\pimcontact_1.jpg\n"
-        L"  In Outlook    yes\n",
-        contactText(sampleContact(), false));
+        L"  In Outlook    yes\n";
+    EXPECT_EQ(all, contactText(sampleContact(), false));
+    EXPECT_EQ(all + L"  Contact id    00AB\n  Store id      00CD\n  Employee id   7\n",
+              contactText(sampleContact(), true));
 
     ContactCard unknown;
     unknown.mainNumber = L"0123";
     EXPECT_EQ(L"0123\n  Telephone     0123\n  In Outlook    no\n", contactText(unknown, true));
     EXPECT_EQ(L"(no name)\n  In Outlook    no\n", contactText({}, false));
-}
-
-TEST(ContactText, KeepsIdentifiersForVerbose) {
-    const std::wstring text = contactText(sampleContact(), true);
-    EXPECT_TRUE(
-        text.ends_with(L"  In Outlook    yes\n"
-                       L"  Contact id    00AB\n"
-                       L"  Store id      00CD\n"
-                       L"  Employee id   7\n"));
 }
 
 TEST(ContactText, LetsNoNameSteerTheScreen) {

@@ -22,6 +22,9 @@ class LogWindowTest : public DialogTest {
     void open() {
         driver().log.window(&logWindow());
         driver().log.load();
+        find();
+    }
+    void find() {
         ASSERT_EQ(openDialogs().size(), 1u);
         window = openDialogs()[0];
         list = GetDlgItem(window, kControl_LLog);
@@ -49,28 +52,11 @@ class LogWindowTest : public DialogTest {
 
 TEST_F(LogWindowTest, ShowsTheWholeStartUp) {
     connector();
-    ASSERT_EQ(openDialogs().size(), 1u);
-    window = openDialogs()[0];
-    list = GetDlgItem(window, kControl_LLog);
+    find();
     EXPECT_EQ(windowText(window), driver().module.title + L" Log");
     EXPECT_TRUE(line(0).ends_with(L": * Driver startup *")) << line(0);
     EXPECT_TRUE(line(5).ends_with(L": Connecting to Outlook...")) << line(5);
     EXPECT_FALSE(driver().log.LogToFile());
-}
-
-TEST_F(LogWindowTest, ListKeepsItsMargins) {
-    open();
-    EXPECT_EQ(count(), 0);
-    SetWindowPos(window, nullptr, 0, 0, 500, 400, SWP_NOMOVE | SWP_NOZORDER);
-    RECT inner{}, outer{};
-    GetClientRect(window, &inner);
-    GetWindowRect(list, &outer);
-    const HDC screen = GetDC(nullptr);
-    const int inch = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    EXPECT_EQ(outer.right - outer.left, inner.right - 240 * inch / 1440);
-    EXPECT_EQ(outer.bottom - outer.top, inner.bottom - 480 * inch / 1440);
-    SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
 }
 
 TEST_F(LogWindowTest, CopiesItsLines) {
@@ -97,12 +83,7 @@ TEST_F(LogWindowTest, KeepsTheNewestLines) {
     EXPECT_LE(count(), kMostLogLines);
     EXPECT_GT(count(), kMostLogLines / 2);
     EXPECT_EQ(line(static_cast<WPARAM>(count() - 1)), std::to_wstring(written));
-    const LRESULT top = SendMessageW(list, LB_GETTOPINDEX, 0, 0);
-    RECT place{};
-    EXPECT_NE(SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(count() - 1),
-                           reinterpret_cast<LPARAM>(&place)),
-              LB_ERR);
-    EXPECT_GT(top, kMostLogLines / 2) << "scrolled to the new line";
+    EXPECT_GT(SendMessageW(list, LB_GETTOPINDEX, 0, 0), kMostLogLines / 2) << "scrolled to the new line";
 }
 
 TEST_F(LogWindowTest, ClosedItTakesNoMoreLinesAndLetsTheModuleGo) {

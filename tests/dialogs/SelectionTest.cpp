@@ -4,125 +4,105 @@ namespace zelbar {
 
 namespace {
 
-class Selection : public DialogTest {
+/// What becomes of a stored selection when it is loaded, and then saved with OK.
+struct Case {
+    const char* name;
+    /// Folders in the mailbox: the contacts folder and those added to it.
+    int folders;
+    /// What is stored of each folder in turn: its state ('1', '0'; 'e' for an empty one, 'z' for "00"), or
+    /// '1' under another store ('s'), or '1' and the folder has gone since ('x'). '.' is not stored.
+    std::wstring stored;
+    const wchar_t* storesCounted;
+    std::wstring loaded;
+    bool storesChanged;
+    /// Folders whose check mark the user turns.
+    std::vector<size_t> turned;
+    std::wstring saved;
+    const wchar_t* configChanged;
+};
+
+const std::wstring k16(16, L'1');
+
+const Case kCases[] = {
+    {"NoChange", 2, L"10", L"", L"10", false, {}, L"10", L"0"},
+    {"AnyOtherStateThanZeroIsSelected", 4, L".e0z", L"", L"0101", false, {0}, L"1101", L"1"},
+    {"AFolderHasGone", 2, L"1x", L"", L"1", true, {}, L"1", L"1"},
+    {"TheFirstStoredFolderHasGone", 3, L".x1", L"", L"01", true, {}, L"01", L"1"},
+    {"TheStoreIsAnother", 1, L"s", L"", L"0", true, {}, L"0", L"1"},
+    {"SixteenStored", 16, k16, L"", k16, false, {}, k16, L"0"},
+    {"TheSeventeenthIsNotRead", 17, k16 + L"1", L"", k16 + L"0", false, {}, k16 + L"0", L"0"},
+    {"NorTheEighteenth",
+     19,
+     L"." + k16 + L"11",
+     L"",
+     L"0" + k16 + L"00",
+     false,
+     {},
+     L"0" + k16 + L"00",
+     L"0"},
+    {"TheSeventeenthIsStoredAllTheSame", 18, k16, L"", k16 + L"00", false, {16, 17}, k16 + L"11", L"1"},
+    {"FirstConfigurationTakesSixteen", 20, L"", L"1", k16 + L"0000", false, {}, k16 + L"0000", L"0"},
+    {"FirstConfigurationWithOtherStores", 1, L"", L"2", L"1", true, {}, L"1", L"1"},
+    {"FirstConfigurationWithNothingCounted", 1, L"", L"", L"1", true, {}, L"1", L"1"},
+};
+
+class StoredSelectionTest : public DialogTest, public testing::WithParamInterface<Case> {
   protected:
-    /// Adds folders after the one that is there already.
-    std::vector<FolderRecord> addFolders(int count) {
-        std::vector<FolderRecord> result;
-        for (int i = 1; i <= count; ++i) {
-            wchar_t name[16];
-            swprintf(name, 16, L"Folder %02d", i);
-            result.push_back(addFolder(name));
+    void prepare(const Case& given) {
+        std::vector<FolderRecord> folders{contacts};
+        for (int i = 1; i < given.folders; ++i) folders.push_back(addFolder(L"F" + std::to_wstring(100 + i)));
+        int number = 0;
+        for (size_t i = 0; i < given.stored.size(); ++i) {
+            const wchar_t mark = given.stored[i];
+            if (mark == L'.') continue;
+            const wchar_t* states[] = {L"-1", L"0", L"", L"00"};
+            const size_t state = std::wstring(L"10ez").find(mark);
+            store(++number, folders[i], states[state == std::wstring::npos ? 0 : state]);
+            if (mark == L'x') outlook.mailbox().eraseFolder(folders[i].id);
+            if (mark == L's')
+                registry.set(HKEY_CURRENT_USER, kSelectionKey, L"storeId" + std::to_wstring(number), L"00FF");
         }
+        setPopup(L"InitPSTnumber", given.storesCounted);
+    }
+    /// The stored states as '1' and '0'.
+    std::wstring states() const {
+        std::wstring result;
+        for (const wchar_t letter : storedStates())
+            if (letter == L'1' || letter == L'0') result += letter;
         return result;
     }
 };
 
-TEST_F(Selection, WithoutChangesStaysAndNeedsNoNewCache) {
-    store(1, contacts);
-    store(2, addFolder(L"Off"), L"0");
+TEST_P(StoredSelectionTest, IsLoadedAndSaved) {
+    const Case& given = GetParam();
+    prepare(given);
+    const std::wstring before = storedStates();
     auto selection = loaded();
-    EXPECT_FALSE(selection.FirstConfiguration());
-    EXPECT_FALSE(selection.StoresChanged());
-    EXPECT_EQ(stored(L"ConfigChanged"), L"(none)") << "loading alone saves nothing";
+    const auto folders = selection.folders();
+    EXPECT_EQ(signatureOf(folders), given.loaded);
+    EXPECT_EQ(selection.FirstConfiguration(), given.stored.empty());
+    EXPECT_EQ(selection.StoresChanged(), given.storesChanged);
+    // Only other folders than the stored ones are saved unasked.
+    EXPECT_EQ(stored(L"ConfigChanged"), given.storesChanged ? L"1" : L"(none)");
+    if (given.storesChanged)
+        EXPECT_EQ(states(), given.loaded);
+    else
+        EXPECT_EQ(storedStates(), before);
+
+    for (const size_t turned : given.turned) folders[turned]->IsSelected = !folders[turned]->IsSelected;
     selection.save(false);
-    EXPECT_EQ(storedStates(), L"-1 0");
+    EXPECT_EQ(states(), given.saved);
     EXPECT_EQ(stored(L"entryId1"), entryId(contacts));
     EXPECT_EQ(stored(L"storeId1"), storeId(contacts));
-    EXPECT_EQ(stored(L"ConfigChanged"), L"0");
-    selection.save(true);
-    EXPECT_EQ(stored(L"ConfigChanged"), L"1");
-    EXPECT_TRUE(traced("Nb folders in registry = 1 nb folders selected found = 1"));
-    EXPECT_TRUE(loaded().reinitialize());
-}
-
-TEST_F(Selection, AnyOtherStateThanZeroCountsAsSelected) {
-    const auto folders = addFolders(3);
-    store(1, folders[0], L"");
-    store(2, folders[1], L"0");
-    store(3, folders[2], L"00");
-    auto selection = loaded();
-    EXPECT_EQ(signatureOf(selection.folders()), L"0101");
-    selection.folders()[0]->IsSelected = true;
-    selection.save(false);
-    EXPECT_EQ(storedStates(), L"-1 -1 0 -1");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"1");
-}
-
-TEST_F(Selection, AFolderThatHasGoneIsSavedAtOnce) {
-    const auto gone = addFolder(L"Gone");
-    store(1, contacts);
-    store(2, gone);
-    registry.set(HKEY_CURRENT_USER, kSelectionKey, L"ConfigChanged", L"0");
-    outlook.mailbox().eraseFolder(gone.id);
-    auto selection = loaded();
-    EXPECT_TRUE(selection.StoresChanged());
-    EXPECT_EQ(storedStates(), L"-1");
-    EXPECT_EQ(stored(L"entryId2"), L"(none)");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"1");
-    selection.save(false);
-    EXPECT_EQ(stored(L"ConfigChanged"), L"1") << "OK does not take back that the folders have changed";
+    EXPECT_EQ(stored(L"entryId" + std::to_wstring(folders.size() + 1)), L"(none)");
+    EXPECT_EQ(stored(L"ConfigChanged"), given.configChanged);
     EXPECT_FALSE(loaded().StoresChanged());
 }
 
-TEST_F(Selection, TheFirstFolderGoneIsNoFirstConfiguration) {
-    const auto gone = addFolder(L"Gone");
-    const auto other = addFolder(L"Other");
-    store(1, gone);
-    store(2, other);
-    outlook.mailbox().eraseFolder(gone.id);
-    const auto selection = loaded();
-    EXPECT_FALSE(selection.FirstConfiguration());
-    EXPECT_EQ(storedStates(), L"0 -1");
-}
+INSTANTIATE_TEST_SUITE_P(Selection, StoredSelectionTest, testing::ValuesIn(kCases),
+                         [](const auto& row) { return row.param.name; });
 
-TEST_F(Selection, OnlySixteenStoredFoldersAreRead) {
-    const auto folders = addFolders(18);
-    for (int i = 0; i < 18; ++i) store(i + 1, folders[static_cast<size_t>(i)]);
-    auto selection = loaded();
-    EXPECT_EQ(signatureOf(selection.folders()), L"0111111111111111100");
-    EXPECT_FALSE(selection.StoresChanged());
-    EXPECT_TRUE(traced("Nb folders in registry = 16 nb folders selected found = 16"));
-    selection.save(false);
-    EXPECT_EQ(storedStates(), L"0 -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 0 0");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"0");
-}
-
-TEST_F(Selection, AFolderSelectedBehindTheSixteenthIsUncheckedNextTime) {
-    addFolders(17);
-    auto selection = loaded();
-    for (cfolder* found : selection.folders()) found->IsSelected = true;
-    selection.save(false);
-    EXPECT_EQ(stored(L"selectId17"), L"-1");
-    EXPECT_EQ(stored(L"selectId18"), L"-1");
-    auto next = loaded();
-    EXPECT_EQ(signatureOf(next.folders()), L"111111111111111100");
-    next.save(false);
-    EXPECT_EQ(stored(L"selectId17"), L"0");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"0");
-}
-
-TEST_F(Selection, AFirstConfigurationTakesTheFirstSixteen) {
-    addFolders(19);
-    setPopup(L"InitPSTnumber", L"1");
-    auto selection = loaded();
-    EXPECT_TRUE(selection.FirstConfiguration());
-    EXPECT_FALSE(selection.StoresChanged());
-    EXPECT_EQ(signatureOf(selection.folders()), std::wstring(16, L'1') + L"0000");
-    EXPECT_EQ(storedStates(), L"");
-    selection.save(false);
-    EXPECT_EQ(stored(L"selectId16"), L"-1");
-    EXPECT_EQ(stored(L"selectId17"), L"0");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"0");
-}
-
-TEST_F(Selection, AFirstConfigurationWithOtherStoresIsSavedAtOnce) {
-    // No number stored is as good as none counted.
-    const auto selection = loaded();
-    EXPECT_TRUE(selection.StoresChanged());
-    EXPECT_EQ(storedStates(), L"-1");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"1");
-}
+using Selection = DialogTest;
 
 TEST_F(Selection, AnIncompleteListIsNeverSavedUnasked) {
     const auto other = addFolder(L"Other");
@@ -135,16 +115,14 @@ TEST_F(Selection, AnIncompleteListIsNeverSavedUnasked) {
         EXPECT_EQ(storedStates(), L"-1 -1") << what;
         EXPECT_EQ(stored(L"entryId1"), entryId(contacts)) << what;
         EXPECT_EQ(stored(L"ConfigChanged"), L"(none)") << what;
+        faults().clear();
     };
     faults().failMember(L"MAPIFolder.DefaultItemType", {E_FAIL, L"Offline."}, 1);
     expectKept("a folder that fails");
-    faults().clear();
     faults().failMember(L"NameSpace.Folders", {static_cast<HRESULT>(0x80010001)});
     expectKept("a busy Outlook");
-    faults().clear();
     faults().quitAtCall(20);
     expectKept("Outlook dies during the search");
-    faults().clear();
     quitOutlook();
     expectKept("no Outlook");
     setPopup(L"InitPSTnumber", L"7");
@@ -156,6 +134,8 @@ TEST_F(Selection, WithoutOutlookOnlyOkEmptiesIt) {
     quitOutlook();
     auto selection = loaded();
     EXPECT_FALSE(selection.reached());
+    EXPECT_TRUE(traced("Getting Outlook folders : no connection to object outlook"));
+    EXPECT_EQ(outlook.server().calls().invocations(), 0);
     selection.save(false);
     EXPECT_EQ(storedStates(), L"");
     EXPECT_EQ(stored(L"ConfigChanged"), L"0");
@@ -163,21 +143,17 @@ TEST_F(Selection, WithoutOutlookOnlyOkEmptiesIt) {
     EXPECT_TRUE(loaded().FirstConfiguration());
 }
 
-TEST_F(Selection, ChangedFoldersNeedANewCache) {
+TEST_F(Selection, ANewCacheIsAlsoNeededWhenAskedForOrWhenFoldersWereMade) {
     store(1, contacts);
     auto selection = loaded();
+    selection.save(true);
+    EXPECT_EQ(stored(L"ConfigChanged"), L"1");
+    EXPECT_TRUE(loaded().reinitialize());
     selection.SetFoldersModified();
     selection.save(false);
     EXPECT_EQ(stored(L"ConfigChanged"), L"1");
     EXPECT_EQ(storedStates(), L"-1");
-}
-
-TEST_F(Selection, SameEntryInAnotherStoreIsAnotherFolder) {
-    store(1, contacts);
-    registry.set(HKEY_CURRENT_USER, kSelectionKey, L"storeId1", L"00FF");
-    auto selection = loaded();
-    EXPECT_TRUE(selection.StoresChanged());
-    EXPECT_EQ(storedStates(), L"0");
+    EXPECT_TRUE(traced("Nb folders in registry = 1 nb folders selected found = 1"));
 }
 
 }  // namespace

@@ -19,13 +19,6 @@ class Timer : public DialogTest {
     int finds = 0;
 };
 
-TEST_F(Timer, IsLoadedByItsFirstUse) {
-    EXPECT_FALSE(timer.isLoaded());
-    timer.Enabled(false);
-    EXPECT_TRUE(timer.isLoaded());
-    EXPECT_EQ(timer.Interval(), 50u);
-}
-
 TEST_F(Timer, TicksOnceAndOnlyForASearch) {
     timer.TimerFind = [this] { ++finds; };
     timer.Interval(10);

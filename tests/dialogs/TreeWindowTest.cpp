@@ -12,63 +12,45 @@ namespace {
 /// while it is open.
 class TreeWindow : public SelectionWindow {
   protected:
-    using Steps = std::vector<ModalSteps::Step>;
-
-    /// Presses "Select" and does the steps in the tree; they must close it.
-    void choose(Steps steps) {
-        ModalSteps script(std::move(steps));
-        SendMessageW(control(kControl_CmdSelect), BM_CLICK, 0, 0);
-        serveMessages();
-        EXPECT_TRUE(script.done());
+    /// Presses "Select" and does the step in the tree, which must close it.
+    void choose(const std::function<void(HWND)>& step) {
+        EXPECT_TRUE(pressForModal(control(kControl_CmdSelect), step));
         EXPECT_EQ(openDialogs(), std::vector<HWND>{window});
         EXPECT_TRUE(IsWindowEnabled(window));
     }
     static HWND treeOf(HWND dialog) { return GetDlgItem(dialog, kControl_treeFolder); }
-    static LRESULT ask(HWND tree, UINT message, WPARAM wide, HTREEITEM item) {
-        return SendMessageW(tree, message, wide, reinterpret_cast<LPARAM>(item));
+    static std::wstring nameOf(HWND tree, HTREEITEM item) {
+        wchar_t text[100] = {};
+        TVITEMW question{};
+        question.mask = TVIF_TEXT;
+        question.hItem = item;
+        question.pszText = text;
+        question.cchTextMax = 100;
+        TreeView_GetItem(tree, &question);
+        return text;
     }
-    static HTREEITEM next(HWND tree, UINT way, HTREEITEM item) {
-        return reinterpret_cast<HTREEITEM>(ask(tree, TVM_GETNEXTITEM, way, item));
-    }
-    /// The tree as text: each folder in its depth's brackets with its box.
+    /// The tree as text: each folder with its box before it, and those below it in brackets.
     static std::wstring drawn(HWND tree, HTREEITEM first) {
         std::wstring result;
-        for (HTREEITEM item = first; item; item = next(tree, TVGN_NEXT, item)) {
-            wchar_t text[100] = {};
-            TVITEMW question{};
-            question.mask = TVIF_TEXT | TVIF_STATE | TVIF_HANDLE;
-            question.hItem = item;
-            question.stateMask = TVIS_STATEIMAGEMASK;
-            question.pszText = text;
-            question.cchTextMax = 100;
-            SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&question));
-            result += std::wstring(L" +*").substr((question.state & TVIS_STATEIMAGEMASK) >> 12, 1) + text;
-            if (HTREEITEM child = next(tree, TVGN_CHILD, item)) result += L"(" + drawn(tree, child) + L")";
+        for (HTREEITEM item = first; item; item = TreeView_GetNextSibling(tree, item)) {
+            const UINT box = TreeView_GetItemState(tree, item, TVIS_STATEIMAGEMASK) >> 12;
+            result += std::wstring(L" +*").substr(box, 1) + nameOf(tree, item);
+            if (HTREEITEM child = TreeView_GetChild(tree, item)) result += L"(" + drawn(tree, child) + L")";
         }
         return result;
     }
-    static std::wstring drawn(HWND dialog) {
-        return drawn(treeOf(dialog), next(treeOf(dialog), TVGN_ROOT, nullptr));
+    static void expectDrawn(HWND dialog, const std::wstring& part) {
+        const std::wstring all = drawn(treeOf(dialog), TreeView_GetRoot(treeOf(dialog)));
+        EXPECT_NE(all.find(part), std::wstring::npos) << all;
     }
     /// Goes to the folder with that name.
     static void goTo(HWND dialog, const std::wstring& name) {
         const HWND tree = treeOf(dialog);
         SetFocus(tree);
-        for (HTREEITEM item = next(tree, TVGN_ROOT, nullptr); item;
-             item = next(tree, TVGN_NEXTVISIBLE, item)) {
-            wchar_t text[100] = {};
-            TVITEMW question{};
-            question.mask = TVIF_TEXT | TVIF_HANDLE;
-            question.hItem = item;
-            question.pszText = text;
-            question.cchTextMax = 100;
-            SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&question));
-            if (name == text) {
-                ask(tree, TVM_SELECTITEM, TVGN_CARET, item);
-                return;
-            }
-        }
-        ADD_FAILURE() << "no folder in sight";
+        HTREEITEM item = TreeView_GetRoot(tree);
+        while (item && nameOf(tree, item) != name) item = TreeView_GetNextVisible(tree, item);
+        EXPECT_TRUE(item) << "no folder in sight";
+        TreeView_SelectItem(tree, item);
     }
     static void space(HWND dialog) {
         const HWND tree = treeOf(dialog);
@@ -92,23 +74,20 @@ TEST_F(TreeWindow, ChecksContactsFoldersAndNoOthers) {
     store(1, contacts);
     open();
     const long before = outlook.server().calls().invocations();
-    choose({[&](HWND dialog) {
-        EXPECT_EQ(GetWindow(dialog, GW_OWNER), window);
+    choose([&](HWND dialog) {
         EXPECT_FALSE(IsWindowEnabled(window));
-        EXPECT_EQ(windowText(dialog), L"Outlook folders");
-        EXPECT_NE(drawn(dialog).find(L"*Contacts"), std::wstring::npos) << drawn(dialog);
-        EXPECT_NE(drawn(dialog).find(L" Łódź(+Ügyfelek)"), std::wstring::npos) << drawn(dialog);
+        expectDrawn(dialog, L"*Contacts");
+        expectDrawn(dialog, L" Łódź(+Ügyfelek)");
         goTo(dialog, L"Contacts");
         space(dialog);
         goTo(dialog, L"Łódź");
         space(dialog);
-        SendMessageW(treeOf(dialog), TVM_EXPAND, TVE_EXPAND,
-                     SendMessageW(treeOf(dialog), TVM_GETNEXTITEM, TVGN_CARET, 0));
+        TreeView_Expand(treeOf(dialog), TreeView_GetSelection(treeOf(dialog)), TVE_EXPAND);
         goTo(dialog, L"Ügyfelek");
         space(dialog);
-        EXPECT_NE(drawn(dialog).find(L" Łódź(*Ügyfelek)"), std::wstring::npos) << drawn(dialog);
+        expectDrawn(dialog, L" Łódź(*Ügyfelek)");
         ok(dialog);
-    }});
+    });
     EXPECT_EQ(checksOf(list()), L"01");
     EXPECT_EQ(outlook.server().calls().invocations(), before) << "everything has been asked already";
     press(VK_RETURN);
@@ -119,11 +98,11 @@ TEST_F(TreeWindow, ChecksContactsFoldersAndNoOthers) {
 TEST_F(TreeWindow, CancelLeavesTheListAlone) {
     store(1, contacts);
     open();
-    choose({[&](HWND dialog) {
+    choose([&](HWND dialog) {
         goTo(dialog, L"Contacts");
         space(dialog);
         cancel(dialog);
-    }});
+    });
     EXPECT_EQ(checksOf(list()), L"1");
     press(VK_RETURN);
     EXPECT_EQ(storedStates(), L"-1");
@@ -135,13 +114,13 @@ TEST_F(TreeWindow, MakesAContactsFolder) {
     for (const bool taken : {true, false}) {
         const std::wstring name = taken ? L"Nowe źródła" : L"Unused";
         open();
-        choose({[&](HWND dialog) {
+        choose([&](HWND dialog) {
             goTo(dialog, L"Contacts");
             create(dialog, (L"  " + name + L" ").c_str());
             EXPECT_EQ(answer(dialog), L"");
-            EXPECT_NE(drawn(dialog).find(L"*" + name), std::wstring::npos) << drawn(dialog);
+            expectDrawn(dialog, L"*" + name);
             taken ? ok(dialog) : cancel(dialog);
-        }});
+        });
         const auto made = outlook.mailbox().findFolder(contacts.id, name);
         ASSERT_TRUE(made);
         EXPECT_EQ(made->type, ItemType::Contact);
@@ -158,7 +137,7 @@ TEST_F(TreeWindow, TellsWhyAFolderIsNotMade) {
     addFolderBelow(contacts, L"Old");
     store(1, contacts);
     open();
-    choose({[&](HWND dialog) {
+    choose([&](HWND dialog) {
         const HWND button = GetDlgItem(dialog, kControl_CmdCreate);
         EXPECT_FALSE(IsWindowEnabled(button));
         goTo(dialog, L"Contacts");
@@ -170,7 +149,7 @@ TEST_F(TreeWindow, TellsWhyAFolderIsNotMade) {
         EXPECT_EQ(answer(dialog), L"The folder could not be created.\nNo rights.");
         faults().clear();
         ok(dialog);
-    }});
+    });
     press(VK_RETURN);
     EXPECT_EQ(stored(L"ConfigChanged"), L"0");
 }

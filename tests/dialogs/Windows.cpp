@@ -14,17 +14,25 @@ ModalSteps* running = nullptr;
 
 }  // namespace
 
-std::vector<HWND> openDialogs() {
+std::vector<HWND> windowsOfClass(const wchar_t* name) {
     std::vector<HWND> result;
     EnumThreadWindows(
         GetCurrentThreadId(), [](HWND window, LPARAM found) __stdcall->BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, 16);
-            if (std::wstring(name) == L"#32770" && IsWindowVisible(window))
-                reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+            reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&result));
+    std::erase_if(result, [&](HWND window) {
+        wchar_t own[32] = {};
+        GetClassNameW(window, own, 32);
+        return std::wstring(own) != name;
+    });
+    return result;
+}
+
+std::vector<HWND> openDialogs() {
+    auto result = windowsOfClass(L"#32770");
+    std::erase_if(result, [](HWND window) { return !IsWindowVisible(window); });
     return result;
 }
 
@@ -66,13 +74,9 @@ void pressAlt(wchar_t letter) {
 
 std::vector<std::wstring> linesOf(HWND list) {
     std::vector<std::wstring> result;
-    const LRESULT count = SendMessageW(list, LVM_GETITEMCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
+    for (int i = 0; i < ListView_GetItemCount(list); ++i) {
         wchar_t text[300] = {};
-        LVITEMW item{};
-        item.pszText = text;
-        item.cchTextMax = 300;
-        SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+        ListView_GetItemText(list, i, 0, text, 300);
         result.push_back(text);
     }
     return result;
@@ -80,20 +84,14 @@ std::vector<std::wstring> linesOf(HWND list) {
 
 std::wstring checksOf(HWND list) {
     std::wstring result;
-    const LRESULT count = SendMessageW(list, LVM_GETITEMCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
-        const auto state = static_cast<UINT>(
-            SendMessageW(list, LVM_GETITEMSTATE, static_cast<WPARAM>(i), LVIS_STATEIMAGEMASK));
-        result += state == INDEXTOSTATEIMAGEMASK(2) ? L'1' : L'0';
-    }
+    for (int i = 0; i < ListView_GetItemCount(list); ++i)
+        result += ListView_GetCheckState(list, i) ? L'1' : L'0';
     return result;
 }
 
 void toggleLine(HWND list, int line) {
     SetFocus(list);
-    LVITEMW item{};
-    item.stateMask = item.state = LVIS_FOCUSED | LVIS_SELECTED;
-    SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(&item));
+    ListView_SetItemState(list, line, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
     press(VK_SPACE);
 }
 
@@ -115,6 +113,13 @@ void ModalSteps::next() {
         step(dialog);
         return;
     }
+}
+
+bool pressForModal(HWND button, const ModalSteps::Step& step) {
+    ModalSteps steps({step});
+    SendMessageW(button, BM_CLICK, 0, 0);
+    serveMessages();
+    return steps.done();
 }
 
 }  // namespace zelbar

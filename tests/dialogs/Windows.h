@@ -10,7 +10,9 @@ namespace zelbar {
 
 /// Windows as a user and a client's message loop deal with them.
 
-/// The dialogs that are open on this thread, the topmost first.
+/// This thread's windows of a class, the topmost first.
+std::vector<HWND> windowsOfClass(const wchar_t* name);
+/// Those dialogs of this thread that are visible.
 std::vector<HWND> openDialogs();
 
 std::wstring windowText(HWND window);
@@ -50,5 +52,9 @@ class ModalSteps {
     std::vector<HWND> before_;
     UINT_PTR timer_ = 0;
 };
+
+/// Presses a button that opens a modal dialog, and does `step` there, which must close it. False when no
+/// dialog has opened.
+bool pressForModal(HWND button, const ModalSteps::Step& step);
 
 }  // namespace zelbar

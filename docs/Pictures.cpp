@@ -109,14 +109,12 @@ class Scene {
         HWND window = topmost();
         serveUntil([&] { return IsWindowEnabled(GetDlgItem(window, IDOK)); });
         take(window, L"folders");
-        ModalSteps steps({[this](HWND tree) {
+        pressForModal(GetDlgItem(window, kControl_CmdSelect), [this](HWND tree) {
             serveMessages();
             SetDlgItemTextW(tree, kControl_Name, L"Zürich & Łódź");
             take(tree, L"tree");
             PostMessageW(tree, WM_COMMAND, IDCANCEL, 0);
-        }});
-        SendMessageW(GetDlgItem(window, kControl_CmdSelect), BM_CLICK, 0, 0);
-        serveMessages();
+        });
         DestroyWindow(window);
         // A store that has gone since: the list says so.
         registry_.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"InitPSTnumber", L"3");
