@@ -13,6 +13,7 @@
 #include "dialogs/frmMessageForm.h"
 #include "dialogs/frmOutSelFolder.h"
 #include "standin/outlook/host/Host.h"
+#include "support/mLogError.h"
 #include "tests/dialogs/Windows.h"
 #include "tests/harness/RegistrySandbox.h"
 #include "tests/harness/TemporaryFolder.h"
@@ -125,7 +126,8 @@ class Scene {
         DestroyWindow(window);
     }
     void takeMessage() {
-        messageForm().ShowMessage(L"__NO_TITLE__", 0, L"C:\\Program Files\\Tessaria\\call.exe: ?");
+        messageForm().ShowMessage(L"__NO_TITLE__", 0,
+                                  GetSystemErrorText(ERROR_FILE_NOT_FOUND) + L": C:\\Tools\\dial.exe 0123.");
         take(topmost(), L"message");
         DestroyWindow(topmost());
     }
