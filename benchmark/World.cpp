@@ -90,7 +90,7 @@ ContactPlace addContact(const Object& application, const std::wstring& lastName,
     const Object item = application.object(outlook::GetNamespace, L"MAPI")
                             .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
                             .object(outlook::Items)
-                            .object(outlook::AddItem, outlook::kContactItemType);
+                            .object(outlook::AddContact, outlook::kContactItemType);
     item.put(outlook::FirstName, L"Ada");
     item.put(outlook::LastName, lastName);
     item.put(outlook::CompanyName, L"Analytical Engines");

@@ -51,7 +51,6 @@ inline constexpr Member Update{L"Update"};
 inline constexpr Member Fields{L"Fields", kFields};
 /// `Fields` with a name goes straight to the field: it is the collection's default member.
 inline constexpr Member FieldNamed{L"Fields", kField};
-inline constexpr Member FieldAt{L"Item", kField};
 inline constexpr Member Value{L"Value"};
 
 }  // namespace zelbar::dao

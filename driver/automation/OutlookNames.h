@@ -49,7 +49,6 @@ inline constexpr Member CurrentItem{L"CurrentItem", kAskForClass};
 // Folders
 inline constexpr Member GetExplorer{L"GetExplorer", kExplorer};
 inline constexpr Member Items{L"Items", kItems};
-inline constexpr Member AddItem{L"Add", kAskForClass};
 inline constexpr Member ItemAt{L"Item", kAskForClass};
 inline constexpr Member Folders{L"Folders", kFolders};
 inline constexpr Member FolderAt{L"Item", kFolder};

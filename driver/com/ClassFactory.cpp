@@ -2,32 +2,16 @@
 
 #include <new>
 
+#include "com/CountedObject.h"
 #include "com/ModuleState.h"
 
 namespace zelbar {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public CountedObject<IClassFactory> {
   public:
     explicit ClassFactory(Com<IUnknown> (*create)()) : create_(create) {}
-
-    STDMETHODIMP QueryInterface(REFIID id, void** result) noexcept override {
-        if (!result) return E_POINTER;
-        *result = nullptr;
-        if (id != __uuidof(IUnknown) && id != __uuidof(IClassFactory)) return E_NOINTERFACE;
-        *result = static_cast<IClassFactory*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() noexcept override {
-        return static_cast<ULONG>(InterlockedIncrement(&references_));
-    }
-    STDMETHODIMP_(ULONG) Release() noexcept override {
-        const LONG left = InterlockedDecrement(&references_);
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** result) noexcept override {
         if (!result) return E_POINTER;
@@ -47,11 +31,7 @@ class ClassFactory final : public IClassFactory {
     }
 
   private:
-    ~ClassFactory() = default;
-
-    LONG references_ = 1;
     Com<IUnknown> (*create_)();
-    LiveObject live_;
 };
 
 }  // namespace

@@ -2,33 +2,16 @@
 
 #include <utility>
 
-#include "com/ModuleState.h"
+#include "com/CountedObject.h"
 
 namespace zelbar {
 
 namespace {
 
-class Enumerator final : public IEnumVARIANT {
+class Enumerator final : public CountedObject<IEnumVARIANT> {
   public:
     Enumerator(std::vector<Variant> values, size_t position)
         : values_(std::move(values)), position_(position) {}
-
-    STDMETHODIMP QueryInterface(REFIID id, void** result) noexcept override {
-        if (!result) return E_POINTER;
-        *result = nullptr;
-        if (id != __uuidof(IUnknown) && id != __uuidof(IEnumVARIANT)) return E_NOINTERFACE;
-        *result = static_cast<IEnumVARIANT*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() noexcept override {
-        return static_cast<ULONG>(InterlockedIncrement(&references_));
-    }
-    STDMETHODIMP_(ULONG) Release() noexcept override {
-        const LONG left = InterlockedDecrement(&references_);
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
 
     STDMETHODIMP Next(ULONG wanted, VARIANT* out, ULONG* fetched) noexcept override {
         if (!out || (!fetched && wanted != 1)) return E_POINTER;
@@ -64,12 +47,8 @@ class Enumerator final : public IEnumVARIANT {
     }
 
   private:
-    ~Enumerator() = default;
-
-    LONG references_ = 1;
     std::vector<Variant> values_;
     size_t position_;
-    LiveObject live_;
 };
 
 }  // namespace

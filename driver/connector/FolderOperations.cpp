@@ -55,7 +55,7 @@ void cDataConnector::DataConnector_CreateContact(const std::wstring& name, const
                                 .outlook.GetNameSpace()
                                 .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
                                 .object(outlook::Items)
-                                .object(outlook::AddItem, outlook::kContactItemType);
+                                .object(outlook::AddContact, outlook::kContactItemType);
         item.put(outlook::LastName, name);
         item.put(outlook::BusinessTelephoneNumber, number);
         item.call(outlook::Save);
