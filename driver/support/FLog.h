@@ -51,8 +51,10 @@ class FLog {
     /// Writes a line as it is.
     void AddSimpleLog(std::wstring_view text) noexcept;
 
-    /// `Addlog` of all parts joined, built only while logging is on. Parts are texts, whole numbers and
-    /// Booleans ("True", "False").
+    /// `Addlog` of all parts joined, built only while logging is on. Parts are texts, whole numbers, Booleans
+    /// ("True", "False"), and callables that give one of them: what has to be asked of Outlook for a line
+    /// alone is asked by a callable, so that it is not asked while logging is off. A part that fails costs the
+    /// line and nothing else.
     template <class... Parts>
     void trace(const Parts&... parts) noexcept {
         if (!logEnabled_) return;
@@ -61,7 +63,7 @@ class FLog {
             (append(line, parts), ...);
             Addlog(line);
         } catch (...) {
-            // Out of memory: the line is lost, the driver's work is not.
+            // The line is lost, the driver's work is not.
         }
     }
 
@@ -77,6 +79,10 @@ class FLog {
     void write(std::wstring_view line, LogWindow::Follow follow) noexcept;
 
     static void append(std::wstring& line, std::wstring_view part) { line += part; }
+    template <std::invocable Read>
+    static void append(std::wstring& line, const Read& read) {
+        append(line, read());
+    }
     template <std::integral Number>
     static void append(std::wstring& line, Number part) {
         if constexpr (std::same_as<Number, bool>) {

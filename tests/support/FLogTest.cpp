@@ -42,7 +42,9 @@ TEST_F(FLogTest, OffUnlessAskedFor) {
         log.load();
         EXPECT_FALSE(log.LogEnabled()) << testing::PrintToString(value);
         EXPECT_GT(log.LogStart(), 0);
-        log.trace(L"lost");
+        bool asked = false;
+        log.trace(L"lost ", [&] { return asked = true; });
+        EXPECT_FALSE(asked);
         EXPECT_TRUE(window.events.empty());
         EXPECT_FALSE(exists(current));
     }
@@ -54,7 +56,8 @@ TEST_F(FLogTest, LinesGoToTheFileAtOnce) {
     log.load();
     log.AddSimpleLog(L"banner Łukasz 𝄞");
     log.trace(L"=>FindNext()");
-    log.trace(L"  id=", std::wstring(L"A1"), L" n=", 42, L" eof=", true, L" bof=", false);
+    log.trace(L"a line that costs nothing but itself", []() -> long { throw Fault{462, {}, {}}; });
+    log.trace(L"  id=", std::wstring(L"A1"), L" n=", [] { return 42; }, L" eof=", true, L" bof=", false);
     log.fault(L"Error (FindNext): ", Fault{91, L"Object not set", L"zelbar00"});
     log.load();
     const auto written = lines(readFile(current));
