@@ -5,6 +5,7 @@
 
 #include "automation/Fault.h"
 #include "automation/Object.h"
+#include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "filler/OutlookFault.h"
 
@@ -57,7 +58,7 @@ class Reader {
             if (id.storeId.empty()) return session_.object(outlook::GetFolderFromID, id.entryId);
             return session_.object(outlook::GetFolderFromID, id.entryId, id.storeId);
         } catch (const Fault& fault) {
-            if (scopeOf(fault) != FaultScope::Gone)
+            if (!saysItemGone(fault))
                 throw Failure{L"The chosen folder number " + place + L" cannot be opened in Outlook: " +
                               explain(fault)};
             observer_.note(L"The chosen folder number " + place +
@@ -111,7 +112,7 @@ class Reader {
             ++book_.contactCount;
             if (!contact.numbers.empty()) book_.contacts.push_back({source.store, std::move(contact)});
         } catch (const Fault& fault) {
-            if (scopeOf(fault) == FaultScope::Outlook) throw;
+            if (saysOutlookFailed(fault)) throw;
             ++book_.unreadCount;
             lastFault_ = fault.description;
             if (!id.empty()) book_.unreadable.emplace(source.store, id);

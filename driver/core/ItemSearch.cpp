@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 
 namespace zelbar {
@@ -37,7 +38,7 @@ bool ItemSearch::attempt(Question&& question) {
     } catch (...) {
         const Fault fault = caughtFault();
         report_(fault);
-        if (!saysNotFound(fault)) {
+        if (!saysItemGone(fault)) {
             result_.verdict = LookUp::Verdict::Failed;
             result_.fault = fault;
         }

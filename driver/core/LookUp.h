@@ -23,7 +23,4 @@ struct LookUp {
     bool failed() const { return verdict == Verdict::Failed; }
 };
 
-/// True when Outlook's error number says that an item or folder does not exist where it was looked for.
-bool saysNotFound(const Fault& fault);
-
 }  // namespace zelbar

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "core/ItemSearch.h"
 #include "support/Text.h"

@@ -17,8 +17,6 @@ namespace zelbar {
 /// fails.
 class OutlookConnection {
   public:
-    static constexpr long kConnectionLost = static_cast<long>(0x800403E9UL);
-
     /// All that is passed must outlive the connection.
     OutlookConnection(Gateway& gateway, FLog& log, mLogError& errors, UserDoor& user,
                       const StoreTable& stores)

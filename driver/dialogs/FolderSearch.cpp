@@ -1,25 +1,12 @@
 #include "dialogs/FolderSearch.h"
 
-#include <algorithm>
 #include <utility>
 
+#include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "dialogs/FolderRules.h"
 
 namespace zelbar {
-
-namespace {
-
-/// True when there is nobody left to answer the questions that remain.
-bool saysGone(const Fault& fault) {
-    constexpr long kServerUnavailable = 462;
-    constexpr long kGone[] = {kServerUnavailable, static_cast<long>(RPC_E_DISCONNECTED),
-                              static_cast<long>(RPC_E_SERVER_DIED), static_cast<long>(RPC_E_SERVER_DIED_DNE),
-                              static_cast<long>(HRESULT_FROM_WIN32(RPC_S_CALL_FAILED))};
-    return std::find(std::begin(kGone), std::end(kGone), fault.number) != std::end(kGone);
-}
-
-}  // namespace
 
 FolderSearch::FolderSearch(Gateway& gateway, FLog& log, std::wstring limit)
     : gateway_(gateway),
@@ -30,7 +17,7 @@ FolderSearch::FolderSearch(Gateway& gateway, FLog& log, std::wstring limit)
 void FolderSearch::failed(const Fault& fault) {
     found_.complete = false;
     log_.fault(L"Error (Search_Outlook_ContactFolder): ", fault);
-    if (saysGone(fault)) levels_.clear();
+    if (saysServerGone(fault)) levels_.clear();
 }
 
 bool FolderSearch::step() noexcept {

@@ -2,6 +2,7 @@
 
 #include "automation/Attempts.h"
 #include "automation/Fault.h"
+#include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
 #include "export/ExportMapping.h"
@@ -33,7 +34,7 @@ void attempt(LookUp& answer, Question&& question) {
     } catch (...) {
         const Fault fault = caughtFault();
         driver().log.fault(L"Error (GetExportFolder): ", fault);
-        if (saysNotFound(fault)) return;
+        if (saysItemGone(fault)) return;
         if (!answer.failed()) answer.fault = fault;
         answer.verdict = LookUp::Verdict::Failed;
     }

@@ -1,9 +1,8 @@
 #include "export/ExportRun.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
+#include "automation/OutlookFaults.h"
 #include "core/MessageYield.h"
 
 namespace zelbar {
@@ -16,21 +15,6 @@ constexpr size_t kReportEvery = 50;
 constexpr Member kProgress{L"Progress"};
 
 }  // namespace
-
-bool saysOutlookGone(const Fault& fault) {
-    constexpr unsigned long kGone[] = {
-        462,           // nothing answers behind the reference
-        0x80010007UL,  // the server died
-        0x80010012UL,  // the same, the call not carried out
-        0x80010108UL,  // disconnected from its clients
-        0x800706B5UL,  // the interface is not served any more
-        0x800706BEUL,  // it died in the middle of a call
-        0x800706BFUL,  // the same, the call not carried out
-        static_cast<unsigned long>(OutlookConnection::kConnectionLost),
-    };
-    return std::find(std::begin(kGone), std::end(kGone), static_cast<unsigned long>(fault.number)) !=
-           std::end(kGone);
-}
 
 ExportRun::ExportRun(const wchar_t* routine, Com<IDispatch> client) : routine_(routine) {
     DriverState& state = driver();
@@ -61,7 +45,7 @@ void ExportRun::rowFailed(const Fault& fault, size_t line) {
     complete_ = false;
     driver().log.trace(L"cDataConnector.copyToContactItem", L" Error in ", fault.source, L". ",
                        fault.description, L" (", fault.number, L") at line ", line);
-    if (saysOutlookGone(fault)) throw fault;
+    if (saysServerGone(fault)) throw fault;
 }
 
 void ExportRun::begin(const wchar_t* step, size_t total) {

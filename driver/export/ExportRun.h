@@ -11,9 +11,6 @@
 
 namespace zelbar {
 
-/// Outlook is not there any more: nothing further of a run can succeed.
-bool saysOutlookGone(const Fault& fault);
-
 /// One run over the export folder: at most one at a time, the client's messages served on the way, failures
 /// of single rows written down while the rest goes on, and the client told how far it is.
 class ExportRun {

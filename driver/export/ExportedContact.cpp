@@ -1,6 +1,7 @@
 #include "export/ExportedContact.h"
 
 #include "automation/Fault.h"
+#include "automation/OutlookFaults.h"
 #include "core/DriverState.h"
 #include "export/ExportRun.h"
 #include "support/CRegSettings.h"
@@ -25,7 +26,7 @@ std::optional<std::wstring> readAddress(const Object& item, const Member& field,
     try {
         return item.text(field);
     } catch (const Fault& fault) {
-        if (saysOutlookGone(fault)) throw;
+        if (saysServerGone(fault)) throw;
         addresses.refused();
         driver().log.fault(L"Error (e-mail addresses of the export folder are left alone): ", fault);
         return {};

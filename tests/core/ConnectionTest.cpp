@@ -1,3 +1,4 @@
+#include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
 #include "tests/fixture/DriverTest.h"
@@ -52,7 +53,7 @@ TEST_F(Connection, AnApplicationThatHasGoneIsReplacedWithoutAWord) {
 TEST_F(Connection, TheUserIsToldWhenTheApplicationCannotBeMade) {
     faults().failCreation(static_cast<HRESULT>(0x80080005));
     const Fault fault = faultFrom([] { driver().outlook.GetApp(); });
-    EXPECT_EQ(fault.number, OutlookConnection::kConnectionLost);
+    EXPECT_EQ(fault.number, kConnectionLost);
     EXPECT_EQ(fault.description, L"Loss of connection with Outlook.");
     EXPECT_TRUE(fault.source.ends_with(L".GetApp()")) << fault.source;
     EXPECT_EQ(boxes, 1);
@@ -91,7 +92,7 @@ TEST_F(Connection, TheNameSpaceIsTriedThreeTimes) {
 
 TEST_F(Connection, NoOutlookHasTheNameSpaceFailAtTheThirdStage) {
     faults().failCreation(REGDB_E_CLASSNOTREG);
-    EXPECT_EQ(faultFrom([] { driver().outlook.GetNameSpace(); }).number, OutlookConnection::kConnectionLost);
+    EXPECT_EQ(faultFrom([] { driver().outlook.GetNameSpace(); }).number, kConnectionLost);
     // The second stage has no application to ask.
     EXPECT_TRUE(traced("    GetNameSpace: ERR2 91 "));
     EXPECT_EQ(boxes, 0);

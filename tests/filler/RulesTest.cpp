@@ -3,12 +3,10 @@
 #include "automation/Com.h"
 #include "filler/BusyRetry.h"
 #include "filler/ContactText.h"
-#include "filler/OutlookFault.h"
 #include "filler/StoreKeys.h"
 
 namespace {
 
-using filler::FaultScope;
 
 TEST(ContactText, NamesAContactAsItIsSearched) {
     const std::pair<filler::NameParts, std::wstring> cases[] = {
@@ -49,18 +47,6 @@ TEST(StoreKeys, StayWithTheirStores) {
         for (const auto& key : filler::storeKeys(c.known, c.stores)) indexes.push_back(key.index);
         EXPECT_EQ(indexes, c.indexes);
     }
-}
-
-TEST(OutlookFault, TellsAnItemFromOutlook) {
-    const std::pair<FaultScope, std::vector<unsigned long>> cases[] = {
-        {FaultScope::Gone, {0x8004010F, 0xC1F4010F, 0x80040107, 0x8004010A}},
-        {FaultScope::Outlook,
-         {462, 429, 0x80010001, 0x8001010A, 0x80010108, 0x800706BE, 0x8004011C, 0xC1F4011D, 0x80080005}},
-        {FaultScope::Object, {0x80010105, 0x80004005, 70, 438, 0x80070057, 0xA72300FC}},
-    };
-    for (const auto& [scope, numbers] : cases)
-        for (const unsigned long number : numbers)
-            EXPECT_EQ(filler::scopeOf({static_cast<long>(number), {}, {}}), scope) << std::hex << number;
 }
 
 TEST(BusyRetry, TriesForSomeSeconds) {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "automation/Fault.h"
+
+/// What an error number of Outlook, or of the way to it, says. The one list of them: what follows from an
+/// answer is the caller's business.
+namespace zelbar {
+
+/// The driver's own fault for an Outlook that could not be reached again.
+inline constexpr long kConnectionLost = static_cast<long>(0x800403E9UL);
+
+/// The item or folder does not exist where it was looked for. The only answer that may lead to a deletion.
+bool saysItemGone(const Fault& fault);
+
+/// Nobody is left behind the reference: Outlook was closed or died. Another call on it is in vain.
+bool saysServerGone(const Fault& fault);
+
+/// Outlook lives, but took the call not now: the same call may succeed later.
+bool saysBusy(const Fault& fault);
+
+/// The fault is Outlook's own and says nothing of the object that was asked for: gone, busy, starting or
+/// closing, not installed, out of memory, a store or the network behind it out of reach.
+bool saysOutlookFailed(const Fault& fault);
+
+}  // namespace zelbar
