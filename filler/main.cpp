@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "automation/BusyRetry.h"
 #include "automation/Fault.h"
-#include "filler/BusyRetry.h"
 #include "filler/Console.h"
 #include "filler/FillCache.h"
 #include "filler/Interrupt.h"
@@ -87,7 +87,7 @@ int run(bool isQuiet, const filler::Console& output, const filler::Console& erro
     std::wstring reason;
     try {
         const Apartment apartment;
-        const filler::BusyRetry retry;
+        const zelbar::BusyRetry retry;
         ConsoleObserver observer(errors, isQuiet);
         const filler::FillResult result = filler::fillCache(observer);
         observer.endLine();

@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "automation/Com.h"
-#include "filler/BusyRetry.h"
 #include "filler/ContactText.h"
 #include "filler/StoreKeys.h"
 
 namespace {
-
 
 TEST(ContactText, NamesAContactAsItIsSearched) {
     const std::pair<filler::NameParts, std::wstring> cases[] = {
@@ -47,26 +44,6 @@ TEST(StoreKeys, StayWithTheirStores) {
         for (const auto& key : filler::storeKeys(c.known, c.stores)) indexes.push_back(key.index);
         EXPECT_EQ(indexes, c.indexes);
     }
-}
-
-TEST(BusyRetry, TriesForSomeSeconds) {
-    zelbar::Com<IMessageFilter> filter;
-    {
-        const filler::BusyRetry retry;
-        CoRegisterMessageFilter(nullptr, filter.put());
-        ASSERT_TRUE(filter);
-        CoRegisterMessageFilter(filter.get(), nullptr);
-    }
-    constexpr DWORD kLeastPause = 100, kGiveUp = static_cast<DWORD>(-1);
-    for (const DWORD reason : {SERVERCALL_REJECTED, SERVERCALL_RETRYLATER}) {
-        const DWORD pause = filter->RetryRejectedCall(nullptr, 0, reason);
-        EXPECT_GE(pause, kLeastPause);
-        EXPECT_NE(pause, kGiveUp);
-        EXPECT_EQ(filter->RetryRejectedCall(nullptr, 10000, reason), kGiveUp);
-    }
-    zelbar::Com<IMessageFilter> left;
-    CoRegisterMessageFilter(nullptr, left.put());
-    EXPECT_FALSE(left);
 }
 
 }  // namespace

@@ -6,9 +6,9 @@
 
 #include "automation/Com.h"
 
-namespace filler {
+namespace zelbar {
 
-/// While it lives, calls that Outlook turns away because it is busy are tried again for some seconds.
+/// While it lives, calls that another process turns away because it is busy are tried again for some seconds.
 class BusyRetry {
   public:
     BusyRetry();
@@ -17,7 +17,7 @@ class BusyRetry {
     BusyRetry& operator=(const BusyRetry&) = delete;
 
   private:
-    zelbar::Com<IMessageFilter> previous_;
+    Com<IMessageFilter> previous_;
 };
 
-}  // namespace filler
+}  // namespace zelbar

@@ -1,6 +1,6 @@
-#include "filler/BusyRetry.h"
+#include "automation/BusyRetry.h"
 
-namespace filler {
+namespace zelbar {
 namespace {
 
 class RetryFilter final : public IMessageFilter {
@@ -39,13 +39,13 @@ class RetryFilter final : public IMessageFilter {
 }  // namespace
 
 BusyRetry::BusyRetry() {
-    const zelbar::Com<IMessageFilter> filter = zelbar::Com<IMessageFilter>::share(new RetryFilter);
+    const Com<IMessageFilter> filter = Com<IMessageFilter>::share(new RetryFilter);
     CoRegisterMessageFilter(filter.get(), previous_.put());
 }
 
 BusyRetry::~BusyRetry() {
-    zelbar::Com<IMessageFilter> ours;
+    Com<IMessageFilter> ours;
     CoRegisterMessageFilter(previous_.get(), ours.put());
 }
 
-}  // namespace filler
+}  // namespace zelbar
