@@ -2,25 +2,18 @@
 
 #include "automation/Attempts.h"
 #include "filler/Failure.h"
-#include "support/Registry.h"
+#include "support/Settings.h"
 
 namespace filler {
-namespace {
-
-constexpr wchar_t kKey[] = L"Software\\Norvane\\7316\\Popup";
-constexpr wchar_t kValue[] = L"SynchroInProgress";
-
-}  // namespace
-
 void SynchroFlag::raise() {
-    if (!zelbar::RegWriteString(HKEY_CURRENT_USER, kKey, kValue, L"1"))
+    if (!zelbar::writeSetting(zelbar::settings::kSynchroInProgress, L"1"))
         throw Failure{L"The registry does not take the sign that the cache is being written."};
 }
 
 SynchroFlag::~SynchroFlag() {
     zelbar::Attempts()([] {
-        if (zelbar::RegReadString(HKEY_CURRENT_USER, kKey, kValue) == L"1")
-            zelbar::RegWriteString(HKEY_CURRENT_USER, kKey, kValue, L"0");
+        using zelbar::settings::kSynchroInProgress;
+        if (zelbar::readSetting(kSynchroInProgress) == L"1") zelbar::writeSetting(kSynchroInProgress, L"0");
     });
 }
 

@@ -5,7 +5,7 @@
 #include "automation/Fault.h"
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
-#include "support/CRegSettings.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -13,9 +13,8 @@ namespace {
 
 /// Throws when a folder is stored that Outlook does not open.
 void openStoredFolder() {
-    const CRegSettings settings(L"7316\\Popup");
-    const std::wstring entryId = settings.GetSetting(L"zelbar00folder", L"entryId1");
-    const std::wstring storeId = settings.GetSetting(L"zelbar00folder", L"storeId1");
+    const std::wstring entryId = getSetting(settings::kEntryId, 1);
+    const std::wstring storeId = getSetting(settings::kStoreId, 1);
     if (!entryId.empty() && !storeId.empty())
         driver().outlook.GetNameSpace().object(outlook::GetFolderFromID, entryId, storeId);
 }

@@ -8,7 +8,7 @@
 #include "dialogs/FLogWindow.h"
 #include "dialogs/FTimer.h"
 #include "support/Clock.h"
-#include "support/Registry.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -37,9 +37,7 @@ void logLines(std::initializer_list<const wchar_t*> lines) {
 void waitForAddIn() {
     constexpr DWORD kStepMilliseconds = 200;
     for (int counter = 200;; --counter) {
-        const std::wstring inProgress =
-            RegReadString(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"SynchroInProgress");
-        if (inProgress != L"1" || counter < 1) return;
+        if (readSetting(settings::kSynchroInProgress) != L"1" || counter < 1) return;
         driver().sleep(kStepMilliseconds);
     }
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dialogs/cfolder.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -17,12 +18,6 @@ inline constexpr size_t kMostStoredFolders = 16;
 
 /// No more stores are searched than this.
 inline constexpr long kMostStores = 100;
-
-struct StoredFolder {
-    std::wstring entryId;
-    std::wstring storeId;
-    bool selected = false;
-};
 
 /// The selection as it was saved, or none.
 struct StoredSelection {

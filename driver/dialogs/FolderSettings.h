@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "dialogs/FolderRules.h"
-#include "support/CRegSettings.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -19,15 +19,9 @@ class FolderSettings {
     void save(const std::vector<cfolder*>& folders, bool configChanged);
 
     /// The text that limits the number of stores searched.
-    std::wstring LimitPST() const { return settings_.GetSetting(L"", L"LimitPST"); }
+    std::wstring LimitPST() const { return getSetting(settings::kLimitPST); }
     /// How many stores the installation has counted.
     long InitPSTnumber() const;
-
-  private:
-    std::wstring stored(const wchar_t* name, size_t number) const;
-    void store(const wchar_t* name, size_t number, const std::wstring& value);
-
-    CRegSettings settings_{L"7316\\Popup"};
 };
 
 }  // namespace zelbar

@@ -6,22 +6,17 @@
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
 #include "export/ExportMapping.h"
-#include "support/CRegSettings.h"
+#include "support/Settings.h"
 #include "support/Text.h"
 
 namespace zelbar {
 
 namespace {
 
-constexpr wchar_t kFolderKey[] = L"TransfertFolder";
 constexpr wchar_t kMessageTitle[] = L"Tessaria Outlook 2000 driver.";
 
-CRegSettings exportSettings() {
-    return CRegSettings(L"7316\\Popup\\outlook98");
-}
-
 std::wstring configuredName() {
-    return CRegSettings(L"7316\\VEXPhone").GetSetting(L"Settings", L"zelbarExportFolder");
+    return getSetting(settings::kZelbarExportFolder);
 }
 
 /// One attempt to open the folder; what it says goes into the verdict over all attempts.
@@ -74,10 +69,9 @@ void rememberNew(const Object& folder) {
 LookUp GetExportFolder() {
     FLog& log = driver().log;
     log.trace(L"IN GetExportFolder");
-    const CRegSettings settings = exportSettings();
     // One of the ways in which settings are written makes a blank of an empty text.
-    const std::wstring entryId(trimmed(settings.GetSetting(kFolderKey, L"EntryId")));
-    const std::wstring storeId(trimmed(settings.GetSetting(kFolderKey, L"StoreId")));
+    const std::wstring entryId(trimmed(getSetting(settings::kExportEntryId)));
+    const std::wstring storeId(trimmed(getSetting(settings::kExportStoreId)));
     log.trace(L"EntryId ", entryId);
     log.trace(L"StoreId ", storeId);
     LookUp answer;
@@ -110,7 +104,7 @@ Object createExportFolder(const std::wstring& name) {
     const Object parent = state.outlook.GetNameSpace()
                               .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
                               .object(outlook::Parent);
-    exportSettings().SaveSetting(L"", L"IsNewWXDFolder", L"1");
+    saveSetting(settings::kIsNewWXDFolder, L"1");
     Object folder;
     try {
         folder =
@@ -131,9 +125,8 @@ Object createExportFolder(const std::wstring& name) {
 void storeExportFolder(const Object& folder) {
     const std::wstring entryId = folder.text(outlook::EntryID);
     const std::wstring storeId = folder.text(outlook::StoreID);
-    CRegSettings settings = exportSettings();
-    settings.SaveSetting(kFolderKey, L"EntryId", entryId);
-    settings.SaveSetting(kFolderKey, L"StoreId", storeId);
+    saveSetting(settings::kExportEntryId, entryId);
+    saveSetting(settings::kExportStoreId, storeId);
 }
 
 }  // namespace zelbar

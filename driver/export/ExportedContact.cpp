@@ -4,7 +4,7 @@
 #include "automation/OutlookFaults.h"
 #include "core/DriverState.h"
 #include "export/ExportRun.h"
-#include "support/CRegSettings.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -37,7 +37,7 @@ std::optional<std::wstring> readAddress(const Object& item, const Member& field,
 
 /// Nothing said is a yes here, unlike for the contacts that a search finds.
 bool AddressAccess::allowed() const {
-    return !refused_ && CRegSettings(L"7316").GetSetting(L"Popup", L"NoEmailAddressAccess", L"0") == L"0";
+    return !refused_ && getSetting(settings::kNoEmailAddressAccess, L"0") == L"0";
 }
 
 std::optional<ExportedContact> readExportedContact(const Object& item, AddressAccess& addresses) {

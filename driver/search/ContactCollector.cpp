@@ -1,7 +1,7 @@
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
 #include "search/cContactRecord.h"
-#include "support/Registry.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -77,7 +77,7 @@ Com<Collection> cContactRecord::ContactRecord_FillContactCollection(long searchK
             contacts->add(Variant(Com<IDispatch>(contact)));
             debugOutput(L"Contact No found is : " + std::to_wstring(contacts->count()));
         }
-        RegWriteString(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"NoEmailAddressAccess", L"0");
+        writeSetting(settings::kNoEmailAddressAccess, L"0");
     }
     logCollection(*contacts.get());
     return contacts;

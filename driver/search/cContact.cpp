@@ -7,7 +7,7 @@
 #include "core/DriverState.h"
 #include "search/ContactPicture.h"
 #include "search/TelephoneNumbers.h"
-#include "support/Registry.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -16,8 +16,7 @@ namespace {
 /// Outlook asks the user before it gives addresses away, so they are read only where the client has allowed
 /// it.
 bool mayReadAddresses() {
-    return RegReadString(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"NoEmailAddressAccess") ==
-           L"0";
+    return readSetting(settings::kNoEmailAddressAccess) == L"0";
 }
 
 /// An entry of a list, as the client shows it.

@@ -3,13 +3,13 @@
 #include "automation/Fault.h"
 #include "support/Module.h"
 #include "support/Registry.h"
+#include "support/SettingsTable.h"
 #include "support/Text.h"
 
 namespace zelbar {
 namespace {
 
 constexpr wchar_t kSoftware[] = L"Software";
-constexpr wchar_t kCompany[] = L"Norvane";
 /// The last of the predefined roots.
 constexpr std::uint32_t kLastRoot = 0x80000006;
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "support/Clock.h"
-#include "support/Registry.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
@@ -25,8 +25,7 @@ void FLog::load() noexcept {
 }
 
 void FLog::ReadLogMode() {
-    const std::wstring mode =
-        RegReadString(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"Developper");
+    const std::wstring mode = readSetting(settings::kDevelopper);
     if (mode == L"1") {
         logEnabled_ = true;
         logToFile_ = false;

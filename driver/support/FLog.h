@@ -53,8 +53,8 @@ class FLog {
 
     /// `Addlog` of all parts joined, built only while logging is on. Parts are texts, whole numbers, Booleans
     /// ("True", "False"), and callables that give one of them: what has to be asked of Outlook for a line
-    /// alone is asked by a callable, so that it is not asked while logging is off. A part that fails costs the
-    /// line and nothing else.
+    /// alone is asked by a callable, so that it is not asked while logging is off. A part that fails costs
+    /// the line and nothing else.
     template <class... Parts>
     void trace(const Parts&... parts) noexcept {
         if (!logEnabled_) return;

@@ -1,11 +1,12 @@
 #include "support/Module.h"
 
+#include "support/SettingsTable.h"
+
 #include <vector>
 
 namespace zelbar {
 namespace {
 
-constexpr wchar_t kCompany[] = L"Norvane";
 /// Longest path that Windows has.
 constexpr DWORD kLongestPath = 32768;
 

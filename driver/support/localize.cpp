@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "support/Registry.h"
+#include "support/Settings.h"
 #include "support/Text.h"
 
 namespace zelbar {
@@ -10,8 +10,7 @@ namespace zelbar {
 localize::localize(Module module, mLogError& errors) : module_(std::move(module)), errors_(errors) {}
 
 std::wstring localize::ReadLanguageChoice() const {
-    const std::wstring install = L"Software\\" + module_.company + L"\\7316\\Install";
-    const std::wstring table(trimmed(RegReadString(HKEY_LOCAL_MACHINE, install, L"LanguageChoice")));
+    const std::wstring table(trimmed(readSetting(settings::kLanguageChoice, module_.company)));
     return table.empty() ? kDefaultLanguageTable : table;
 }
 
@@ -35,8 +34,7 @@ std::int32_t localize::textResource() {
 }
 
 const Language* localize::userLanguage() {
-    const std::wstring settings = L"Software\\" + module_.company + L"\\7316\\VEXPhone\\Settings";
-    const std::int32_t index = leadingInteger(RegReadString(HKEY_CURRENT_USER, settings, L"lang"));
+    const std::int32_t index = leadingInteger(readSetting(settings::kLang, module_.company));
     if (!tableLoaded_) SplitLanguageChoice(ReadLanguageChoice());
     return languageAt(table_, index);
 }

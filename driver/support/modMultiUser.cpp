@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "support/KnownFolder.h"
-#include "support/Registry.h"
+#include "support/Settings.h"
 #include "support/Text.h"
 
 namespace zelbar {
@@ -11,8 +11,8 @@ namespace {
 
 constexpr wchar_t kProductFolderName[] = L"Norvane Tessaria";
 
-std::wstring setting(HKEY root, const std::wstring& path, const wchar_t* name) {
-    return std::wstring(trimmed(RegReadString(root, path, name)));
+std::wstring trimmedSetting(const Setting& setting, const std::wstring& company) {
+    return std::wstring(trimmed(readSetting(setting, company)));
 }
 
 bool exists(const std::wstring& path) {
@@ -66,11 +66,9 @@ const std::wstring& modMultiUser::DataPath() {
 }
 
 std::wstring modMultiUser::chosenFolder() {
-    const std::wstring client = L"Software\\" + module_.company + L"\\7316\\VEXPhone";
-    const std::wstring install = L"Software\\" + module_.company + L"\\7316\\Install";
-    const std::wstring userPath = setting(HKEY_CURRENT_USER, client, L"DataPath");
-    const std::wstring multiUser = setting(HKEY_LOCAL_MACHINE, install, L"MultiUser");
-    const std::wstring machinePath = setting(HKEY_LOCAL_MACHINE, install, L"DataPath");
+    const std::wstring userPath = trimmedSetting(settings::kUserDataPath, module_.company);
+    const std::wstring multiUser = trimmedSetting(settings::kMultiUser, module_.company);
+    const std::wstring machinePath = trimmedSetting(settings::kMachineDataPath, module_.company);
     if (!userPath.empty()) {
         isPerUserPath_ = true;
         return userPath;

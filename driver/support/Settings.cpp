@@ -1,0 +1,70 @@
+#include "support/Settings.h"
+
+#include "support/CRegSettings.h"
+#include "support/Registry.h"
+
+namespace zelbar {
+
+namespace {
+
+HKEY rootOf(const Setting& setting) {
+    return setting.root == Setting::Root::CurrentUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+}
+
+CRegSettings classOf(const Setting& setting) {
+    CRegSettings result(setting.application);
+    result.hKey(rootOf(setting));
+    return result;
+}
+
+std::wstring numbered(const Setting& setting, std::size_t number) {
+    return setting.name + std::to_wstring(number);
+}
+
+}  // namespace
+
+std::wstring keyOf(const Setting& setting, const std::wstring& company) {
+    std::wstring key = L"Software\\" + company + L"\\" + setting.application;
+    if (*setting.section) key += std::wstring(L"\\") + setting.section;
+    return key;
+}
+
+std::wstring readSetting(const Setting& setting, const std::wstring& company) {
+    return RegReadString(rootOf(setting), keyOf(setting, company), setting.name);
+}
+
+bool writeSetting(const Setting& setting, const std::wstring& value) {
+    return RegWriteString(rootOf(setting), keyOf(setting), setting.name, value);
+}
+
+std::wstring getSetting(const Setting& setting, const std::wstring& fallback) {
+    return classOf(setting).GetSetting(setting.section, setting.name, fallback);
+}
+
+std::wstring getSetting(const Setting& setting, std::size_t number) {
+    return classOf(setting).GetSetting(setting.section, numbered(setting, number));
+}
+
+bool saveSetting(const Setting& setting, const std::wstring& value) {
+    return classOf(setting).SaveSetting(setting.section, setting.name, value);
+}
+
+bool saveSetting(const Setting& setting, std::size_t number, const std::wstring& value) {
+    return classOf(setting).SaveSetting(setting.section, numbered(setting, number), value);
+}
+
+bool deleteSection(const Setting& setting) {
+    return classOf(setting).DeleteSetting(setting.section, L"");
+}
+
+std::vector<StoredFolder> storedFolders() {
+    std::vector<StoredFolder> result;
+    for (std::size_t number = 1;; ++number) {
+        std::wstring entryId = getSetting(settings::kEntryId, number);
+        if (entryId.empty()) return result;
+        result.push_back({std::move(entryId), getSetting(settings::kStoreId, number),
+                          getSetting(settings::kSelectId, number) != L"0"});
+    }
+}
+
+}  // namespace zelbar
