@@ -16,6 +16,9 @@ namespace {
 constexpr const wchar_t* kMissingOperator = L"Syntax error (missing operator)";
 constexpr const wchar_t* kSyntaxError = L"Syntax error";
 constexpr int kGreatestDepth = 100;
+constexpr long kLastAscii = 127;
+constexpr wchar_t kBar = L'|';
+constexpr std::size_t kNowhere = std::wstring::npos;
 
 Yield yieldOf(JetType type) {
     if (isText(type)) return Yield::text;
@@ -113,7 +116,8 @@ Expression ExpressionTranslator::comparison() {
 
 Expression ExpressionTranslator::like(const Expression& left, bool negated) {
     const Token pattern = reader_.peek();
-    const bool isLiteral = pattern.kind == TokenKind::text && !reader_.isSymbol(L"&", 1);
+    const bool isLiteral =
+        pattern.kind == TokenKind::text && !reader_.isSymbol(L"&", 1) && pattern.text.find(kBar) == kNowhere;
     const Expression right = sum();
     const std::wstring match = L"jet_like(" + right.sql + L", " + left.sql + L")";
     if (!isLiteral) return {negate(match, negated), Yield::number};
@@ -219,7 +223,8 @@ Expression ExpressionTranslator::primary() {
     const bool isName =
         token.kind == TokenKind::bracketed || (token.kind == TokenKind::word && !isReserved(token.text));
     if (!isName) return literal();
-    return reader_.isSymbol(L"(", 1) ? aggregate() : column();
+    if (!reader_.isSymbol(L"(", 1)) return column();
+    return sameText(token.text, L"CHR") ? character() : aggregate();
 }
 
 Expression ExpressionTranslator::literal() {
@@ -234,12 +239,8 @@ Expression ExpressionTranslator::literal() {
         return {reader_.bind(whole ? Cell(static_cast<std::int64_t>(number)) : Cell(number)), Yield::number};
     }
     if (token.kind == TokenKind::text) {
-        // Jet looks for names between vertical bars even inside a literal.
-        const auto bars = std::count(token.text.begin(), token.text.end(), L'|');
-        if (bars % 2 != 0) fail(L"Invalid use of vertical bars");
-        for (auto bar = bars; bar > 0; bar -= 2) reader_.addUnknown(token.text + std::to_wstring(bar));
         reader_.next();
-        return {reader_.bind(token.text), Yield::text};
+        return {textWithNames(token.text), Yield::text};
     }
     if (token.kind == TokenKind::date) {
         bool valid = false;
@@ -254,6 +255,30 @@ Expression ExpressionTranslator::literal() {
         return {isWord(L"TRUE") ? L"-1" : L"0", Yield::number};
     }
     fail(token.kind == TokenKind::end || token.kind == TokenKind::word ? kMissingOperator : kSyntaxError);
+}
+
+std::wstring ExpressionTranslator::textWithNames(const std::wstring& text) {
+    std::wstring sql;
+    std::size_t begin = 0;
+    for (;;) {
+        const std::size_t bar = text.find(kBar, begin);
+        sql += reader_.bind(text.substr(begin, bar - begin));
+        if (bar == kNowhere) return L"(" + sql + L")";
+        const std::size_t close = text.find(kBar, bar + 1);
+        if (close == kNowhere || close == bar + 1) fail(L"Invalid use of vertical bars");
+        sql += L" || ifnull(" + find({}, text.substr(bar + 1, close - bar - 1)).sql + L", '') || ";
+        begin = close + 1;
+    }
+}
+
+Expression ExpressionTranslator::character() {
+    reader_.next();
+    reader_.next();
+    const Token code = reader_.next();
+    const long number = code.kind == TokenKind::number ? std::wcstol(code.text.c_str(), nullptr, 10) : -1;
+    if (number < 0 || number > kLastAscii) fail(L"Invalid procedure call");
+    if (!reader_.acceptSymbol(L")")) fail(kMissingOperator);
+    return {reader_.bind(std::wstring(1, static_cast<wchar_t>(number))), Yield::text};
 }
 
 Expression ExpressionTranslator::aggregate() {

@@ -53,6 +53,10 @@ class ExpressionTranslator {
     Expression list(const Expression& left, bool negated);
     Expression nullTest(const Expression& left);
     Expression literal();
+    /// Inside a literal a name between vertical bars stands for the value of that column.
+    std::wstring textWithNames(const std::wstring& text);
+    /// Chr(code), for ASCII.
+    Expression character();
     Expression aggregate();
     Expression find(const std::wstring& table, const std::wstring& name);
     void checkComparable(const Expression& left, const Expression& right) const;

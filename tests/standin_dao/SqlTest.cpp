@@ -46,6 +46,13 @@ TEST_F(SqlTest, SelectsByCondition) {
     EXPECT_EQ(column(query(L"Select Name From TCache Where Name Like 'z' & '*'"), L"Name"), L"Zed ");
 }
 
+TEST_F(SqlTest, BarsInALiteralEncloseAColumnUnlessTheyAreBuiltByCode) {
+    makeCache({L"a|Name|b", L"Zed", L"a|x"});
+    EXPECT_EQ(names(L"Name Like \"|name|\""), L"a|Name|b a|x Zed ");
+    EXPECT_EQ(names(L"'x' & Name & 'y' = \"x|Name|y\""), L"a|Name|b a|x Zed ");
+    EXPECT_EQ(names(L"Name Like \"a\" & Chr(124) & \"Name\" & Chr(124) & \"*\""), L"a|Name|b ");
+}
+
 TEST_F(SqlTest, RowsThatSortAlikeKeepTheirOrder) {
     makeCache({L"b", L"a", L"B", L"A", L"b"});
     EXPECT_EQ(column(query(L"Select * From TCache Order By Name"), L"PhoneNumber"),
@@ -102,7 +109,9 @@ TEST_F(SqlTest, RefusesWhatJetRefuses) {
         {L"Select * From TCache Where Name Like \"x\"y\" Order By Name", 3075},
         {L"Select * From TCache Where Name Like \"a[b\"", 3075},
         {L"Select * From TCache Where Name Like \"a|b\"", 3075},
-        {L"Select * From TCache Where Name Like \"|Name|\"", 3061},
+        {L"Select * From TCache Where Name Like \"||\"", 3075},
+        {L"Select * From TCache Where Name Like \"|Nickname|\"", 3061},
+        {L"Select * From TCache Where Name = Chr(\"x\")", 3075},
         {L"Select * From Employees Where EmployeeId = ", 3075},
         {L"Select * From Employees Where EmployeeId = 5 5", 3075},
         {L"Select * From Employees Where EmployeeId = (5", 3075},
