@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "automation/Attempts.h"
+#include "automation/DaoEngine.h"
 #include "automation/DaoNames.h"
 #include "automation/Fault.h"
 #include "filler/Failure.h"
@@ -30,13 +31,11 @@ std::wstring unfinishedPath(const std::wstring& path) {
 }
 
 Object createEngine(zelbar::Gateway& gateway) {
-    zelbar::Attempts attempt;
-    Object engine;
-    for (const wchar_t* progId : dao::kEngineProgIds) {
-        const auto create = [&] { return gateway.create(zelbar::Server::Dao, progId, dao::kEngine); };
-        if (attempt.into(engine, create)) return engine;
+    try {
+        return dao::createEngine(gateway);
+    } catch (const zelbar::Fault& fault) {
+        throw Failure{L"No DAO engine can be used to write the cache: " + fault.description};
     }
-    throw Failure{L"No DAO engine can be used to write the cache: " + attempt.last().description};
 }
 
 }  // namespace

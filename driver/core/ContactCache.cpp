@@ -2,29 +2,14 @@
 
 #include <windows.h>
 
-#include <iterator>
 #include <utility>
 
+#include "automation/DaoEngine.h"
 #include "automation/DaoNames.h"
 #include "automation/Fault.h"
 #include "support/Handle.h"
 
 namespace zelbar {
-
-namespace {
-
-/// The newest engine that answers. Throws the last one's fault when none does.
-Object createEngine(Gateway& gateway) {
-    for (size_t i = 0;; ++i) {
-        try {
-            return gateway.create(Server::Dao, dao::kEngineProgIds[i], dao::kEngine);
-        } catch (const Fault&) {
-            if (i + 1 == std::size(dao::kEngineProgIds)) throw;
-        }
-    }
-}
-
-}  // namespace
 
 std::wstring columnText(const Object& recordset, const wchar_t* column) {
     return recordset.object(dao::FieldNamed, column).text(dao::Value);
@@ -41,7 +26,7 @@ bool ContactCache::fileExists() const {
 }
 
 void ContactCache::openWorkspace() {
-    workspace_ = createEngine(gateway_).object(dao::CreateWorkspace, L"", L"admin", L"", dao::kUseJet);
+    workspace_ = dao::createEngine(gateway_).object(dao::CreateWorkspace, L"", L"admin", L"", dao::kUseJet);
 }
 
 Object ContactCache::openOther(const std::wstring& path) const {

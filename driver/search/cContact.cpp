@@ -6,8 +6,8 @@
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
 #include "search/ContactPicture.h"
-#include "search/TelephoneNumbers.h"
 #include "support/Settings.h"
+#include "support/TelephoneNumbers.h"
 
 namespace zelbar {
 

@@ -1,7 +1,7 @@
 #include "automation/Bstr.h"
 #include "automation/Object.h"
 #include "automation/OutlookNames.h"
-#include "search/TelephoneNumbers.h"
+#include "support/TelephoneNumbers.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
