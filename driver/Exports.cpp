@@ -25,42 +25,51 @@ HRESULT guarded(Work&& work) noexcept {
     }
 }
 
+bool isInUse() {
+    const ModuleState& state = moduleState();
+    return state.liveObjects != 0 || state.locks != 0;
+}
+
 }  // namespace
+
+// How long the module lives. One that is only registered comes and goes. Once it has handed out a class
+// object it stays in the process: its thread library loses a slot of the process at each unloading, and COM
+// unmaps at its own end even what still has windows. So nothing is left to do when the module is unmapped,
+// under the loader's lock, where no object of others may be released; there is no DllMain. What a client has
+// always had from unloading and loading again, a driver that starts afresh, it gets whenever DllCanUnloadNow
+// says S_OK: by then the driver's state is gone.
 
 extern "C" {
 
-/// Closes the log when the module alone goes. When the whole process ends, nothing is touched any more.
-BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* processEnds) noexcept {
-    if (reason == DLL_PROCESS_DETACH && !processEnds) resetDriver();
-    return TRUE;
-}
-
-STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) noexcept {
+STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
     if (!result) return E_POINTER;
     *result = nullptr;
     if (classId != CLSID_cDataConnector) return CLASS_E_CLASSNOTAVAILABLE;
     return guarded([&] {
+        HMODULE pinned = nullptr;
+        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                           reinterpret_cast<LPCWSTR>(&DllGetClassObject), &pinned);
         return makeClassFactory([] { return Com<IUnknown>(makeObject<zelbar::cDataConnector>()); })
             ->QueryInterface(id, result);
     });
 }
 
-STDAPI DllCanUnloadNow() noexcept {
-    const ModuleState& state = moduleState();
-    if (state.liveObjects != 0 || state.locks != 0) return S_FALSE;
-    // A cursor that outlived the entry object may have connected anew; nothing of Outlook may be left behind
-    // when the module goes.
+STDAPI DllCanUnloadNow() {
     return guarded([] {
-        releaseOutlook();
-        return S_OK;
+        // The driver keeps what a search gave out last; nobody else may have it any more.
+        releaseFoundContacts();
+        if (isInUse()) return S_FALSE;
+        // Letting Outlook go serves messages, so a client may have asked for a driver again by the end.
+        resetDriver();
+        return isInUse() ? S_FALSE : S_OK;
     });
 }
 
-STDAPI DllRegisterServer() noexcept {
+STDAPI DllRegisterServer() {
     return guarded([] { return registerServer(dataConnector()); });
 }
 
-STDAPI DllUnregisterServer() noexcept {
+STDAPI DllUnregisterServer() {
     return guarded([] { return unregisterServer(dataConnector()); });
 }
 

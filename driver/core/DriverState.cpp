@@ -9,8 +9,7 @@ namespace zelbar {
 namespace {
 
 /// Not destroyed with the module's statics: when a client's process ends without having released the driver,
-/// the servers behind the references that are left may be gone already. An unloading module resets it
-/// instead.
+/// the servers behind the references that are left may be gone already.
 std::unique_ptr<DriverState>& holder() {
     static auto& state = *new std::unique_ptr<DriverState>;
     return state;
@@ -29,8 +28,8 @@ DriverState& driver() {
     return *state;
 }
 
-void releaseOutlook() {
-    if (const auto& state = holder()) state->outlook.release();
+void releaseFoundContacts() {
+    if (const auto& state = holder()) state->contacts = {};
 }
 
 void resetDriver() {

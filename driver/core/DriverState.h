@@ -19,9 +19,9 @@
 
 namespace zelbar {
 
-/// All that the driver's classes share: one set per process. It is made by the first use and lasts until the
-/// module goes (the log, the data folder and the language are decided once); what it holds of Outlook and DAO
-/// is opened by the entry object's start-up and closed by its shut-down.
+/// All that the driver's classes share: one set per process. It is made by the first use and lasts until
+/// no client needs the module (the log, the data folder and the language are decided once); what it holds of
+/// Outlook and DAO is opened by the entry object's start-up and closed by its shut-down.
 struct DriverState {
     Module module = thisModule();
     FLog log{module};
@@ -56,10 +56,10 @@ struct DriverState {
 /// The driver's state; made when it is first asked for.
 DriverState& driver();
 
-/// Drops the shared references to Outlook, if there is a state that could hold any.
-void releaseOutlook();
+/// Drops what the last `FillContactCollection` gave out, if there is a state that could hold it.
+void releaseFoundContacts();
 
-/// Throws the state away, so that the next use makes a new one: when the module is unloaded, and between
+/// Throws the state away, so that the next use makes a new one: when no client needs the module, and between
 /// tests.
 void resetDriver();
 

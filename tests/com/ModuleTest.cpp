@@ -1,0 +1,173 @@
+#include <PIMDriverAbstract.h>
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "automation/Bstr.h"
+#include "automation/Com.h"
+#include "standin/dao/Host.h"
+#include "standin/outlook/host/Host.h"
+#include "tests/harness/Files.h"
+#include "tests/harness/Process.h"
+#include "tests/harness/RegistrySandbox.h"
+
+/// The DLLs as they ship, in the process of a client.
+namespace zelbar {
+namespace {
+
+constexpr wchar_t kDriver[] = L"zelbar00.dll";
+constexpr wchar_t kDao[] = L"dao_standin.dll";
+
+/// A library of ours, loaded as long as this lives.
+class Library {
+  public:
+    explicit Library(const wchar_t* name)
+        : handle_(LoadLibraryW((harness::programFolder() + L"\\" + name).c_str())) {}
+    ~Library() { FreeLibrary(handle_); }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+
+    template <class Function>
+    Function* exported(const char* name) const {
+        return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(handle_, name)));
+    }
+    HRESULT canUnload() const { return exported<HRESULT WINAPI()>("DllCanUnloadNow")(); }
+    template <class Interface>
+    Com<Interface> create(const CLSID& id) const {
+        Com<IClassFactory> factory;
+        exported<HRESULT WINAPI(REFCLSID, REFIID, void**)>("DllGetClassObject")(
+            id, __uuidof(IClassFactory), reinterpret_cast<void**>(factory.put()));
+        Com<Interface> result;
+        factory->CreateInstance(nullptr, __uuidof(Interface), reinterpret_cast<void**>(result.put()));
+        return result;
+    }
+
+  private:
+    HMODULE handle_;
+};
+
+bool isLoaded(const wchar_t* name) {
+    return GetModuleHandleW(name) != nullptr;
+}
+
+/// The driver while nothing can be created, and an engine that is asked for a file that is not there: both
+/// throw.
+bool survivesExceptions() {
+    const Library driver(kDriver), dao(kDao);
+    const auto connector = driver.create<::DataConnector>(CLSID_cDataConnector);
+    const auto engine = dao.create<IDispatch>(standin::dao::kEngineClass);
+    wchar_t name[] = L"OpenDatabase";
+    LPOLESTR names[] = {name};
+    DISPID member = 0;
+    engine->GetIDsOfNames(IID_NULL, names, 1, 0, &member);
+    VARIANT file{};
+    const Bstr text(L"C:\\nowhere\\none.mdb");
+    file.vt = VT_BSTR;
+    file.bstrVal = text.get();
+    DISPPARAMS arguments{&file, nullptr, 1, 0};
+    return connector && engine->Invoke(member, IID_NULL, 0, DISPATCH_METHOD, &arguments, nullptr, nullptr,
+                                       nullptr) == DISP_E_EXCEPTION;
+}
+
+enum class Order { ForeignFirst, OursFirst };
+
+/// Ends the process with 0 when our libraries still catch what they throw beside another compiler's library.
+[[noreturn]] void liveBesideAnotherLibgcc(Order order) {
+    CoUninitialize();
+    const auto loadForeign = [] {
+        LoadLibraryW(FOREIGN_RUNTIME_THREADS);
+        if (!LoadLibraryW(FOREIGN_RUNTIME)) TerminateProcess(GetCurrentProcess(), 10);
+    };
+    bool good = true;
+    if (order == Order::ForeignFirst) loadForeign();
+    // Nobody has asked for a class object yet, so both go again and give back what they have registered.
+    { const Library driver(kDriver), dao(kDao); }
+    good = good && !isLoaded(kDriver) && !isLoaded(kDao);
+    if (order == Order::OursFirst) {
+        good = survivesExceptions() && good;
+        loadForeign();
+    }
+    good = survivesExceptions() && good;
+    ExitProcess(good ? 0 : 11);
+}
+
+TEST(UnwindingDeathTest, AnotherModulesLibgccDoesNotMatter) {
+    const harness::RegistrySandbox registry;
+    for (const Order order : {Order::ForeignFirst, Order::OursFirst})
+        EXPECT_EXIT(liveBesideAnotherLibgcc(order), testing::ExitedWithCode(0), "");
+}
+
+/// The driver between an Outlook and a DAO of this process, as a client has it that asks whether it may go.
+struct LifetimeTest : testing::Test {
+    harness::TemporaryFolder folder;
+    harness::RegistrySandbox registry;
+    standin::outlook::Host outlook{folder.file(L"mailbox.db")};
+    standin::dao::Host dao;
+    Library driver{kDriver};
+
+    LifetimeTest() {
+        registry.useProfile(folder);
+        dataFolder(L"first");
+    }
+    void dataFolder(const std::wstring& name) {
+        registry.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\VEXPhone", L"DataPath",
+                     folder.makeFolder(name));
+    }
+    Com<::DataConnector> create() { return driver.create<::DataConnector>(CLSID_cDataConnector); }
+};
+
+TEST_F(LifetimeTest, ItStaysButForgetsWhatItKnew) {
+    create();
+    EXPECT_EQ(driver.canUnload(), S_OK);
+    FreeLibrary(GetModuleHandleW(kDriver));
+    ASSERT_TRUE(isLoaded(kDriver)) << "its thread library would leak a slot at each unloading";
+    const std::wstring second = folder.file(L"second");
+    registry.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\VEXPhone", L"DataPath", second);
+    create();
+    EXPECT_TRUE(harness::exists(second)) << "a fresh driver chooses its data folder anew";
+    RemoveDirectoryW(second.c_str());
+    EXPECT_EQ(driver.canUnload(), S_OK);
+}
+
+TEST_F(LifetimeTest, WhatIsMadeWithoutTheEntryObjectDoesNotKeepIt) {
+    Com<::ContactRecord> cursor;
+    create()->OpenContactRecord(cursor.put());
+    Com<IDispatch> found;
+    long byName = 1;
+    EXPECT_EQ(cursor->FillContactCollection(&byName, Bstr(L"A*").get(), found.put()), S_OK);
+    EXPECT_TRUE(found);
+    found.reset();
+    EXPECT_EQ(driver.canUnload(), S_FALSE);
+    cursor.reset();
+    EXPECT_EQ(driver.canUnload(), S_OK);
+}
+
+TEST_F(LifetimeTest, ADriverMadeWhileOutlookIsLetGoKeepsIt) {
+    using standin::outlook::SpecialFolder;
+    auto& mailbox = outlook.mailbox();
+    const auto item =
+        mailbox.addContact(mailbox.specialFolder(SpecialFolder::Contacts).id, {{L"LastName", L"Byron"}});
+    Com<::Contact> contact;
+    create()->GetContactByContactID(Bstr(mailbox.entryId(item)).get(), contact.put());
+    Com<IDispatch> numbers;
+    ASSERT_EQ(contact->get_PhoneNumbers(numbers.put()), S_OK);
+    numbers.reset();
+    contact.reset();
+    ASSERT_GT(outlook.server().liveObjects(), 0) << "asked for anew after the entry object had gone";
+    Com<::DataConnector> made;
+    bool letGo = false;
+    outlook.onIdle([&] {
+        if (!std::exchange(letGo, true)) made = create();
+    });
+    EXPECT_EQ(driver.canUnload(), S_FALSE);
+    ASSERT_TRUE(made);
+    VARIANT_BOOL installed = VARIANT_FALSE;
+    EXPECT_EQ(made->get_PIMInstalled(&installed), S_OK);
+    EXPECT_TRUE(installed);
+    outlook.onIdle({});
+    made.reset();
+    EXPECT_EQ(driver.canUnload(), S_OK);
+}
+
+}  // namespace
+}  // namespace zelbar
