@@ -14,10 +14,11 @@ WINE=$TOOLS/wine/wine32
 WINESERVER=$TOOLS/wine/wineserver32
 
 # wine_quiet COMMAND...: a small Windows command of our own, its output kept in a file: background
-# processes that Wine starts would hold a pipe open (and a lock, which is why 9 is closed).
-wine_quiet() {
-    timeout -k 5 120 "$WINE" "$@" </dev/null >"$PREFIX/setup.log" 2>&1 9>&-
-}
+# processes that Wine starts would hold a pipe open (and a lock, which is why 9 is closed). It runs in the
+# prefix: Wine would take a program that lies in the caller's folder before its own of that name.
+wine_quiet() (
+    cd "$PREFIX" && timeout -k 5 120 "$WINE" "$@" </dev/null >"$PREFIX/setup.log" 2>&1 9>&-
+)
 
 # prefix_ready: makes the prefix on first use, and gives it our settings when those are new. Several callers
 # at once wait for the one who does it.
