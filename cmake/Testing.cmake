@@ -35,6 +35,8 @@ file(GLOB_RECURSE our_sources CONFIGURE_DEPENDS
     tests/*.h tests/*.cpp fuzz/*.h fuzz/*.cpp benchmark/*.h benchmark/*.cpp docs/*.cpp)
 add_test(NAME formatting COMMAND clang-format --dry-run -Werror ${our_sources})
 
+add_test(NAME shell-scripts COMMAND "${PROJECT_SOURCE_DIR}/scripts/lint-shell")
+
 # driver_test(<name> SOURCES ...): a test program that is a driver of its own, resources included.
 function(driver_test name)
     zelbar_test(${name} ${ARGN} LIBS driver_fixture com_resources driver_resources REGISTERED)
