@@ -35,6 +35,7 @@ file(GLOB_RECURSE our_sources CONFIGURE_DEPENDS
     tests/*.h tests/*.cpp fuzz/*.h fuzz/*.cpp benchmark/*.h benchmark/*.cpp docs/*.cpp)
 add_test(NAME formatting COMMAND clang-format --dry-run -Werror ${our_sources})
 
+add_test(NAME includes COMMAND "${PROJECT_SOURCE_DIR}/scripts/check-includes")
 add_test(NAME shell-scripts COMMAND "${PROJECT_SOURCE_DIR}/scripts/lint-shell")
 
 # driver_test(<name> SOURCES ...): a test program that is a driver of its own, resources included.
