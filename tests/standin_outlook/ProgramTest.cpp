@@ -100,7 +100,8 @@ TEST_F(Program, QuitsUnderTheClientAndStartsAnew) {
 
 TEST_F(Program, CommandsWorkOnTheFile) {
     harness::writeFile(folder.file(L"book.vcf"),
-                       "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Byron;Ada\r\nTEL;TYPE=work:+44 1\r\nEND:VCARD\r\n"
+                       "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Byron;Ada\r\nORG:\x1B[2J\xE2\x80\xAE\r\n?\r\n"
+                       "TEL;TYPE=work:+44 1\r\nEND:VCARD\r\n"
                        "BEGIN:VCARD\r\nVERSION:3.0\r\nN:M\xC3\xBCller;J\r\nTEL;TYPE=home:+49 2\r\nTEL:+44 "
                        "1\r\nEND:VCARD\r\n");
     harness::writeFile(folder.file(L"bad.vcf"), "nothing");
@@ -108,12 +109,13 @@ TEST_F(Program, CommandsWorkOnTheFile) {
     EXPECT_EQ(run(L"import --store Archive --folder \"People\\Old friends\" " + path(L"book.vcf")), 0U)
         << output;
     EXPECT_NE(output.find("2 contacts into Archive\\People\\Old friends"), std::string::npos) << output;
+    EXPECT_NE(output.find("1 detail left out\n    Byron, Ada: line 5: "), std::string::npos) << output;
     EXPECT_EQ(run(L"numbers"), 0U);
     EXPECT_EQ(output, "+44 1\n+49 2\n");
     EXPECT_EQ(run(L"list"), 0U);
-    EXPECT_NE(
-        output.find("    Old friends (2)\n      Byron, Ada\n          BusinessTelephoneNumber: +44 1\n"),
-        std::string::npos)
+    EXPECT_NE(output.find("    Old friends (2)\n      Byron, Ada, \uFFFD[2J\uFFFD\n          "
+                          "BusinessTelephoneNumber: +44 1\n"),
+              std::string::npos)
         << output;
     EXPECT_EQ(run(L"delete --name \"M\u00FCller, J\""), 0U) << output;
     EXPECT_EQ(run(L"delete --name \"M\u00FCller, J\""), 1U);

@@ -48,6 +48,10 @@ void walkStores(Mailbox& mailbox, const FolderVisitor& onFolder, const ItemVisit
         walk(mailbox, *mailbox.folder(store.root), 0, onFolder, onItem);
 }
 
+std::wstring counted(int count, const wchar_t* noun) {
+    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
+}
+
 int importBooks(Mailbox& mailbox, Words words) {
     std::wstring storeName;
     std::wstring path;
@@ -68,9 +72,13 @@ int importBooks(Mailbox& mailbox, Words words) {
     int failures = 0;
     for (const std::wstring& file : words) {
         try {
-            const int count = vcard::importFile(mailbox, folder.id, file);
-            printLine(file + L": " + std::to_wstring(count) + (count == 1 ? L" contact" : L" contacts") +
-                      L" into " + store.name + L"\\" + (path.empty() ? folder.name : path));
+            const vcard::ImportReport report = vcard::importFile(mailbox, folder.id, file);
+            printLine(file + L": " + counted(report.contacts, L"contact") + L" into " + store.name + L"\\" +
+                      (path.empty() ? folder.name : path));
+            if (report.leftOut.empty()) continue;
+            printError(file + L": " + counted(static_cast<int>(report.leftOut.size()), L"detail") +
+                       L" left out");
+            for (const std::wstring& what : report.leftOut) printError(L"    " + what);
         } catch (const std::exception& error) {
             ++failures;
             printError(file + L": " + fromUtf8(error.what()));
@@ -174,12 +182,13 @@ int dispatch(const std::wstring& name, Words words) {
     throw UsageError{L"unknown command " + name};
 }
 
-constexpr wchar_t kHelp[] =
-    L"usage: outlook_standin                     start as a user does, with a window\n"
-    L"       outlook_standin /regserver | /unregserver\n"
-    L"       outlook_standin import [--store NAME] [--folder PATH] FILE.vcf...\n"
-    L"       outlook_standin delete --name TEXT\n"
-    L"       outlook_standin numbers | list | quit";
+constexpr const wchar_t* kHelp[] = {
+    L"usage: outlook_standin                     start as a user does, with a window",
+    L"       outlook_standin /regserver | /unregserver",
+    L"       outlook_standin import [--store NAME] [--folder PATH] FILE.vcf...",
+    L"       outlook_standin delete --name TEXT",
+    L"       outlook_standin numbers | list | quit",
+};
 
 }  // namespace
 
@@ -187,7 +196,8 @@ int runCommand(const std::vector<std::wstring>& arguments) {
     try {
         return dispatch(arguments.front(), Words(arguments).subspan(1));
     } catch (const UsageError& error) {
-        printError(error.text + L"\n" + kHelp);
+        printError(error.text);
+        for (const wchar_t* line : kHelp) printError(line);
         return kUsage;
     } catch (const std::exception& error) {
         printError(fromUtf8(error.what()));

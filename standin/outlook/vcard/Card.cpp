@@ -48,8 +48,10 @@ class LineReader {
     // A line that can only be the rest of a long base64 value.
     bool isBareBase64() const {
         if (position_ >= text_.size() || text_[position_] == '\n') return false;
-        const std::size_t end = text_.find_first_of("\n:;", position_);
-        return end == std::string::npos || text_[end] == '\n';
+        const std::size_t end = std::min(text_.find_first_of("\n:;", position_), text_.size() - 1);
+        const bool isNameOfFoldedLine =
+            end + 1 < text_.size() && (text_[end + 1] == ' ' || text_[end + 1] == '\t');
+        return (text_[end] == '\n' && !isNameOfFoldedLine) || end + 1 == text_.size();
     }
 
   private:
@@ -58,11 +60,16 @@ class LineReader {
     int number_ = 0;
 };
 
-void addParameter(Property& property, std::string parameter) {
+std::string withoutBlanks(std::string text) {
+    std::erase_if(text, [](char c) { return c == ' ' || c == '\t'; });
+    return text;
+}
+
+void addParameter(Property& property, const std::string& parameter) {
     const std::size_t equals = parameter.find('=');
     const std::string name = equals == std::string::npos ? "" : upper(parameter.substr(0, equals));
     std::string value = upper(equals == std::string::npos ? parameter : parameter.substr(equals + 1));
-    std::erase(value, '"');
+    std::erase_if(value, [](char c) { return c == '"' || c == '\\'; });
     if (value == "QUOTED-PRINTABLE")
         property.quotedPrintable = true;
     else if ((name == "ENCODING" && value == "B") || value == "BASE64")
@@ -80,30 +87,49 @@ void addParameter(Property& property, std::string parameter) {
 }
 
 // Name, parameters and the first line of the value; empty for a line that is no property.
-std::optional<Property> parseLine(const std::string& line) {
+std::optional<Property> parseLine(const std::string& line, bool obeysQuotes = true) {
     std::vector<std::string> head(1);
     bool quoted = false;
     std::size_t i = 0;
     for (; i < line.size() && (quoted || line[i] != ':'); ++i) {
-        if (line[i] == '"') quoted = !quoted;
+        if (line[i] == '"' && obeysQuotes) quoted = !quoted;
         if (line[i] == ';' && !quoted)
             head.emplace_back();
         else
             head.back() += line[i];
     }
+    // A quote that is never closed hides nothing.
+    if (i == line.size() && quoted) return parseLine(line, false);
     if (i == line.size()) return {};
+    for (std::string& part : head) part = withoutBlanks(std::move(part));
     Property property;
     const std::size_t dot = head.front().find('.');
     if (dot != std::string::npos) property.group = upper(head.front().substr(0, dot));
     property.name = upper(dot == std::string::npos ? head.front() : head.front().substr(dot + 1));
-    for (std::size_t p = 1; p < head.size(); ++p) addParameter(property, std::move(head[p]));
+    for (std::size_t p = 1; p < head.size(); ++p) addParameter(property, head[p]);
     property.value = line.substr(i + 1);
     return property;
 }
 
+// The same of a line that may be folded before its colon.
+std::optional<Property> readProperty(LineReader& reader, std::string line) {
+    std::optional<Property> property = parseLine(line);
+    while (!property && reader.isFolded()) {
+        line += reader.next()->substr(1);
+        property = parseLine(line);
+    }
+    return property;
+}
+
+bool hasSoftBreak(std::string& value) {
+    const std::size_t end = value.find_last_not_of(" \t");
+    if (end == std::string::npos || value[end] != '=') return false;
+    value.erase(end);
+    return true;
+}
+
 void readContinuation(LineReader& reader, Property& property, bool oldVersion) {
-    while (property.quotedPrintable && property.value.ends_with('=')) {
-        property.value.pop_back();
+    while (property.quotedPrintable && hasSoftBreak(property.value)) {
         std::optional<std::string> more = reader.next();
         if (!more) break;
         property.value += *more;
@@ -120,24 +146,40 @@ bool isMarker(const Property& property, const char* name) {
     return property.name == name && upper(property.value).find("VCARD") != std::string::npos;
 }
 
+// How many cards deeper the next line stands. Some programs begin an agent's card on the agent's own line.
+int depthChange(const Property& property) {
+    if (isMarker(property, "BEGIN")) return 1;
+    if (isMarker(property, "END")) return -1;
+    const std::string value = property.name == "AGENT" ? upper(property.value) : "";
+    return value.starts_with("BEGIN:VCARD") && value.find("END:VCARD") == std::string::npos ? 1 : 0;
+}
+
 // The rest of a card whose BEGIN has been read.
 Card readCard(LineReader& reader) {
     const int start = reader.number();
     Card card;
+    const auto note = [&](int line, const char* what) {
+        card.unread.push_back("line " + std::to_string(line) + ": " + what);
+    };
     int depth = 1;
     while (std::optional<std::string> line = reader.next()) {
-        std::optional<Property> property = parseLine(*line);
-        if (!property) continue;
+        const int number = reader.number();
+        const bool isEmpty = line->find_first_not_of(" \t") == std::string::npos;
+        std::optional<Property> property = readProperty(reader, std::move(*line));
+        if (!property) {
+            if (!isEmpty && depth == 1) note(number, "not a line of an address book");
+            continue;
+        }
         readContinuation(reader, *property, card.isOldVersion);
-        if (isMarker(*property, "BEGIN"))
-            ++depth;
-        else if (isMarker(*property, "END"))
-            --depth;
+        const int change = depthChange(*property);
+        depth += change;
+        if (depth == 0) return card;
+        if (change > 0 || isMarker(*property, "AGENT"))
+            note(number, "a card within the card");
         else if (property->name == "VERSION" && depth == 1)
             card.isOldVersion = property->value.starts_with("2");
-        else if (depth == 1)
+        else if (depth == 1 && change == 0)
             card.properties.push_back(std::move(*property));
-        if (depth == 0) return card;
     }
     throw Malformed("line " + std::to_string(start) + ": the card has no END:VCARD");
 }

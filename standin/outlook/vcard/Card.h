@@ -39,6 +39,8 @@ struct Card {
     // Version 2.1 knows fewer escapes.
     bool isOldVersion = false;
     std::vector<Property> properties;
+    // What could not be read, each with its line in the file.
+    std::vector<std::string> unread;
 
     const Property* find(std::string_view name) const;
     // Whole value as text.
@@ -47,8 +49,8 @@ struct Card {
     std::vector<std::wstring> parts(const Property& property) const;
 };
 
-// All cards of a file, versions 2.1 and 3.0, UTF-8, UTF-16 with byte order mark or 8-bit.
-// Cards nested in a card are skipped, as are lines that are no properties.
+// All cards of a file, versions 2.1 to 4.0, UTF-8, UTF-16 with byte order mark or 8-bit.
+// Cards nested in a card are passed over, as are lines that are no properties; the card tells of both.
 // Throws Malformed when there is no card or one does not end.
 std::vector<Card> parseCards(std::string bytes);
 

@@ -56,12 +56,15 @@ void setNames(const Card& card, Fields& fields) {
     if (company == fields.end() || company->second != shown) setFullName(fields, shown);
 }
 
-void setEmails(const Card& card, Fields& fields) {
+void setEmails(const Card& card, ImportedContact& contact) {
     int slot = 1;
     for (const Property& property : card.properties) {
         const std::wstring address = property.name == "EMAIL" ? trimmed(card.text(property)) : L"";
-        if (address.empty() || property.has("X400") || slot > 3) continue;
-        fields[L"Email" + std::to_wstring(slot++) + L"Address"] = address;
+        if (address.empty() || property.has("X400") || property.has("TLX")) continue;
+        if (slot > 3)
+            contact.leftOut.push_back(L"no place for " + address);
+        else
+            contact.fields[L"Email" + std::to_wstring(slot++) + L"Address"] = address;
     }
 }
 
@@ -111,15 +114,21 @@ ImportedContact contactFrom(const Card& card) {
     ImportedContact contact;
     Fields& fields = contact.fields;
     setNames(card, fields);
-    placeTelephones(card, fields);
-    setEmails(card, fields);
+    for (const std::string& line : card.unread) contact.leftOut.push_back(fromUtf8(line));
+    for (const std::wstring& number : placeTelephones(card, fields))
+        contact.leftOut.push_back(L"no place for " + number);
+    setEmails(card, contact);
     setAddresses(card, fields);
     setBirthday(card, fields);
     for (const SimpleField& simple : kSimpleFields) {
         if (const Property* property = card.find(simple.property))
             set(fields, simple.field, card.text(*property));
     }
-    contact.picture = pictureOf(card);
+    try {
+        contact.picture = pictureOf(card);
+    } catch (const Malformed& error) {
+        contact.leftOut.push_back(fromUtf8(error.what()));
+    }
     return contact;
 }
 

@@ -5,7 +5,7 @@
 
 namespace standin::outlook::vcard {
 
-// Puts a card's numbers into the telephone fields.
-void placeTelephones(const Card& card, Fields& fields);
+// Puts a card's numbers into the telephone fields. Returns those for which there is no place.
+std::vector<std::wstring> placeTelephones(const Card& card, Fields& fields);
 
 }  // namespace standin::outlook::vcard
