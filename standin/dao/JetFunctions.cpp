@@ -2,7 +2,10 @@
 
 #include <sqlite3.h>
 
+#include <cstdint>
+#include <cstring>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "standin/dao/DaoError.h"
@@ -18,9 +21,28 @@ std::wstring_view textOf(sqlite3_value* value) {
     return text ? std::wstring_view(text, bytes / sizeof(wchar_t)) : std::wstring_view();
 }
 
-std::wstring_view viewOf(const void* text, int bytes) {
-    return {static_cast<const wchar_t*>(text), static_cast<std::size_t>(bytes) / sizeof(wchar_t)};
-}
+/// A text that SQLite hands to a collation. It may begin at an odd address, inside a record.
+class CollatedText {
+  public:
+    CollatedText(const void* text, int bytes) {
+        const std::size_t size = static_cast<std::size_t>(bytes) / sizeof(wchar_t);
+        if (reinterpret_cast<std::uintptr_t>(text) % alignof(wchar_t) == 0) {
+            view_ = {static_cast<const wchar_t*>(text), size};
+        } else {
+            copy_.resize(size);
+            std::memcpy(copy_.data(), text, size * sizeof(wchar_t));
+            view_ = copy_;
+        }
+    }
+    CollatedText(const CollatedText&) = delete;
+    CollatedText& operator=(const CollatedText&) = delete;
+
+    std::wstring_view view() const { return view_; }
+
+  private:
+    std::wstring copy_;
+    std::wstring_view view_;
+};
 
 void like(sqlite3_context* context, int, sqlite3_value** arguments) noexcept {
     if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
@@ -51,11 +73,11 @@ void length(sqlite3_context* context, int, sqlite3_value** arguments) noexcept {
 }
 
 int sorted(void*, int leftBytes, const void* left, int rightBytes, const void* right) noexcept {
-    return compareSorted(viewOf(left, leftBytes), viewOf(right, rightBytes));
+    return compareSorted(CollatedText(left, leftBytes).view(), CollatedText(right, rightBytes).view());
 }
 
 int folded(void*, int leftBytes, const void* left, int rightBytes, const void* right) noexcept {
-    return compareFolded(viewOf(left, leftBytes), viewOf(right, rightBytes));
+    return compareFolded(CollatedText(left, leftBytes).view(), CollatedText(right, rightBytes).view());
 }
 
 }  // namespace
