@@ -19,9 +19,6 @@ struct ModuleState {
 
 ModuleState& moduleState();
 
-/// The handle of the DLL, or of the test program, that this code was linked into.
-HMODULE moduleHandle();
-
 /// Keeps the module loaded while it lives.
 class LiveObject {
   public:

@@ -7,6 +7,7 @@
 
 #include "automation/Com.h"
 #include "com/TypeLibrary.h"
+#include "module/OwnModule.h"
 
 namespace zelbar {
 

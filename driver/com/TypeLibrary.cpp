@@ -5,7 +5,7 @@
 #include <cstring>
 #include <map>
 
-#include "com/ModuleState.h"
+#include "module/OwnModule.h"
 
 namespace zelbar {
 
@@ -28,15 +28,6 @@ Descriptions& descriptions() {
 }
 
 }  // namespace
-
-std::wstring modulePath() {
-    std::wstring path(MAX_PATH, L'\0');
-    while (true) {
-        const DWORD length = GetModuleFileNameW(moduleHandle(), path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) return path.substr(0, length);
-        path.resize(path.size() * 2);
-    }
-}
 
 Com<ITypeLib> embeddedTypeLibrary() {
     auto& known = descriptions();

@@ -4,8 +4,6 @@
 
 #include <oaidl.h>
 
-#include <string>
-
 #include "automation/Com.h"
 
 namespace zelbar {
@@ -17,8 +15,5 @@ Com<ITypeLib> embeddedTypeLibrary();
 /// The description of one of its interfaces or classes; none when the library does not have it. Kept once
 /// read.
 Com<ITypeInfo> typeInfoOf(const GUID& id);
-
-/// The file of this module, as a full path.
-std::wstring modulePath();
 
 }  // namespace zelbar

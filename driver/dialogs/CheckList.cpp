@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "com/ModuleState.h"
+#include "module/OwnModule.h"
 
 namespace zelbar {
 

@@ -13,6 +13,7 @@
 #include "dialogs/Controls.h"
 #include "dialogs/DialogFont.h"
 #include "dialogs/VisualStyles.h"
+#include "module/OwnModule.h"
 
 namespace zelbar {
 

@@ -1,8 +1,8 @@
 #include "dialogs/FTimer.h"
 
 #include "automation/Fault.h"
-#include "com/ModuleState.h"
 #include "core/DriverState.h"
+#include "module/OwnModule.h"
 
 namespace zelbar {
 

@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "com/ModuleState.h"
+#include "module/OwnModule.h"
 #include "support/Handle.h"
 
 namespace zelbar {
@@ -18,13 +18,12 @@ struct ContextTraits {
 };
 
 HANDLE makeContext() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(moduleHandle(), path, MAX_PATH);
+    const std::wstring path = modulePath();
     ACTCTXW description{};
     description.cbSize = sizeof(description);
     description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
     description.hModule = moduleHandle();
-    description.lpSource = path;
+    description.lpSource = path.c_str();
     description.lpResourceName = MAKEINTRESOURCEW(kManifest);
     return CreateActCtxW(&description);
 }

@@ -9,6 +9,7 @@
 #include "core/DriverState.h"
 #include "dialogs/DialogKeys.h"
 #include "dialogs/VisualStyles.h"
+#include "module/OwnModule.h"
 #include "support/Handle.h"
 
 namespace zelbar {

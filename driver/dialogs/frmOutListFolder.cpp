@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "com/ModuleState.h"
 #include "core/DriverState.h"
 #include "dialogs/Anchors.h"
 #include "dialogs/Controls.h"
@@ -10,6 +9,7 @@
 #include "dialogs/FolderMaker.h"
 #include "dialogs/TreeControl.h"
 #include "dialogs/VisualStyles.h"
+#include "module/OwnModule.h"
 #include "support/Text.h"
 
 namespace zelbar {

@@ -16,6 +16,7 @@
 #include "dialogs/FolderSelection.h"
 #include "dialogs/VisualStyles.h"
 #include "dialogs/frmOutListFolder.h"
+#include "module/OwnModule.h"
 
 namespace zelbar {
 

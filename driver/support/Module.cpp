@@ -4,30 +4,10 @@
 
 #include <vector>
 
+#include "module/OwnModule.h"
+
 namespace zelbar {
 namespace {
-
-/// Longest path that Windows has.
-constexpr DWORD kLongestPath = 32768;
-
-HMODULE ownHandle() {
-    HMODULE module = nullptr;
-    static const int anchor = 0;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&anchor), &module);
-    return module;
-}
-
-std::wstring pathOf(HMODULE module) {
-    std::wstring path(MAX_PATH, L'\0');
-    DWORD length = GetModuleFileNameW(module, path.data(), MAX_PATH);
-    if (length >= MAX_PATH) {
-        path.resize(kLongestPath);
-        length = GetModuleFileNameW(module, path.data(), kLongestPath);
-    }
-    path.resize(length);
-    return path;
-}
 
 /// The version information is read from the loaded image: no file is opened for it.
 std::vector<char> versionBlock(HMODULE module) {
@@ -51,8 +31,8 @@ std::wstring versionText(std::vector<char>& block, const wchar_t* name, std::wst
 
 Module thisModule() {
     Module module;
-    module.handle = ownHandle();
-    const std::wstring path = pathOf(module.handle);
+    module.handle = moduleHandle();
+    const std::wstring path = modulePath();
     const auto slash = path.find_last_of(L'\\');
     module.folder = path.substr(0, slash == std::wstring::npos ? 0 : slash);
     module.stem = path.substr(slash == std::wstring::npos ? 0 : slash + 1);

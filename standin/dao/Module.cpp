@@ -1,7 +1,6 @@
 #include <windows.h>
 
-#include <string>
-
+#include "module/OwnModule.h"
 #include "standin/dao/Host.h"
 
 namespace standin::dao {
@@ -12,18 +11,8 @@ Engine& engine() {
     return instance;
 }
 
-std::wstring modulePath() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<const wchar_t*>(&engine), &module);
-    constexpr DWORD kLongestPath = 32768;
-    std::wstring path(kLongestPath, L'\0');
-    path.resize(GetModuleFileNameW(module, path.data(), kLongestPath));
-    return path;
-}
-
 ClassEntry entry() {
-    return {kEngineClass, L"DAO DBEngine stand-in", {kEngineProgId}, modulePath(), true};
+    return {kEngineClass, L"DAO DBEngine stand-in", {kEngineProgId}, zelbar::modulePath(), true};
 }
 
 template <class Action>

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "com/TypeLibrary.h"
+#include "module/OwnModule.h"
 #include "support/Registry.h"
 #include "tests/harness/RegistrySandbox.h"
 

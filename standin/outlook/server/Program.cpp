@@ -1,5 +1,6 @@
 #include "standin/outlook/server/Program.h"
 
+#include "module/OwnModule.h"
 #include "standin/outlook/host/Host.h"
 #include "standin/outlook/server/Commands.h"
 #include "standin/outlook/server/Console.h"
@@ -14,12 +15,10 @@ constexpr UINT kIdleMilliseconds = 500;
 constexpr UINT kStartMilliseconds = 60000;
 
 ClassEntry classEntry() {
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
     return {.clsid = kApplicationClsid,
             .description = L"Outlook Application (stand-in)",
             .progIds = {L"Outlook.Application", L"Outlook.Application.9"},
-            .server = L"\"" + path + L"\"",
+            .server = L"\"" + zelbar::modulePath() + L"\"",
             .inProcess = false};
 }
 
