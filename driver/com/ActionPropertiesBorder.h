@@ -1,6 +1,7 @@
 #pragma once
 
 #include "com/Border.h"
+#include "com/CallerVariant.h"
 
 namespace zelbar {
 
@@ -10,7 +11,7 @@ class ActionPropertiesBorder : public Border<Self, ::ActionProperties> {
   public:
     STDMETHODIMP Item(VARIANT index, ::ActionProperty** result) noexcept override {
         return answer(L"Error (Item - ActionProperties): ", result,
-                      [&] { return self()->ActionProperties_Item(Variant::copyOf(index)); });
+                      [&] { return self()->ActionProperties_Item(given(index)); });
     }
     STDMETHODIMP get_Count(LONG* result) noexcept override {
         return answer(L"Error (Count - ActionProperties): ", result,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "com/Border.h"
+#include "com/CallerVariant.h"
 
 namespace zelbar {
 
@@ -32,8 +33,7 @@ class ActionPropertyBorder : public Border<Self, ::ActionProperty> {
         return answer(L"Error (Value - Get): ", result, [&] { return self()->ActionProperty_Value(); });
     }
     STDMETHODIMP put_Value(VARIANT value) noexcept override {
-        return perform(L"Error (Value - Let): ",
-                       [&] { self()->ActionProperty_Value(Variant::copyOf(value)); });
+        return perform(L"Error (Value - Let): ", [&] { self()->ActionProperty_Value(given(value)); });
     }
     STDMETHODIMP get_PropertyType(short* result) noexcept override {
         return answer(L"Error (PropertyType - Get): ", result,

@@ -2,8 +2,8 @@
 
 #include <PIMDriverAbstract.h>
 
+#include "com/Answer.h"
 #include "com/DualObject.h"
-#include "com/Member.h"
 
 namespace zelbar {
 

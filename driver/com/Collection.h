@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "automation/Variant.h"
+#include "com/Answer.h"
+#include "com/CallerVariant.h"
 #include "com/DualObject.h"
 #include "com/Enumerator.h"
-#include "com/Member.h"
 
 namespace zelbar {
 
@@ -31,8 +32,8 @@ class Collection final : public DualObject<ValueCollection> {
     const std::vector<Variant>& values() const { return values_; }
 
   private:
-    const Variant& at(const VARIANT& index) const {
-        const long position = Variant::copyOf(index).integer();
+    const Variant& at(VARIANT& index) const {
+        const long position = given(index).integer();
         if (position < 1 || position > count()) throw runtimeFault(fault::kSubscriptOutOfRange);
         return values_[static_cast<size_t>(position) - 1];
     }

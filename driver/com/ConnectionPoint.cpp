@@ -2,35 +2,35 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+
 namespace zelbar {
+
+STDMETHODIMP ConnectionPoint::Container::EnumConnectionPoints(IEnumConnectionPoints** result) noexcept {
+    if (!result) return E_POINTER;
+    *result = nullptr;
+    try {
+        using Walk = Enumerator<IEnumConnectionPoints, IConnectionPoint*, Com<IConnectionPoint>>;
+        *result = new Walk({Com<IConnectionPoint>::share(&point_)});
+        return S_OK;
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+STDMETHODIMP ConnectionPoint::Container::FindConnectionPoint(REFIID id, IConnectionPoint** result) noexcept {
+    if (!result) return E_POINTER;
+    *result = nullptr;
+    if (id != point_.events_) return CONNECT_E_NOCONNECTION;
+    *result = Com<IConnectionPoint>::share(&point_).detach();
+    return S_OK;
+}
 
 STDMETHODIMP ConnectionPoint::QueryInterface(REFIID id, void** result) noexcept {
     if (!result) return E_POINTER;
     *result = nullptr;
-    // Asked for as a connection point it is an object of its own; for the rest it is a face of its owner.
-    if (id == __uuidof(IConnectionPoint))
-        *result = static_cast<IConnectionPoint*>(this);
-    else if (id == __uuidof(IConnectionPointContainer))
-        *result = static_cast<IConnectionPointContainer*>(this);
-    else
-        return owner_.QueryInterface(id, result);
-    AddRef();
-    return S_OK;
-}
-
-// A client that enumerates wants to know what it may listen to; the type library tells it as well.
-STDMETHODIMP ConnectionPoint::EnumConnectionPoints(IEnumConnectionPoints** result) noexcept {
-    if (!result) return E_POINTER;
-    *result = nullptr;
-    return E_NOTIMPL;
-}
-
-STDMETHODIMP ConnectionPoint::FindConnectionPoint(REFIID id, IConnectionPoint** result) noexcept {
-    if (!result) return E_POINTER;
-    *result = nullptr;
-    if (id != events_) return CONNECT_E_NOCONNECTION;
-    *result = this;
-    AddRef();
+    if (id != __uuidof(IUnknown) && id != __uuidof(IConnectionPoint)) return E_NOINTERFACE;
+    *result = Com<IConnectionPoint>::share(this).detach();
     return S_OK;
 }
 
@@ -42,8 +42,7 @@ STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* result) noexcept {
 
 STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** result) noexcept {
     if (!result) return E_POINTER;
-    *result = this;
-    AddRef();
+    *result = Com<IConnectionPointContainer>::share(&container_).detach();
     return S_OK;
 }
 
@@ -55,8 +54,8 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
         if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(listener.put()))) &&
             FAILED(sink->QueryInterface(__uuidof(IDispatch), reinterpret_cast<void**>(listener.put()))))
             return CONNECT_E_CANNOTCONNECT;
-        sinks_[++lastCookie_] = listener;
-        *cookie = lastCookie_;
+        connections_.push_back({lastCookie_ + 1, listener});
+        *cookie = ++lastCookie_;
         return S_OK;
     } catch (...) {
         return E_OUTOFMEMORY;
@@ -64,18 +63,23 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) noexcept {
-    const auto found = sinks_.find(cookie);
-    if (found == sinks_.end()) return CONNECT_E_NOCONNECTION;
+    const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
+    if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
     // Erased first: the sink's release may come back here.
-    const Com<IUnknown> listener = found->second;
-    sinks_.erase(found);
+    const Connection gone = std::move(*found);
+    connections_.erase(found);
     return S_OK;
 }
 
 STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** result) noexcept {
     if (!result) return E_POINTER;
     *result = nullptr;
-    return E_NOTIMPL;
+    try {
+        *result = new Enumerator<IEnumConnections, CONNECTDATA, Connection>(connections_);
+        return S_OK;
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
 }
 
 }  // namespace zelbar

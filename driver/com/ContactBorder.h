@@ -1,6 +1,7 @@
 #pragma once
 
 #include "com/Border.h"
+#include "com/CallerVariant.h"
 
 namespace zelbar {
 
@@ -127,8 +128,7 @@ class ContactBorder : public Border<Self, ::Contact> {
         return answer(L"Error (PersonalData): ", result, [&] { return self()->Contact_PersonalData(); });
     }
     STDMETHODIMP put_PersonalData(VARIANT value) noexcept override {
-        return perform(L"Error (PersonalData): ",
-                       [&] { self()->Contact_PersonalData(Variant::copyOf(value)); });
+        return perform(L"Error (PersonalData): ", [&] { self()->Contact_PersonalData(given(value)); });
     }
     STDMETHODIMP Show() noexcept override {
         return perform(L"Error (Show): ", [&] { self()->Contact_Show(); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "com/Border.h"
+#include "com/CallerVariant.h"
 
 namespace zelbar {
 
@@ -20,14 +21,15 @@ class DataConnectorBorder : public Border<Self, ::DataConnector> {
                                         VARIANT_BOOL* result) noexcept override {
         return answer(L"Error (InitializeExportFolder): ", result, [&] {
             return self()->DataConnector_InitializeExportFolder(textOf(databasePath), textOf(folderName),
-                                                                given(progress).object());
+                                                                givenIfAny(progress).object());
         });
     }
     STDMETHODIMP SynchronizeExportFolder(VARIANT databasePath, VARIANT folderName, VARIANT progress,
                                          VARIANT_BOOL* result) noexcept override {
         return answer(L"Error (SynchronizeExportFolder): ", result, [&] {
-            return self()->DataConnector_SynchronizeExportFolder(
-                given(databasePath).text(), given(folderName).text(), given(progress).object());
+            return self()->DataConnector_SynchronizeExportFolder(givenIfAny(databasePath).text(),
+                                                                 givenIfAny(folderName).text(),
+                                                                 givenIfAny(progress).object());
         });
     }
     STDMETHODIMP get_Version(BSTR* result) noexcept override {
@@ -75,11 +77,6 @@ class DataConnectorBorder : public Border<Self, ::DataConnector> {
     }
 
   private:
-    /// An optional argument; empty when it is left out.
-    static Variant given(const VARIANT& argument) {
-        return argument.vt == VT_ERROR ? Variant() : Variant::copyOf(argument);
-    }
-
     using Border<Self, ::DataConnector>::answer;
     using Border<Self, ::DataConnector>::perform;
     using Border<Self, ::DataConnector>::self;

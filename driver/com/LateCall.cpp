@@ -9,6 +9,7 @@
 #include "automation/Com.h"
 #include "automation/Fault.h"
 #include "automation/Variant.h"
+#include "com/CallerVariant.h"
 
 namespace zelbar {
 
@@ -75,12 +76,6 @@ VARIANT referenceTo(VARIANT& content) {
     return reference;
 }
 
-/// True for a reference, or a reference behind it, that leads nowhere.
-bool isNullReference(const VARIANT& argument) {
-    if (!(argument.vt & VT_BYREF)) return false;
-    return !argument.byref || (argument.vt == (VT_BYREF | VT_VARIANT) && isNullReference(*argument.pvarVal));
-}
-
 /// Makes the content of a stand-in one of the declared type.
 HRESULT convert(VARIANT& content, VARTYPE type) {
     if (content.vt == VT_ERROR) return DISP_E_PARAMNOTOPTIONAL;
@@ -97,19 +92,17 @@ HRESULT convert(VARIANT& content, VARTYPE type) {
 /// Replaces one argument, for which the member declares a reference to `type`, by a reference to an owned
 /// copy unless it is just such a reference.
 HRESULT substitute(VARIANT& argument, VARTYPE type, std::deque<Stand>& stands) {
-    VARIANT* source = &argument;
-    VARIANT* caller = nullptr;
-    while (source->vt == (VT_BYREF | VT_VARIANT)) caller = source = source->pvarVal;
-    if (source->vt == (VT_BYREF | type)) {
-        argument = *source;
+    VARIANT* const content = contentOf(argument);
+    if (content->vt == (VT_BYREF | type)) {
+        argument = *content;
         return S_OK;
     }
-    // A variable of some other type cannot take the result.
-    if (source->vt & VT_BYREF) caller = nullptr;
-    stands.push_back({Variant::copyOf(*source), caller});
-    VARIANT& content = const_cast<VARIANT&>(stands.back().value.raw());
-    const HRESULT converted = convert(content, type);
-    argument = referenceTo(content);
+    // A value, and a variable of some other type, cannot take the result.
+    VARIANT* const caller = content == &argument || (content->vt & VT_BYREF) ? nullptr : content;
+    stands.push_back({given(*content), caller});
+    VARIANT& copy = const_cast<VARIANT&>(stands.back().value.raw());
+    const HRESULT converted = convert(copy, type);
+    argument = referenceTo(copy);
     return converted;
 }
 
@@ -118,6 +111,9 @@ HRESULT substitute(VARIANT& argument, VARTYPE type, std::deque<Stand>& stands) {
 /// left out in between is marked so.
 HRESULT inPlaces(const DISPPARAMS& parameters, std::vector<VARIANT>& places) {
     const UINT named = parameters.cNamedArgs;
+    if ((parameters.cArgs && !parameters.rgvarg) || (named && !parameters.rgdispidNamedArgs))
+        return E_INVALIDARG;
+    if (named > parameters.cArgs) return DISP_E_BADPARAMCOUNT;
     const bool isPut = named == 1 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
     places.assign(parameters.rgvarg + (isPut ? 0 : named), parameters.rgvarg + parameters.cArgs);
     if (isPut) return S_OK;
@@ -137,7 +133,7 @@ HRESULT substituteAll(const Function& function, std::vector<VARIANT>& arguments,
     const auto count = static_cast<UINT>(arguments.size());
     for (UINT i = 0; i < count; ++i) {
         VARIANT& argument = arguments[count - 1 - i];
-        if (isNullReference(argument)) return E_POINTER;
+        if (!contentOf(argument)) return E_POINTER;
         const VARTYPE type = function.referenced(i);
         if (type == VT_EMPTY || type == VT_VARIANT) continue;
         if (const HRESULT ready = substitute(argument, type, stands); FAILED(ready)) return ready;
