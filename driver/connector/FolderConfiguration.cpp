@@ -29,7 +29,7 @@ bool isFolderConfigured() noexcept {
         log.trace(L"isFolderConfigured() :", configured);
         return configured;
     } catch (...) {
-        log.trace(L"(Error)isFolderConfigured():", caughtFault().description);
+        log.fault(L"(Error)isFolderConfigured():", caughtFault());
         return false;
     }
 }

@@ -117,6 +117,7 @@ void shutDown() noexcept {
         attempt([&] { state.employees.close(); });
         attempt([&] { state.cache.closeDatabase(); });
         attempt([&] { state.cache.closeWorkspace(); });
+        state.texts.release();
         state.actions = {};
         state.log.trace(L"Outlook deallocation...");
         state.outlook.release();

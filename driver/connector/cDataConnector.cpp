@@ -44,8 +44,7 @@ cDataConnector::~cDataConnector() {
 }
 
 void* cDataConnector::further(REFIID id) noexcept {
-    return id == __uuidof(IConnectionPointContainer) ? static_cast<IConnectionPointContainer*>(&events_)
-                                                     : nullptr;
+    return id == __uuidof(IConnectionPointContainer) ? &events_.container() : nullptr;
 }
 
 Com<IDispatch> cDataConnector::DataConnector_GetContactItemByContactItemID(const std::wstring& entryId) {
@@ -98,7 +97,7 @@ Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wst
     Attempts([&log](const Fault& fault) { log.fault(L"Error (GetContactByContactID): ", fault); })(
         [&] { contact->SetValues(item); });
     log.trace(L"GetContactByContactID: with StoreID: ", store);
-    if (log.LogEnabled()) log.trace(L"GetContactByContactID: Name=", contact->Contact_FullName());
+    log.trace(L"GetContactByContactID: Name=", [&] { return contact->Contact_FullName(); });
     return contact;
 }
 

@@ -46,9 +46,13 @@ void FLog::OpenLog() {
     const std::wstring stem = module_.folder + L"\\" + module_.stem;
     const std::wstring current = stem + L".log";
     const std::wstring previous = stem + L"_o.log";
-    DeleteFileW(previous.c_str());
-    CopyFileW(current.c_str(), previous.c_str(), TRUE);
-    file_.open(current, LineFile::Mode::kEmpty);
+    // A second program that loads the driver adds its lines to those that the first is writing.
+    if (!LineFile::isBeingWritten(current)) {
+        DeleteFileW(previous.c_str());
+        CopyFileW(current.c_str(), previous.c_str(), TRUE);
+        LineFile::empty(current);
+    }
+    file_.open(current);
 }
 
 void FLog::CloseLog() noexcept {

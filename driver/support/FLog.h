@@ -9,6 +9,7 @@
 #include "automation/Fault.h"
 #include "support/LineFile.h"
 #include "support/Module.h"
+#include "support/Text.h"
 
 namespace zelbar {
 
@@ -54,7 +55,8 @@ class FLog {
     /// `Addlog` of all parts joined, built only while logging is on. Parts are texts, whole numbers, Booleans
     /// ("True", "False"), and callables that give one of them: what has to be asked of Outlook for a line
     /// alone is asked by a callable, so that it is not asked while logging is off. A part that fails costs
-    /// the line and nothing else.
+    /// the line and nothing else. The driver's own words come as literals and stay as they are; any other
+    /// text is a value, which has no say in where a line ends.
     template <class... Parts>
     void trace(const Parts&... parts) noexcept {
         if (!logEnabled_) return;
@@ -68,7 +70,7 @@ class FLog {
     }
 
     /// `trace` of an operation's error prefix, the description, " in " and the source.
-    void fault(std::wstring_view prefix, const Fault& fault) noexcept {
+    void fault(const wchar_t* prefix, const Fault& fault) noexcept {
         trace(prefix, fault.description, L" in ", fault.source);
     }
 
@@ -78,7 +80,8 @@ class FLog {
     void CloseLog() noexcept;
     void write(std::wstring_view line, LogWindow::Follow follow) noexcept;
 
-    static void append(std::wstring& line, std::wstring_view part) { line += part; }
+    static void append(std::wstring& line, const wchar_t* ownWords) { line += ownWords; }
+    static void append(std::wstring& line, std::wstring_view value) { line += onOneLine(value); }
     template <std::invocable Read>
     static void append(std::wstring& line, const Read& read) {
         append(line, read());

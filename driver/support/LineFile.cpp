@@ -4,13 +4,30 @@
 
 namespace zelbar {
 
-bool LineFile::open(const std::wstring& path, Mode mode) noexcept {
-    constexpr DWORD kOthersMayDoAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const bool append = mode == Mode::kAppend;
-    file_ = FileHandle(CreateFileW(path.c_str(), append ? FILE_APPEND_DATA : GENERIC_WRITE, kOthersMayDoAll,
-                                   nullptr, append ? OPEN_ALWAYS : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
-                                   nullptr));
+namespace {
+
+constexpr DWORD kOthersMayRead = FILE_SHARE_READ | FILE_SHARE_DELETE;
+
+FileHandle opened(const std::wstring& path, DWORD access, DWORD othersMay, DWORD disposition) noexcept {
+    return FileHandle(
+        CreateFileW(path.c_str(), access, othersMay, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+}  // namespace
+
+bool LineFile::open(const std::wstring& path) noexcept {
+    // Appending is the system's: lines of two programs stand one behind the other.
+    file_ = opened(path, FILE_APPEND_DATA, kOthersMayRead | FILE_SHARE_WRITE, OPEN_ALWAYS);
     return isOpen();
+}
+
+bool LineFile::isBeingWritten(const std::wstring& path) noexcept {
+    return !opened(path, GENERIC_READ, kOthersMayRead, OPEN_EXISTING) &&
+           GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
+void LineFile::empty(const std::wstring& path) noexcept {
+    opened(path, GENERIC_WRITE, kOthersMayRead, CREATE_ALWAYS);
 }
 
 void LineFile::write(std::wstring_view line) noexcept {

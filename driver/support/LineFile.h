@@ -12,15 +12,18 @@ namespace zelbar {
 /// them. A line in plain English looks the same either way.
 class LineFile {
   public:
-    enum class Mode { kEmpty, kAppend };
-
-    /// False when the file cannot be opened; lines are dropped then.
-    bool open(const std::wstring& path, Mode mode) noexcept;
+    /// Goes on behind what the file holds. False when it cannot be opened; lines are dropped then.
+    bool open(const std::wstring& path) noexcept;
     void close() noexcept { file_.reset(); }
     bool isOpen() const noexcept { return static_cast<bool>(file_); }
 
     /// Hands the line to the system at once, so that a crash of the client keeps it. Swallows failures.
     void write(std::wstring_view line) noexcept;
+
+    /// True while another program, or another object, has the file open for writing.
+    static bool isBeingWritten(const std::wstring& path) noexcept;
+    /// Makes the file an empty one.
+    static void empty(const std::wstring& path) noexcept;
 
   private:
     FileHandle file_;

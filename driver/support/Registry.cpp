@@ -8,7 +8,7 @@
 namespace zelbar {
 namespace {
 
-constexpr REGSAM kReadWrite = KEY_READ | KEY_WRITE;
+constexpr REGSAM kReadWrite = KEY_READ | KEY_WRITE | KEY_CREATE_LINK;
 constexpr DWORD kLongestText = 1024;
 
 const BYTE* bytesOf(const wchar_t* text) {
@@ -49,7 +49,11 @@ std::optional<std::wstring> RegistryKey::characters(const std::wstring& name) co
         return std::nullopt;
     }
     bytes.resize(size);
-    if (!isText(type)) return std::wstring(bytes.begin(), bytes.end());
+    if (!isText(type)) {
+        std::wstring text;
+        for (const char byte : bytes) text += static_cast<unsigned char>(byte);
+        return text;
+    }
     std::wstring text(size / sizeof(wchar_t), L'\0');
     bytes.copy(reinterpret_cast<char*>(text.data()), text.size() * sizeof(wchar_t));
     return text;

@@ -44,6 +44,14 @@ std::optional<std::int16_t> leadingInteger16(std::wstring_view text) {
     return static_cast<std::int16_t>(value);
 }
 
+std::wstring onOneLine(std::wstring_view text) {
+    std::wstring line(text);
+    std::ranges::replace_if(
+        line, [](wchar_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029; },
+        L' ');
+    return line;
+}
+
 std::int32_t leadingInteger(std::wstring_view text) {
     using Limits = std::numeric_limits<std::int32_t>;
     const std::int64_t value = signedNumber(trimmed(text), Limits::max());

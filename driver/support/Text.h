@@ -15,6 +15,9 @@ std::wstring_view trimmed(std::wstring_view text);
 /// Up to the first NUL character.
 std::wstring_view untilNul(std::wstring_view text);
 
+/// With a blank for each character that ends a line or field, or controls what shows the text.
+std::wstring onOneLine(std::wstring_view text);
+
 /// The number at the start of a text: sign and decimal digits, everything behind is ignored; 0 without
 /// digits. Nothing when it does not fit into 16 bits.
 std::optional<std::int16_t> leadingInteger16(std::wstring_view text);

@@ -22,6 +22,12 @@ void cLocalizedText::init([[maybe_unused]] long unused) {
     initialised_ = true;
 }
 
+void cLocalizedText::release() noexcept {
+    initialised_ = false;
+    texts_.clear();
+    english_.clear();
+}
+
 std::wstring cLocalizedText::translate(std::wstring_view text) {
     const auto numbered = splitNumberedText(text);
     if (!numbered) return std::wstring(text);

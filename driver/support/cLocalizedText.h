@@ -18,6 +18,8 @@ class cLocalizedText {
     /// Reads the texts of the user's language (anew); the first translation does so by itself. The argument
     /// is part of the service's history and means nothing.
     void init(long unused = 0);
+    /// Forgets the texts, so that the next translation reads those of the language that the user has then.
+    void release() noexcept;
 
     /// The language's text for a numbered text; else the default text in it; for a bare number the English
     /// text; else the text unchanged. Other texts come back unchanged.

@@ -48,8 +48,8 @@ std::wstring placePart(const PendingError& error, const std::wstring& title, std
 }
 
 std::wstring joined(const std::wstring (&fields)[5], const wchar_t* separator) {
-    std::wstring line = fields[0];
-    for (std::size_t i = 1; i < std::size(fields); ++i) line += separator + fields[i];
+    std::wstring line = onOneLine(fields[0]);
+    for (std::size_t i = 1; i < std::size(fields); ++i) line += separator + onOneLine(fields[i]);
     return line;
 }
 
@@ -74,7 +74,7 @@ void mLogError::LogError(const PendingError& error, std::wstring_view procedure,
                                        systemPart(error.systemError)};
         if (fileName_.empty()) fileName_ = GetMyDocumentPath() + L"\\error_" + GetNetUserName() + L".log";
         LineFile file;
-        file.open(fileName_, LineFile::Mode::kAppend);
+        file.open(fileName_);
         file.write(joined(fields, L"\t"));
         if constexpr (DebugOutput) OutputDebugStringW((joined(fields, L" # ") + L"\r\n").c_str());
     } catch (...) {

@@ -15,6 +15,12 @@ std::wstring trimmedSetting(const Setting& setting, const std::wstring& company)
     return std::wstring(trimmed(readSetting(setting, company)));
 }
 
+/// A folder as it is used: another "\\" and the names of files come behind it.
+std::wstring withoutSeparator(std::wstring folder) {
+    while (folder.ends_with(L'\\')) folder.pop_back();
+    return folder;
+}
+
 bool exists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
@@ -71,7 +77,7 @@ std::wstring modMultiUser::chosenFolder() {
     const std::wstring machinePath = trimmedSetting(settings::kMachineDataPath, module_.company);
     if (!userPath.empty()) {
         isPerUserPath_ = true;
-        return userPath;
+        return withoutSeparator(userPath);
     }
     if (multiUser.empty() || isYes(multiUser)) {
         const std::wstring profile = GetUserProfilePath();
@@ -79,7 +85,7 @@ std::wstring modMultiUser::chosenFolder() {
         isPerUserPath_ = true;
         return profile + L"\\" + kProductFolderName;
     }
-    return machinePath.empty() ? module_.folder : machinePath;
+    return machinePath.empty() ? module_.folder : withoutSeparator(machinePath);
 }
 
 std::wstring modMultiUser::GetUserProfilePath() noexcept {
