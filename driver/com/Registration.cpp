@@ -4,6 +4,7 @@
 #include <oleauto.h>
 
 #include <iterator>
+#include <string_view>
 
 #include "automation/Com.h"
 #include "com/TypeLibrary.h"
@@ -13,7 +14,7 @@ namespace zelbar {
 
 namespace {
 
-const std::wstring kClasses = L"Software\\Classes\\";
+constexpr std::wstring_view kClasses = L"Software\\Classes\\";
 
 std::wstring textOf(const GUID& id) {
     wchar_t buffer[40];
@@ -21,14 +22,18 @@ std::wstring textOf(const GUID& id) {
     return buffer;
 }
 
+std::wstring pathOf(const std::wstring& key) {
+    return std::wstring(kClasses) + key;
+}
+
 HRESULT write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
     const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return HRESULT_FROM_WIN32(static_cast<unsigned long>(
-        RegSetKeyValueW(HKEY_LOCAL_MACHINE, (kClasses + key).c_str(), name, REG_SZ, value.c_str(), bytes)));
+        RegSetKeyValueW(HKEY_LOCAL_MACHINE, pathOf(key).c_str(), name, REG_SZ, value.c_str(), bytes)));
 }
 
 HRESULT removeTree(const std::wstring& key) {
-    const LSTATUS status = RegDeleteTreeW(HKEY_LOCAL_MACHINE, (kClasses + key).c_str());
+    const LSTATUS status = RegDeleteTreeW(HKEY_LOCAL_MACHINE, pathOf(key).c_str());
     return status == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(static_cast<unsigned long>(status));
 }
 
@@ -51,12 +56,7 @@ class LibraryAttributes {
     TLIBATTR* attributes_ = nullptr;
 };
 
-}  // namespace
-
-HRESULT registerServer(const RegisteredClass& what) {
-    const auto library = embeddedTypeLibrary();
-    const LibraryAttributes attributes(library);
-    if (!attributes.get()) return TYPE_E_CANTLOADLIBRARY;
+HRESULT writeClass(const RegisteredClass& what, const GUID& library) {
     const std::wstring classKey = L"CLSID\\" + textOf(what.classId);
     struct Entry {
         std::wstring key;
@@ -69,14 +69,27 @@ HRESULT registerServer(const RegisteredClass& what) {
         {classKey, nullptr, what.description},
         {classKey + L"\\ProgID", nullptr, what.progId},
         {classKey + L"\\Programmable", nullptr, L""},
-        {classKey + L"\\TypeLib", nullptr, textOf(attributes.get()->guid)},
+        {classKey + L"\\TypeLib", nullptr, textOf(library)},
         {classKey + L"\\InprocServer32", nullptr, modulePath()},
         {classKey + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
     };
     for (const Entry& entry : entries)
         if (const HRESULT result = write(entry.key, entry.name, entry.value); FAILED(result)) return result;
+    return S_OK;
+}
+
+}  // namespace
+
+HRESULT registerServer(const RegisteredClass& what) {
+    const auto library = embeddedTypeLibrary();
+    const LibraryAttributes attributes(library);
+    if (!attributes.get()) return TYPE_E_CANTLOADLIBRARY;
+    HRESULT result = writeClass(what, attributes.get()->guid);
     std::wstring path = modulePath();
-    return RegisterTypeLib(library.get(), path.data(), nullptr);
+    if (SUCCEEDED(result)) result = RegisterTypeLib(library.get(), path.data(), nullptr);
+    // Half a class would be found by clients and could not be used.
+    if (FAILED(result)) unregisterServer(what);
+    return result;
 }
 
 HRESULT unregisterServer(const RegisteredClass& what) {

@@ -14,7 +14,7 @@ struct RegisteredClass {
 };
 
 /// Writes the class, with this module as its in-process server for single-threaded apartments, and the
-/// embedded type library. Returns the first failure.
+/// embedded type library. Returns the first failure, and takes back then what it has written.
 HRESULT registerServer(const RegisteredClass& what);
 
 /// Takes all of it out again; what is not there is no failure.
