@@ -1,11 +1,13 @@
 #include "connector/cDataConnector.h"
 
 #include "automation/Attempts.h"
+#include "automation/Fault.h"
 #include "automation/OutlookNames.h"
 #include "connector/FolderConfiguration.h"
 #include "connector/StartUp.h"
 #include "core/DriverState.h"
 #include "dialogs/frmOutSelFolder.h"
+#include "export/Export.h"
 
 namespace zelbar {
 
@@ -31,6 +33,15 @@ Object itemInAnyStore(const std::wstring& entryId, std::wstring& storeTried) {
         attempt.into(item, [&] { return session.object(outlook::GetItemFromID, entryId, store); });
     }
     return item;
+}
+
+/// The folder that a client means; none for any other name.
+Object folderCalled(const std::wstring& name) {
+    long folder = 0;
+    if (name == L"contacts") folder = outlook::kDefaultContacts;
+    if (name == L"journal") folder = outlook::kDefaultJournal;
+    if (folder == 0) return {};
+    return driver().outlook.GetNameSpace().object(outlook::GetDefaultFolder, folder);
 }
 
 }  // namespace
@@ -103,6 +114,66 @@ Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wst
 
 Variant cDataConnector::DataConnector_ExecuteCommand(const std::wstring& command) {
     return command == L"isFolderConfigured" ? Variant(isFolderConfigured()) : Variant();
+}
+
+/// True only when a new window had to be opened: that is what clients have always been told.
+bool cDataConnector::DataConnector_ShowFolder(const std::wstring& name) {
+    const Object folder = folderCalled(name);
+    if (!folder) return false;
+    const Object explorer = driver().outlook.GetApp().object(outlook::ActiveExplorer);
+    if (!explorer) {
+        folder.object(outlook::GetExplorer).call(outlook::Display);
+        return true;
+    }
+    explorer.putReference(outlook::CurrentFolder, folder);
+    explorer.object(outlook::CurrentFolder).call(outlook::Display);
+    return false;
+}
+
+Com<cContact> cDataConnector::DataConnector_GetActiveContact() {
+    if (!driver().pimInstalled) return {};
+    const Object inspector = driver().outlook.GetApp().object(outlook::ActiveInspector);
+    if (!inspector) return {};
+    auto contact = makeObject<cContact>();
+    contact->SetValues(inspector.object(outlook::CurrentItem));
+    return contact;
+}
+
+void cDataConnector::DataConnector_WriteCache() {
+    driver().log.trace(L"############## REINITIALISER LE CACHE !!! ##############");
+}
+
+void cDataConnector::DataConnector_CreateContact(const std::wstring& name, const std::wstring& number,
+                                                 bool show) {
+    FLog& log = driver().log;
+    if (!driver().pimInstalled) return;
+    log.trace(L"Contact creation asked by user: ", name, L" from ", number);
+    try {
+        const Object item = driver()
+                                .outlook.GetNameSpace()
+                                .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
+                                .object(outlook::Items)
+                                .object(outlook::AddContact, outlook::kContactItemType);
+        item.put(outlook::LastName, name);
+        item.put(outlook::BusinessTelephoneNumber, number);
+        item.call(outlook::Save);
+        if (show) item.object(outlook::GetInspector).call(outlook::Display);
+    } catch (...) {
+        log.fault(L"Error (CreateContact): ", caughtFault());
+        log.trace(L"CreateContact() Name=", name, L" Number=", number);
+    }
+}
+
+bool cDataConnector::DataConnector_InitializeExportFolder(const std::wstring& databasePath,
+                                                          const std::wstring& folderName,
+                                                          const Com<IDispatch>& progress) {
+    return initializeExportFolder(databasePath, folderName, progress);
+}
+
+bool cDataConnector::DataConnector_SynchronizeExportFolder(const std::wstring& databasePath,
+                                                           const std::wstring& folderName,
+                                                           const Com<IDispatch>& progress) {
+    return synchronizeExportFolder(databasePath, folderName, progress);
 }
 
 }  // namespace zelbar
