@@ -15,18 +15,23 @@ namespace {
 constexpr wchar_t kPath[] = L"Path";
 constexpr wchar_t kArguments[] = L"Arguments";
 
-/// Replaces every placeholder by a field's text. An empty one becomes ";", so that no placeholder vanishes
-/// from the command line without a trace.
-void fill(std::wstring& line, std::wstring_view placeholder, const std::wstring& field) {
-    const std::wstring text = field.empty() ? L";" : field;
-    for (size_t at = line.find(placeholder); at != std::wstring::npos;
-         at = line.find(placeholder, at + text.size()))
-        line.replace(at, placeholder.size(), text);
+/// An empty field becomes ";", so that no placeholder vanishes from the command line without a trace.
+std::wstring orMark(const std::wstring& field) {
+    return field.empty() ? L";" : field;
 }
 
 std::wstring directionWord(const std::wstring& type) {
     if (type.empty()) return {};
     return type == call::kOutgoing ? L"OUT" : L"INC";
+}
+
+/// The system's text for a start that failed; some of them name the file.
+std::wstring describe(const StartResult& result, const std::wstring& command) {
+    constexpr std::wstring_view kPlaceOfFile = L"%1";
+    std::wstring text = GetSystemErrorText(result.error);
+    if (const size_t at = text.find(kPlaceOfFile); at != std::wstring::npos)
+        text.replace(at, kPlaceOfFile.size(), result.file.empty() ? command : result.file);
+    return text;
 }
 
 /// Two starts that fail one after the other make one message: the open window keeps its text.
@@ -48,20 +53,20 @@ ActionLaunchExe::ActionLaunchExe() {
 void ActionLaunchExe::execute(ContactArgument& argument) {
     FLog& log = driver().log;
     log.trace(L"LAUNCH EXE -------------------");
-    log.trace(L"Application Path = ", value(kPath).text());
-    log.trace(L"Arguments = ", value(kArguments).text());
+    log.trace(L"Application Path = ", [&] { return value(kPath).text(); });
+    log.trace(L"Arguments = ", [&] { return value(kArguments).text(); });
     if (!argument.given()) {
         giveEmptyContact(argument, true);
         log.trace(L"Item is nothing...");
     }
-    const std::wstring arguments = filledArguments(CallContact(argument));
-    log.trace(L"Arguments = ", arguments);
-    const std::wstring command = joinedCommand(arguments);
-    if (const DWORD error = startProgram(command))
-        tellFailure(GetSystemErrorText(error) + L": " + command + L".");
+    CommandLine line = filledArguments(CallContact(argument));
+    log.trace(L"Arguments = ", line.text());
+    prependFolder(line);
+    if (const StartResult result = startProgram(line); result.error != ERROR_SUCCESS)
+        tellFailure(describe(result, line.text()) + L": " + line.text() + L".");
 }
 
-std::wstring ActionLaunchExe::filledArguments(const CallContact& contact) const {
+CommandLine ActionLaunchExe::filledArguments(const CallContact& contact) const {
     const std::wstring information = contact.callInformation();
     const auto read = [&](const wchar_t* key, const wchar_t* shownAs) {
         std::wstring field = GetTaggedValue(information, key);
@@ -74,22 +79,22 @@ std::wstring ActionLaunchExe::filledArguments(const CallContact& contact) const 
     const std::wstring phoneNumber = read(call::kPhoneNumber, L"PHONENUMBER");
 
     // One after the other, so that a placeholder within a field is filled by a later step.
-    std::wstring line = value(kArguments).text();
-    fill(line, L"$1", phoneNumber);
-    fill(line, L"$2", localNumber);
-    fill(line, L"$3", directionWord(type));
-    fill(line, L"$4", origin);
+    CommandLine line(value(kArguments).text());
+    line.fillWithDetail(L"$1", orMark(phoneNumber));
+    line.fillWithDetail(L"$2", orMark(localNumber));
+    line.fillWithWord(L"$3", orMark(directionWord(type)));
+    line.fillWithDetail(L"$4", orMark(origin));
     return line;
 }
 
-std::wstring ActionLaunchExe::joinedCommand(const std::wstring& arguments) {
+void ActionLaunchExe::prependFolder(CommandLine& line) {
     std::wstring path = value(kPath).text();
-    if (!path.ends_with(L'\\') && !arguments.starts_with(L'\\')) {
+    if (!path.ends_with(L'\\') && !line.text().starts_with(L'\\')) {
         path += L'\\';
         // The user sees the folder as it has been used.
         setting(kPath)->ActionProperty_Value(path);
     }
-    return path + arguments;
+    line.prepend(path);
 }
 
 }  // namespace zelbar

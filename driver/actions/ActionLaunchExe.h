@@ -2,6 +2,7 @@
 
 #include "actions/ActionBase.h"
 #include "actions/CallContact.h"
+#include "actions/CommandLine.h"
 
 namespace zelbar {
 
@@ -17,8 +18,8 @@ class ActionLaunchExe final : public ActionBase<ActionLaunchExe> {
     void execute(ContactArgument& argument);
 
   private:
-    std::wstring filledArguments(const CallContact& contact) const;
-    std::wstring joinedCommand(const std::wstring& arguments);
+    CommandLine filledArguments(const CallContact& contact) const;
+    void prependFolder(CommandLine& line);
 };
 
 }  // namespace zelbar

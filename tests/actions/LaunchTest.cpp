@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <algorithm>
+
 #include "support/mLogError.h"
 #include "tests/actions/ActionTest.h"
 
@@ -78,17 +80,35 @@ TEST_F(Launch, TheFolderIsKeptWithItsBackslashAndTheOpenWindowWithItsText) {
     EXPECT_EQ(failures().size(), 1u);
 }
 
-TEST_F(Launch, ProgramsBatchFilesAndDocumentsAreStarted) {
-    const std::wstring tools = folder.makeFolder(L"my tools");
-    for (const wchar_t* name : {L"\\dial.bat", L"\\ring up.cmd"})
-        harness::writeFile(tools + name, "@echo %~n0 %1 %2>\"%~dp0%1.txt\"\r\n");
-    harness::writeFile(tools + L"\\my note.zelbardoc", "note");
-    registry.set(HKEY_CLASSES_ROOT, L".zelbardoc", L"", L"zelbar.document");
-    registry.set(HKEY_CLASSES_ROOT, L"zelbar.document\\shell\\open\\command", L"",
-                 L"cmd.exe /c copy \"%1\" \"%1.opened\"");
-    wchar_t windowsFolder[MAX_PATH];
-    GetWindowsDirectoryW(windowsFolder, MAX_PATH);
-    const std::wstring system = std::wstring(windowsFolder) + L"\\system32";
+/// Tools of all kinds in a folder whose name has a blank; each tells that it has run by a file.
+class LaunchedTools : public Launch {
+  protected:
+    LaunchedTools() : tools(folder.makeFolder(L"my tools")) {
+        wchar_t windowsFolder[MAX_PATH];
+        GetWindowsDirectoryW(windowsFolder, MAX_PATH);
+        system = std::wstring(windowsFolder) + L"\\system32";
+        for (const wchar_t* name : {L"\\dial.bat", L"\\ring up.cmd", L"\\callOUT.bat"})
+            harness::writeFile(tools + name, "@echo %~n0 %1 %2>\"%~dp0%1.txt\"\r\n");
+        for (const wchar_t* name : {L"\\my note.zelbardoc", L"\\damaged.exe"})
+            harness::writeFile(tools + name, "note");
+        registry.set(HKEY_CLASSES_ROOT, L".zelbardoc", L"", L"zelbar.document");
+        registry.set(HKEY_CLASSES_ROOT, L"zelbar.document\\shell\\open\\command", L"",
+                     L"cmd.exe /c copy \"%1\" \"%1.opened\"");
+    }
+    void TearDown() override {
+        for (const wchar_t* key : {L".zelbardoc", L"zelbar.document"}) RegDeleteTreeW(HKEY_CLASSES_ROOT, key);
+        Launch::TearDown();
+    }
+    /// Runs it for a number. Whether something was started, which the user is told otherwise.
+    bool starts(const std::wstring& path, const std::wstring& arguments, const std::wstring& number) {
+        run(*launch(path, arguments), unknown(L"TYPE=outgoing;PHONENUMBER=" + number + L";"));
+        return failures().empty();
+    }
+
+    std::wstring tools, system;
+};
+
+TEST_F(LaunchedTools, ProgramsBatchFilesAndDocumentsAreStarted) {
     const struct {
         std::wstring path, arguments;
         const wchar_t* file;
@@ -99,14 +119,58 @@ TEST_F(Launch, ProgramsBatchFilesAndDocumentsAreStarted) {
         {L"\"" + tools, L"dial.bat\" c $1", L"c.txt", "dial c 77\r\n"},
         {system, L"cmd.exe /c echo $1>\"" + tools + L"\\d.txt\"", L"d.txt", "77\r\n"},
         {tools, L"my note.zelbardoc", L"my note.zelbardoc.opened", "note"},
-        {system, L"cmd /c echo $1>\"" + tools + L"\\e.txt\"", L"e.txt", "77\r\n"},
+        {L"cmd /c echo 77>\"" + tools, L"e.txt\"", L"e.txt", "77\r\n"},
+        {tools, L"call$3.bat f $1", L"f.txt", "callOUT f 77\r\n"},
     };
     for (const auto& c : cases) {
-        run(*launch(c.path, c.arguments), unknown(L"PHONENUMBER=77;"));
+        EXPECT_TRUE(starts(c.path, c.arguments, L"77")) << c.arguments;
         EXPECT_EQ(harness::awaitFile(tools + L"\\" + c.file), c.text);
     }
-    EXPECT_TRUE(failures().empty());
-    for (const wchar_t* key : {L".zelbardoc", L"zelbar.document"}) RegDeleteTreeW(HKEY_CLASSES_ROOT, key);
+}
+
+TEST_F(LaunchedTools, TheCommandInterpreterGetsNoDetailThatSteersIt) {
+    std::wstring slashed = tools;
+    std::replace(slashed.begin(), slashed.end(), L'\\', L'/');
+    const std::pair<std::wstring, std::wstring> lines[] = {
+        {tools, L"dial.bat $1"},           {tools, L"dial.bat \"$1\""},
+        {tools, L"DIAL.BAT. . $1"},        {L"\"" + tools, L"ring up.cmd \" $1"},
+        {slashed + L"/dial.bat x", L"$1"}, {L"cmd.exe /c echo x", L"$1"},
+        {system, L"cmd /c echo $1"},       {tools, L"dial.bat $2$1"},
+        {tools, L"my note.zelbardoc $1"},
+    };
+    for (const auto& [path, arguments] : lines) {
+        for (const wchar_t steering : std::wstring(L"\"&|<>^%!()\n\x7F", 12))
+            EXPECT_FALSE(starts(path, arguments, L"1" + std::wstring(1, steering) + L"x")) << arguments;
+        EXPECT_TRUE(starts(path, arguments, L"+1-2.3/4")) << arguments;
+    }
+    EXPECT_TRUE(starts(tools, L"dial.bat x & exit", L"(1)&x")) << "all the user's own";
+    EXPECT_TRUE(starts(system, L"hostname.exe \"$1\"", L"(1)&x")) << "a program of its own";
+}
+
+TEST_F(LaunchedTools, WhatIsStartedIsNamedByTheUserAlone) {
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+        {L"none.exe $1", L"x\\..\\..\\my tools\\dial.bat"},
+        {L"none.txt $1", L"x\\..\\..\\my tools\\my note.zelbardoc"},
+        {L"$1", L"dial.bat"},
+        {L"$1.bat", L"dial"},
+        {L"$1.zelbardoc", L"my note"},
+        {L"di$1", L"al.bat x"},
+        {L"dial$1", L".bat"},
+        {L"callO$$1", L"3.bat"},
+        {L"dial.bat$1", L" x"},
+    };
+    for (const auto& [arguments, number] : cases) {
+        EXPECT_FALSE(starts(tools, arguments, number)) << arguments;
+        EXPECT_FALSE(starts(L"\"" + tools, arguments + std::wstring(L"\""), number)) << arguments;
+    }
+}
+
+TEST_F(LaunchedTools, TheReasonOfAFailedStartNamesTheFile) {
+    run(*launch(tools, L"damaged.exe"), unknown());
+    const auto told = failures();
+    const std::wstring file = tools + L"\\damaged.exe";
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_LT(told[0].find(file), told[0].rfind(file)) << "in the reason and in the command line";
 }
 
 }  // namespace
