@@ -14,7 +14,8 @@ class cActionProperties final : public ActionPropertiesBorder<cActionProperties>
     /// Adds a new setting and returns it. One with an empty key can be reached by position only.
     Com<cActionProperty> Add(const std::wstring& key, const std::wstring& propertyName, const Variant& value,
                              short propertyType);
-    /// Takes a setting out. Throws when there is none at that position or with that key.
+    /// Takes a setting out; part of the collection as it has always been, though no action drops one. Throws
+    /// when there is none at that position or with that key.
     void Remove(const Variant& index);
     /// Takes over the values, then the chosen entries, of the settings with the same keys.
     void copyFrom(const cActionProperties& other);

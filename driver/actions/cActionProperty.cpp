@@ -14,7 +14,8 @@ void cActionProperty::ActionProperty_ValueIndex(short index) {
     if (propertyType_ != kListSetting) return;
     const auto choices = values_.texts();
     if (index < 0 || static_cast<size_t>(index) >= choices.size()) return;
-    ActionProperty_Value(choices[static_cast<size_t>(index)]);
+    // Set, whatever is held: only what the client puts is refused while an array is.
+    value_ = choices[static_cast<size_t>(index)];
     valueIndex_ = index;
 }
 

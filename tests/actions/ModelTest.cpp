@@ -91,12 +91,14 @@ TEST_F(Model, OnlyAListHasAChosenEntry) {
 
 TEST_F(Model, AValueIsTakenAsItComesUnlessAnArrayOfTextsIsHeld) {
     const auto open = action(kOpen, {{L"NewOnInexistant", L"own words"}});
+    const auto list = settingOf(*open, L"NewOnInexistant");
     EXPECT_EQ(valueOf(*open, L"NewOnInexistant"), L"own words");
-    EXPECT_EQ(lateBound(settingOf(*open, L"NewOnInexistant")).integer({L"ValueIndex"}), 0);
-    const auto path = settingOf(*action(kLaunch), L"Path");
+    EXPECT_EQ(lateBound(list).integer({L"ValueIndex"}), 0);
     for (const Variant& value : {Variant(7), Variant(), Variant::ofTexts({L"a", L"b"}), Variant(L"too late")})
-        EXPECT_EQ(path->put_Value(value.raw()), S_OK);
-    EXPECT_EQ(lateBound(path).get({L"Value"}).texts(), (std::vector<std::wstring>{L"a", L"b"}));
+        EXPECT_EQ(list->put_Value(value.raw()), S_OK);
+    EXPECT_EQ(lateBound(list).get({L"Value"}).texts(), (std::vector<std::wstring>{L"a", L"b"}));
+    EXPECT_EQ(list->put_ValueIndex(1), S_OK);
+    EXPECT_EQ(valueOf(*open, L"NewOnInexistant"), L"Create a contact for an unknown caller");
 }
 
 TEST_F(Model, ACopyKeepsTheValuesAndGoesItsOwnWay) {
