@@ -10,7 +10,7 @@ void ActionCloseContact::execute(ContactArgument& argument) {
     const CallContact contact(argument);
     // First of all, since the client must let go of the contact whatever becomes of its window.
     argument.replace({});
-    log.trace(L"Closing ", contact ? contact.FullName() : std::wstring());
+    log.trace(L"Closing ", [&] { return contact ? contact.FullName() : std::wstring(); });
     if (!contact || contact.NotInPIM()) return;
     log.trace(L"CLOSE -----------------");
     const LookUp lookUp = driver().outlook.GetContactFromID(contact.ContactId(), contact.StoreId(),

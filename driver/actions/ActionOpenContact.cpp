@@ -14,16 +14,16 @@ void openWindow(const Object& item) {
     item.object(outlook::GetInspector).call(outlook::Display);
 }
 
-Object newContact(const std::wstring& name, const std::wstring& number) {
-    const Object contact = driver()
-                               .outlook.GetNameSpace()
-                               .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
-                               .object(outlook::Items)
-                               .object(outlook::AddContact, outlook::kContactItemType);
-    contact.put(outlook::FullName, name);
-    contact.put(outlook::BusinessTelephoneNumber, number);
-    contact.call(outlook::Save);
-    return contact;
+Object newItem(const std::wstring& name, const std::wstring& number) {
+    const Object item = driver()
+                            .outlook.GetNameSpace()
+                            .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
+                            .object(outlook::Items)
+                            .object(outlook::AddContact, outlook::kContactItemType);
+    item.put(outlook::FullName, name);
+    item.put(outlook::BusinessTelephoneNumber, number);
+    item.call(outlook::Save);
+    return item;
 }
 
 }  // namespace
@@ -63,28 +63,31 @@ void ActionOpenContact::execute(ContactArgument& argument) {
         log.trace(L"CITem = Nothing");
         return;
     }
-    const std::wstring name = contact.FullName();
-    const std::wstring number = contact.MainPhoneNumber();
-    log.trace(L"Opening ", name, L" (", number, L")");
+    const auto name = [&] { return contact.FullName(); };
+    log.trace(
+        L"Opening ", name, L" (", [&] { return contact.MainPhoneNumber(); }, L")");
     log.trace(L"OPEN ------------------");
     const LookUp lookUp = driver().outlook.GetContactFromID(contact.ContactId(), contact.StoreId(),
                                                             L"ActionOpenContact", L"ExecuteAction");
     // Outlook did not answer: making a contact now would double one that it has.
     if (lookUp.failed()) throw lookUp.fault;
     if (lookUp.gone()) {
-        if (name != kManyContacts) meetUnknown(name, number);
+        meetUnknown(contact);
     } else if (opensFound) {
         log.trace(L"Opening ", name, L"...");
         openWindow(lookUp.item);
     }
 }
 
-void ActionOpenContact::meetUnknown(const std::wstring& name, const std::wstring& number) const {
+void ActionOpenContact::meetUnknown(const CallContact& contact) const {
     FLog& log = driver().log;
+    const std::wstring name = contact.FullName();
+    if (name == kManyContacts) return;
     log.trace(L"Unknown contact: ", name, L" (Not found in Outlook)...");
     if (choice() != kCreateUnknown && choice() != kOpenAndCreate) return;
+    const std::wstring number = contact.MainPhoneNumber();
     log.trace(L"Creating new contact from: ", name, L" and ", number, L"...");
-    openWindow(newContact(name, number));
+    openWindow(newItem(name, number));
 }
 
 }  // namespace zelbar

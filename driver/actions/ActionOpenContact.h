@@ -24,7 +24,7 @@ class ActionOpenContact final : public ActionBase<ActionOpenContact> {
     enum Choice : short { kOpenFound = 0, kCreateUnknown = 1, kOpenAndCreate = 2 };
 
     short choice() const;
-    void meetUnknown(const std::wstring& name, const std::wstring& number) const;
+    void meetUnknown(const CallContact& contact) const;
 };
 
 }  // namespace zelbar

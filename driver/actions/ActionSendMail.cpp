@@ -45,7 +45,7 @@ void ActionSendMail::execute(ContactArgument& argument) {
     const CallContact contact(argument);
     const Object mail = driver().outlook.GetApp().object(outlook::CreateMail, outlook::kMailItemType);
     if (const std::wstring address = value(kDestinationAddress).text(); !address.empty()) {
-        log.trace(L"Sending mail to ", address, L" called by ", contact.FullName());
+        log.trace(L"Sending mail to ", address, L" called by ", [&] { return contact.FullName(); });
         mail.object(outlook::Recipients).call(outlook::AddRecipient, address);
     }
     const CallParty party = callPartyOf(contact, L"ActionSendMail", L"Mail : Item get from ID is nothing !");

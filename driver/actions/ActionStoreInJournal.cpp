@@ -31,7 +31,7 @@ void ActionStoreInJournal::execute(ContactArgument& argument) {
     log.trace(L"JOURNAL ---------------");
     if (!argument.given()) giveEmptyContact(argument, true);
     const CallContact contact(argument);
-    log.trace(L"Storing in journal call from ", contact.FullName());
+    log.trace(L"Storing in journal call from ", [&] { return contact.FullName(); });
     const CallParty party =
         callPartyOf(contact, L"ActionStoreInJournal", L"Journal : Item get from ID is nothing !");
     const Object entry =

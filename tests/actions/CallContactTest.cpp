@@ -55,6 +55,19 @@ TEST_F(CallContacts, AClientsOwnContactIsReadByName) {
     EXPECT_EQ(client.references, 1);
 }
 
+TEST_F(CallContacts, ANameThatOnlyTheLogNeedsFailsNoAction) {
+    eva[kFullName] = {};
+    eva[kContactId] = outlook.mailbox().entryId(anna);
+    run(*action(kOpen), known());
+    IDispatch* callers = &client;
+    for (const long id : {kOpen, kJournal, kClose}) runByName(id, reference(callers));
+    const auto mail = action(kMail, {{L"DestinationAddress", L"desk@example.com"}});
+    lateBound(mail).get({L"ExecuteAction"}, client.reference());
+    EXPECT_EQ(saved(SpecialFolder::Journal).size(), 1u);
+    EXPECT_EQ(saved(SpecialFolder::SentMail).size(), 1u);
+    EXPECT_TRUE(windows().empty());
+}
+
 TEST_F(CallContacts, ABrokenContactFailsTheActionOnly) {
     eva[kData] = {};
     for (const long id : {kMail, kJournal, kLaunch}) runByName(id, client.reference());
