@@ -4,6 +4,7 @@
 
 #include <oaidl.h>
 
+#include <algorithm>
 #include <cstring>
 #include <type_traits>
 #include <vector>
@@ -22,8 +23,26 @@ struct LateAnswer {
 inline constexpr WORD kRead = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
 /// By name. The arguments in the order in which they are written; the last ones may be `named`.
-LateAnswer late(IDispatch& object, const wchar_t* name, std::vector<VARIANT> arguments = {},
-                WORD kind = kRead, const std::vector<const wchar_t*>& named = {});
+inline LateAnswer late(IDispatch& object, const wchar_t* name, std::vector<VARIANT> arguments = {},
+                       WORD kind = kRead, const std::vector<const wchar_t*>& named = {}) {
+    std::vector<LPOLESTR> names{const_cast<LPOLESTR>(name)};
+    for (const wchar_t* parameter : named) names.push_back(const_cast<LPOLESTR>(parameter));
+    std::vector<DISPID> ids(names.size());
+    LateAnswer answer;
+    answer.result =
+        object.GetIDsOfNames(IID_NULL, names.data(), static_cast<UINT>(names.size()), 0, ids.data());
+    if (FAILED(answer.result)) return answer;
+    const DISPID member = ids.front();
+    ids.erase(ids.begin());
+    if (kind & DISPATCH_PROPERTYPUT) ids.push_back(DISPID_PROPERTYPUT);
+    std::reverse(ids.begin(), ids.end());
+    std::reverse(arguments.begin(), arguments.end());
+    DISPPARAMS parameters{arguments.data(), ids.data(), static_cast<UINT>(arguments.size()),
+                          static_cast<UINT>(ids.size())};
+    answer.result =
+        object.Invoke(member, IID_NULL, 0, kind, &parameters, answer.value.put(), nullptr, nullptr);
+    return answer;
+}
 
 /// How an argument of a type is marked.
 template <class T>
@@ -35,6 +54,7 @@ constexpr VARTYPE typeOf() {
     if constexpr (std::is_convertible_v<T, IDispatch*>) return VT_DISPATCH;
     if constexpr (std::is_same_v<T, IUnknown*>) return VT_UNKNOWN;
     if constexpr (std::is_same_v<T, VARIANT>) return VT_VARIANT;
+    if constexpr (std::is_same_v<T, SAFEARRAY*>) return VT_ARRAY | VT_VARIANT;
 }
 
 /// An argument by value; nothing is added to what it holds.
@@ -60,6 +80,11 @@ VARIANT referenceTo(T& variable) {
     result.vt = static_cast<VARTYPE>(VT_BYREF | typeOf<T>());
     result.byref = &variable;
     return result;
+}
+/// A reference that leads nowhere.
+template <class T>
+VARIANT nowhere() {
+    return referenceTo(*static_cast<T*>(nullptr));
 }
 
 }  // namespace zelbar

@@ -2,7 +2,6 @@
 
 #include "com/ClassFactory.h"
 #include "com/Collection.h"
-#include "com/DualObject.h"
 #include "connector/cDataConnector.h"
 #include "tests/automation/StrictObject.h"
 #include "tests/fixture/DriverTest.h"
@@ -10,14 +9,14 @@
 namespace zelbar {
 namespace {
 
-struct ObjectsTest : DriverTest {
-    template <class Interface>
-    Com<Interface> ask(IUnknown& object) {
-        Com<Interface> result;
-        EXPECT_EQ(object.QueryInterface(__uuidof(Interface), reinterpret_cast<void**>(result.put())), S_OK);
-        return result;
-    }
-};
+using ObjectsTest = DriverTest;
+
+template <class Interface>
+Com<Interface> ask(IUnknown& object) {
+    Com<Interface> result;
+    object.QueryInterface(__uuidof(Interface), reinterpret_cast<void**>(result.put()));
+    return result;
+}
 
 TEST_F(ObjectsTest, TheFactoryMakesObjectsOfTheirOwnAndCountsLocks) {
     const auto factory = makeClassFactory([] { return Com<IUnknown>(makeObject<cDataConnector>()); });
@@ -25,47 +24,73 @@ TEST_F(ObjectsTest, TheFactoryMakesObjectsOfTheirOwnAndCountsLocks) {
     void** const out = reinterpret_cast<void**>(driver.put());
     EXPECT_EQ(factory->CreateInstance(factory.get(), __uuidof(IUnknown), out), CLASS_E_NOAGGREGATION);
     EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IEnumVARIANT), out), E_NOINTERFACE);
-    EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IUnknown), nullptr), E_POINTER);
     EXPECT_FALSE(driver);
     ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(::DataConnector), out), S_OK);
-    driver.reset();
     const auto failing = makeClassFactory([]() -> Com<IUnknown> { throw std::bad_alloc(); });
+    driver.reset();
     EXPECT_EQ(failing->CreateInstance(nullptr, __uuidof(IUnknown), out), E_OUTOFMEMORY);
-
-    EXPECT_EQ(factory->LockServer(TRUE), S_OK);
-    EXPECT_EQ(moduleState().locks, 1);
-    EXPECT_EQ(factory->LockServer(FALSE), S_OK);
-    EXPECT_EQ(moduleState().locks, 0);
+    for (const BOOL lock : {TRUE, FALSE}) {
+        EXPECT_EQ(factory->LockServer(lock), S_OK);
+        EXPECT_EQ(moduleState().locks, lock);
+    }
 }
 
+/// An object that is neither the events' nor a late-bound one.
+struct DeafObject final : CountedObject<IClassFactory> {
+    ~DeafObject() override = default;
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID, void**) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP LockServer(BOOL) noexcept override { return E_NOTIMPL; }
+};
+
 TEST_F(ObjectsTest, TheEntryObjectTakesListeners) {
-    const auto container = ask<IConnectionPointContainer>(connector());
-    Com<IConnectionPoint> point;
+    auto container = ask<IConnectionPointContainer>(connector());
+    auto identity = ask<IUnknown>(connector());
+    EXPECT_EQ(ask<IUnknown>(*container.get()).get(), identity.get()) << "one object, whichever face is asked";
+    Com<IConnectionPoint> point, walked;
     EXPECT_EQ(container->FindConnectionPoint(__uuidof(::Contact), point.put()), CONNECT_E_NOCONNECTION);
     ASSERT_EQ(container->FindConnectionPoint(DIID___cDataConnector, point.put()), S_OK);
+    auto own = ask<IUnknown>(*point.get());
+    EXPECT_NE(own.get(), identity.get());
+    EXPECT_EQ(ask<IConnectionPoint>(*own.get()).get(), point.get()) << "another apartment knows it by that";
+    EXPECT_FALSE(ask<IDispatch>(*point.get()));
+    Com<IConnectionPointContainer> back;
+    ASSERT_EQ(point->GetConnectionPointContainer(back.put()), S_OK);
+    EXPECT_EQ(ask<IUnknown>(*back.get()).get(), identity.get());
+    Com<IEnumConnectionPoints> points;
+    ASSERT_EQ(container->EnumConnectionPoints(points.put()), S_OK);
+    EXPECT_EQ(points->Next(1, walked.put(), nullptr), S_OK);
+    EXPECT_EQ(walked.get(), point.get());
+    EXPECT_EQ(points->Skip(1), S_FALSE);
     IID events{};
     EXPECT_EQ(point->GetConnectionInterface(&events), S_OK);
     EXPECT_EQ(events, DIID___cDataConnector);
-    EXPECT_EQ(ask<IUnknown>(*container.get()).get(), ask<IUnknown>(connector()).get())
-        << "one object, whichever face is asked";
 
     StrictObject listener({});
     DWORD first = 0, second = 0;
     EXPECT_EQ(point->Advise(nullptr, &first), E_POINTER);
+    EXPECT_EQ(point->Advise(Com<DeafObject>::adopt(new DeafObject).get(), &first), CONNECT_E_CANNOTCONNECT);
     ASSERT_EQ(point->Advise(&listener, &first), S_OK);
     ASSERT_EQ(point->Advise(&listener, &second), S_OK);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(listener.references, 3);
     EXPECT_EQ(point->Unadvise(first), S_OK);
     EXPECT_EQ(point->Unadvise(first), CONNECT_E_NOCONNECTION);
-    EXPECT_EQ(listener.references, 2);
-    point.reset();
-    Com<IConnectionPointContainer> last = container;
+    Com<IEnumConnections> connections;
+    CONNECTDATA data[2]{};
+    ULONG given = 0;
+    ASSERT_EQ(point->EnumConnections(connections.put()), S_OK);
+    EXPECT_EQ(connections->Next(2, data, &given), S_FALSE);
+    ASSERT_EQ(given, 1u);
+    EXPECT_EQ(data[0].dwCookie, second);
+    EXPECT_EQ(listener.references, 4) << "this test's, the point's, the walk's and the one walked to";
+    data[0].pUnk->Release();
+    connections.reset();
+    EXPECT_TRUE(listener.asked.empty());
+    for (auto* reference : {&point, &walked}) reference->reset();
+    for (auto* reference : {&own, &identity}) reference->reset();
+    points.reset();
+    back.reset();
     finish();
     EXPECT_EQ(listener.references, 2) << "the container's reference keeps the whole object";
-    EXPECT_TRUE(listener.asked.empty());
-    const_cast<Com<IConnectionPointContainer>&>(container).reset();
-    last.reset();
+    container.reset();
     EXPECT_EQ(listener.references, 1) << "a listener that forgot to leave is released with the object";
 }
 
@@ -75,42 +100,29 @@ TEST_F(ObjectsTest, ACollectionIsCountedFromOneAndWalked) {
     const struct {
         Variant index;
         const wchar_t* expected;
-    } kCases[] = {{1, L"one"}, {short{3}, L"three"}, {L"2", L"two"},  {2.2, L"two"}, {0, L""}, {-1, L""},
+    } kCases[] = {{1, L"one"}, {short{3}, L"three"}, {L"2", L"two"},  {2.2, L"two"}, {0, L""},
                   {4, L""},    {L"x", L""},          {Variant(), L""}};
     for (const auto& c : kCases) {
         Variant item;
         EXPECT_EQ(collection->Item(c.index.raw(), item.put()), S_OK);
         EXPECT_EQ(item.text(), c.expected);
     }
-
     Com<IUnknown> unknown;
     ASSERT_EQ(collection->NewEnum(unknown.put()), S_OK);
     const auto walk = unknown.as<IEnumVARIANT>();
     collection->add(L"four");
-    const auto next = [&](ULONG wanted) {
-        VARIANT raw[2]{};
-        ULONG given = 0;
-        const HRESULT result = walk->Next(wanted, raw, &given);
-        std::wstring texts;
-        for (VARIANT& value : raw) {
-            if (value.vt == VT_BSTR) texts += std::wstring(value.bstrVal) + L" ";
-            VariantClear(&value);
-        }
-        return texts + std::to_wstring(given) + (result == S_OK ? L"" : L" and no more");
-    };
-    EXPECT_EQ(next(2), L"one two 2");
+    Variant raw[3];
+    ULONG given = 0;
+    EXPECT_EQ(walk->Skip(2), S_OK);
     Com<IEnumVARIANT> copy;
     ASSERT_EQ(walk->Clone(copy.put()), S_OK);
-    EXPECT_EQ(next(2), L"three 1 and no more") << "what there was when the walk began";
-    EXPECT_EQ(next(1), L"0 and no more");
-    Variant third;
-    EXPECT_EQ(copy->Next(1, third.put(), nullptr), S_OK);
-    EXPECT_EQ(third.text(), L"three");
+    EXPECT_EQ(walk->Next(2, raw[0].put(), &given), S_FALSE) << "what there was when the walk began";
+    EXPECT_EQ(given, 1u);
+    EXPECT_EQ(copy->Next(1, raw[1].put(), nullptr), S_OK);
     EXPECT_EQ(walk->Reset(), S_OK);
-    EXPECT_EQ(walk->Skip(2), S_OK);
-    EXPECT_EQ(next(1), L"three 1");
-    EXPECT_EQ(walk->Skip(1), S_FALSE);
-    EXPECT_EQ(walk->Next(2, third.put(), nullptr), E_POINTER);
+    EXPECT_EQ(walk->Next(1, raw[2].put(), nullptr), S_OK);
+    EXPECT_EQ(raw[0].text() + raw[1].text() + raw[2].text(), L"threethreeone");
+    EXPECT_EQ(walk->Next(2, raw[0].put(), nullptr), E_POINTER);
 }
 
 }  // namespace

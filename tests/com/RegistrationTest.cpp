@@ -11,15 +11,16 @@
 namespace zelbar {
 namespace {
 
-constexpr wchar_t kClass[] = L"CLSID\\{98EDA71F-51E6-49F9-BF7A-5F664091FC7C}";
-constexpr wchar_t kLibrary[] = L"TypeLib\\{F03A15CF-DF40-424D-A6AE-D45BD2FEB00B}";
-constexpr wchar_t kContact[] = L"Interface\\{1463C567-6AD7-48BF-AC66-C8B8560C42E5}";
+const std::wstring kClass = L"CLSID\\{98EDA71F-51E6-49F9-BF7A-5F664091FC7C}";
+const std::wstring kLibrary = L"TypeLib\\{F03A15CF-DF40-424D-A6AE-D45BD2FEB00B}";
+const std::wstring kContact = L"Interface\\{1463C567-6AD7-48BF-AC66-C8B8560C42E5}";
 constexpr wchar_t kClasses[] = L"Software\\Classes";
 
 /// The whole branch of classes as a fresh, empty key: another build of the driver may be registered here.
 struct RegistrationTest : testing::Test {
     harness::RegistrySandbox registry;
     HKEY classes = nullptr;
+    const RegisteredClass driver{CLSID_cDataConnector, L"zelbar00.cDataConnector", L"Contacts driver"};
 
     void SetUp() override {
         // The library is found through the registry's true classes; it is kept once read.
@@ -31,37 +32,40 @@ struct RegistrationTest : testing::Test {
         RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
         RegCloseKey(classes);
     }
-
     std::wstring value(const std::wstring& key, const wchar_t* name = L"") {
         return registry.get(HKEY_LOCAL_MACHINE, std::wstring(kClasses) + L"\\" + key, name)
             .value_or(L"(missing)");
     }
-    bool exists(const std::wstring& key) {
-        HKEY opened = nullptr;
-        const bool result = RegOpenKeyW(classes, key.c_str(), &opened) == ERROR_SUCCESS;
-        RegCloseKey(opened);
-        return result;
+    void expectNothingLeft() {
+        for (const auto& key : {driver.progId, kClass, kLibrary, kContact})
+            EXPECT_FALSE(RegKeyExists(HKEY_CLASSES_ROOT, key)) << testing::PrintToString(key);
     }
 };
 
 TEST_F(RegistrationTest, AllThatIsWrittenGoesAgain) {
-    const RegisteredClass driver{CLSID_cDataConnector, L"zelbar00.cDataConnector", L"Contacts driver"};
     ASSERT_EQ(registerServer(driver), S_OK);
     ASSERT_EQ(registerServer(driver), S_OK) << "once more";
-
-    const std::wstring server = std::wstring(kClass) + L"\\InprocServer32";
-    EXPECT_EQ(value(L"zelbar00.cDataConnector\\CLSID"), kClass + 6);
-    EXPECT_EQ(value(std::wstring(kClass) + L"\\ProgID"), L"zelbar00.cDataConnector");
-    EXPECT_EQ(value(std::wstring(kClass) + L"\\TypeLib"), kLibrary + 8);
-    EXPECT_EQ(value(server), modulePath());
-    EXPECT_EQ(value(server, L"ThreadingModel"), L"Apartment");
-    EXPECT_EQ(value(std::wstring(kLibrary) + L"\\1.0\\0\\win32"), modulePath());
-    EXPECT_EQ(value(std::wstring(kContact) + L"\\TypeLib"), kLibrary + 8);
-
+    EXPECT_EQ(value(driver.progId + L"\\CLSID"), kClass.substr(6));
+    EXPECT_EQ(value(kClass + L"\\ProgID"), driver.progId);
+    EXPECT_EQ(value(kClass + L"\\TypeLib"), kLibrary.substr(8));
+    EXPECT_EQ(value(kClass + L"\\InprocServer32"), modulePath());
+    EXPECT_EQ(value(kClass + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
+    EXPECT_EQ(value(kLibrary + L"\\1.0\\0\\win32"), modulePath());
+    EXPECT_EQ(value(kContact + L"\\TypeLib"), kLibrary.substr(8));
     EXPECT_EQ(unregisterServer(driver), S_OK);
-    for (const wchar_t* key : {L"zelbar00.cDataConnector", kClass, kLibrary, kContact})
-        EXPECT_FALSE(RegKeyExists(HKEY_CLASSES_ROOT, key)) << key;
+    expectNothingLeft();
     EXPECT_EQ(unregisterServer(driver), S_OK) << "what is not there is no failure";
+}
+
+TEST_F(RegistrationTest, OneThatIsRefusedLeavesNothingBehind) {
+    // Below a volatile key the system makes no lasting one: the class is refused after its name is written.
+    HKEY refusing = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(classes, L"CLSID", 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr,
+                              &refusing, nullptr),
+              ERROR_SUCCESS);
+    RegCloseKey(refusing);
+    EXPECT_TRUE(FAILED(registerServer(driver)));
+    expectNothingLeft();
 }
 
 }  // namespace
