@@ -50,6 +50,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Choice{"MultiUser", nullptr, L" YES ", L"machine", L"AppData\\Norvane Tessaria", true},
                     Choice{"SingleUser", nullptr, L"NO", L"ma\\chine", L"ma\\chine", false},
                     Choice{"SingleUserWithoutFolder", nullptr, L"no", nullptr, L"", false},
+                    Choice{"SingleUserWithSeparator", nullptr, L"no", L"machine\\", L"machine", false},
+                    Choice{"OwnChoiceWithSeparator", L"own\\", L"no", nullptr, L"own", true},
                     Choice{"OwnChoice", L"own\\data", L"no", L"machine", L"own\\data", true}),
     [](const auto& choice) { return std::string(choice.param.name); });
 

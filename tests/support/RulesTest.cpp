@@ -7,25 +7,18 @@
 namespace zelbar {
 namespace {
 
-TEST(Rules, LeadingInteger16) {
+TEST(Rules, LeadingIntegers) {
     const struct {
         const wchar_t* text;
         std::optional<std::int16_t> number;
-    } cases[] = {{L"-12x", -12}, {L"+7", 7},        {L"x5", 0},
-                 {L"", 0},       {L"-", 0},         {L"+-3", 0},
-                 {L" 5", 0},     {L"32767", 32767}, {L"-32768", -32768},
-                 {L"32768", {}}, {L"-32769", {}},   {L"40000", {}},
-                 {L"00012", 12}, {L"1 2", 1},       {L"99999999999999999999999", {}},
+    } cases[] = {{L"-12x", -12},    {L"+7", 7},          {L"x5", 0},     {L"-", 0},       {L" 5", 0},
+                 {L"32767", 32767}, {L"-32768", -32768}, {L"32768", {}}, {L"-32769", {}}, {L"00012", 12},
                  {L"٣", 0}};
     for (const auto& c : cases)
         EXPECT_EQ(leadingInteger16(c.text), c.number) << testing::PrintToString(c.text);
-}
-
-TEST(Rules, LeadingInteger) {
     EXPECT_EQ(leadingInteger(L"  4 "), 4);
     EXPECT_EQ(leadingInteger(L"fr"), 0);
     EXPECT_EQ(leadingInteger(L"2147483648"), 2147483647);
-    EXPECT_EQ(leadingInteger(L"-99999999999999999999999"), -2147483647 - 1);
 }
 
 TEST(Rules, NumberedTextsAreTakenApart) {
@@ -49,16 +42,6 @@ TEST(Rules, TextFileKeepsGoodLinesOnly) {
     EXPECT_EQ(texts, (TextFile{{5000, "Caf\xC3\xA9"}, {5005, "last"}}));
 }
 
-TEST(Rules, DefaultLanguageTable) {
-    const auto split = splitLanguageTable(kDefaultLanguageTable);
-    EXPECT_TRUE(split.messages.empty());
-    EXPECT_EQ(split.table.size(), 8u);
-    EXPECT_EQ(languageAt(split.table, 6), nullptr);
-    ASSERT_NE(languageAt(split.table, 8), nullptr);
-    EXPECT_EQ(languageAt(split.table, 8)->resource, 5909);
-    EXPECT_EQ(languageAt(split.table, 5)->charset, 238);
-}
-
 TEST(Rules, MalformedLanguageEntries) {
     const struct {
         const wchar_t* entry;
@@ -68,8 +51,6 @@ TEST(Rules, MalformedLanguageEntries) {
         std::int16_t charset;
     } cases[] = {
         {L"9,xx,5910", L"incorrect param number", nullptr, 0, 0},
-        {L"9,xx,5910,0,1", L"incorrect param number", nullptr, 0, 0},
-        {L"", L"incorrect param number", nullptr, 0, 0},
         {L"-1,xx,5910,0", L"incorrect param number", nullptr, 0, 0},
         {L" 9, ,5910,0", L"no path", nullptr, 0, 0},
         {L"9,xx,0,238", L"ressource = null", L"xx", 0, 238},
