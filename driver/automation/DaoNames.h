@@ -30,6 +30,7 @@ inline constexpr const wchar_t* kEngineProgIds[] = {L"DAO.DBEngine.36", L"DAO.DB
 inline constexpr Member SetOption{L"SetOption"};
 inline constexpr Member CreateWorkspace{L"CreateWorkspace", kWorkspace};
 inline constexpr Member OpenDatabase{L"OpenDatabase", kDatabase};
+inline constexpr Member Updatable{L"Updatable"};
 inline constexpr Member CreateDatabase{L"CreateDatabase", kDatabase};
 inline constexpr Member BeginTrans{L"BeginTrans"};
 inline constexpr Member CommitTrans{L"CommitTrans"};

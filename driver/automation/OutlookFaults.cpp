@@ -60,19 +60,23 @@ bool saysBusy(const Fault& fault) {
                                     });
 }
 
+bool saysStarting(const Fault& fault) {
+    return numberOf(fault) == 0x80080005UL;  // it did not come up in time
+}
+
+bool saysNotInstalled(const Fault& fault) {
+    return fault.number == 429;
+}
+
 bool saysOutlookFailed(const Fault& fault) {
     const unsigned long number = numberOf(fault);
-    return saysServerGone(fault) || isTransport(number) ||
-           isOneOf(number,
-                   {
-                       7,    // out of memory
-                       429,  // not installed
-                   }) ||
+    constexpr unsigned long kOutOfMemory = 7;
+    return saysServerGone(fault) || saysStarting(fault) || saysNotInstalled(fault) || isTransport(number) ||
+           number == kOutOfMemory ||
            isOneOf(number & kSignificant, {
                                               0x80040115UL,  // network error
                                               0x8004011CUL,  // the store is not open
                                               0x8004011DUL,  // offline
-                                              0x80080005UL,  // starting or closing, or with other rights
                                           });
 }
 

@@ -18,6 +18,12 @@ bool saysServerGone(const Fault& fault);
 /// Outlook lives, but took the call not now: the same call may succeed later.
 bool saysBusy(const Fault& fault);
 
+/// Outlook is starting or closing just now, or runs with other rights than the caller.
+bool saysStarting(const Fault& fault);
+
+/// There is no Outlook on this machine.
+bool saysNotInstalled(const Fault& fault);
+
 /// The fault is Outlook's own and says nothing of the object that was asked for: gone, busy, starting or
 /// closing, not installed, out of memory, a store or the network behind it out of reach.
 bool saysOutlookFailed(const Fault& fault);

@@ -64,6 +64,16 @@ inline constexpr Setting kSynchroInProgress{
     L"driver, fillcache",
     L"add-in, fillcache",
     L"1 while the cache is being filled; the driver's start waits for its end, at most 40 seconds."};
+inline constexpr Setting kSynchroProcess{CurrentUser,
+                                         L"7316\\Popup",
+                                         L"",
+                                         L"SynchroProcess",
+                                         Text,
+                                         L"nobody",
+                                         L"fillcache",
+                                         L"fillcache",
+                                         L"Which fillcache has set SynchroInProgress; a later one takes back "
+                                         L"what a killed one has left."};
 inline constexpr Setting kInitPSTnumber{
     CurrentUser,      L"7316\\Popup", L"",
     L"InitPSTnumber", Number,         L"0",
@@ -220,6 +230,7 @@ inline constexpr std::array kAll = {
     &kDevelopper,
     &kNoEmailAddressAccess,
     &kSynchroInProgress,
+    &kSynchroProcess,
     &kInitPSTnumber,
     &kLimitPST,
     &kEntryId,

@@ -5,7 +5,8 @@
 namespace zelbar {
 namespace {
 
-constexpr int kItemGone = 1, kServerGone = 2, kBusy = 4, kOutlookFailed = 8;
+constexpr int kItemGone = 1, kServerGone = 2, kBusy = 4, kOutlookFailed = 8, kStarting = 16,
+              kNotInstalled = 32;
 constexpr int kDead = kServerGone | kOutlookFailed;
 
 TEST(OutlookFaults, EveryNumberSaysOneThing) {
@@ -31,11 +32,11 @@ TEST(OutlookFaults, EveryNumberSaysOneThing) {
         {0x80010005, kOutlookFailed},
         {0x800706C6, kOutlookFailed},
         {7, kOutlookFailed},
-        {429, kOutlookFailed},
+        {429, kNotInstalled | kOutlookFailed},
         {0x80040115, kOutlookFailed},
         {0x8004011C, kOutlookFailed},
         {0xC1F4011D, kOutlookFailed},
-        {0x80080005, kOutlookFailed},
+        {0x80080005, kStarting | kOutlookFailed},
         {0, 0},
         {70, 0},
         {91, 0},
@@ -50,7 +51,9 @@ TEST(OutlookFaults, EveryNumberSaysOneThing) {
     for (const auto& c : kCases) {
         const Fault fault{static_cast<long>(c.number), {}, {}};
         const int says = (saysItemGone(fault) ? kItemGone : 0) | (saysServerGone(fault) ? kServerGone : 0) |
-                         (saysBusy(fault) ? kBusy : 0) | (saysOutlookFailed(fault) ? kOutlookFailed : 0);
+                         (saysBusy(fault) ? kBusy : 0) | (saysStarting(fault) ? kStarting : 0) |
+                         (saysNotInstalled(fault) ? kNotInstalled : 0) |
+                         (saysOutlookFailed(fault) ? kOutlookFailed : 0);
         EXPECT_EQ(says, c.says) << std::hex << c.number;
     }
 }
