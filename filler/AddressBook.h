@@ -21,14 +21,20 @@ struct AddressBook {
     };
 
     std::vector<std::wstring> storeIds;
+    /// Stores that the settings name; those that were not read may come back.
+    std::set<std::wstring> listedStores;
     /// Those with a number. The others get no row: the client's list of people to call stays empty when the
     /// first hit has nothing to dial.
     std::vector<Entry> contacts;
     /// Store and identifier of the contacts that could not be read: what is known of them must not be lost.
     std::set<std::pair<std::size_t, std::wstring>> unreadable;
+    /// Stores with items of which not even the identifier could be read: any contact may be among them.
+    std::set<std::size_t> partlyRead;
     long folderCount = 0;
     long contactCount = 0;  ///< With a number or without.
     long unreadCount = 0;   ///< Items that could not be read.
+
+    bool isComplete() const { return unreadCount == 0; }
 };
 
 /// Reads the chosen folders, or the default contacts folder. An item that cannot be read is counted; when

@@ -6,6 +6,7 @@
 #include "automation/DaoEngine.h"
 #include "automation/DaoNames.h"
 #include "automation/Fault.h"
+#include "filler/CacheTable.h"
 #include "filler/Failure.h"
 #include "support/mLogError.h"
 
@@ -38,6 +39,19 @@ Object createEngine(zelbar::Gateway& gateway) {
     }
 }
 
+void putInPlace(const std::wstring& path, Observer& observer) {
+    constexpr int kMostTries = 20;
+    constexpr DWORD kPause = 250;
+    for (int tries = 1; !MoveFileW(unfinishedPath(path).c_str(), path.c_str()); ++tries) {
+        const DWORD error = GetLastError();
+        const bool isHeld =
+            error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!isHeld || tries == kMostTries)
+            throw Failure{L"The new cache cannot be put in its place: " + zelbar::GetSystemErrorText(error)};
+        observer.pause(kPause);
+    }
+}
+
 }  // namespace
 
 CacheFile::CacheFile(zelbar::Gateway& gateway, const std::wstring& path)
@@ -47,7 +61,7 @@ CacheFile::CacheFile(zelbar::Gateway& gateway, const std::wstring& path)
     zelbar::Attempts()([&] { engine.call(dao::SetOption, dao::kMaxLocksPerFile, kMostLocks); });
     workspace_ = engine.object(dao::CreateWorkspace, L"", L"admin", L"", dao::kUseJet);
     if (!isNew_) {
-        database_ = workspace_.object(dao::OpenDatabase, path_);
+        openOld();
         return;
     }
     const std::wstring unfinished = unfinishedPath(path_);
@@ -55,16 +69,22 @@ CacheFile::CacheFile(zelbar::Gateway& gateway, const std::wstring& path)
     database_ = workspace_.object(dao::CreateDatabase, unfinished, kGeneralOrder);
 }
 
+void CacheFile::openOld() {
+    database_ = workspace_.object(dao::OpenDatabase, path_);
+    if (!database_.boolean(dao::Updatable))
+        throw Failure{L"The cache " + path_ + L" is read-only, or its folder is."};
+    tableExists(database_, storeLayout());
+    tableExists(database_, numberLayout());
+}
+
 CacheFile::~CacheFile() {
     close();
     if (isNew_ && !isFinished_) DeleteFileW(unfinishedPath(path_).c_str());
 }
 
-void CacheFile::finish() {
+void CacheFile::finish(Observer& observer) {
     close();
-    if (isNew_ && !MoveFileW(unfinishedPath(path_).c_str(), path_.c_str()))
-        throw Failure{L"The new cache cannot be put in its place: " +
-                      zelbar::GetSystemErrorText(GetLastError())};
+    if (isNew_) putInPlace(path_, observer);
     isFinished_ = true;
 }
 

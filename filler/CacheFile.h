@@ -4,6 +4,7 @@
 
 #include "automation/Gateway.h"
 #include "automation/Object.h"
+#include "filler/Observer.h"
 
 namespace filler {
 
@@ -11,7 +12,8 @@ namespace filler {
 /// it is complete: the driver never meets half a file.
 class CacheFile {
   public:
-    /// Opens the file beside whoever else has it open, or begins a new one. Throws a Fault or a Failure.
+    /// Opens the file beside whoever else has it open, or begins a new one. A file that is damaged, no cache
+    /// or not to be written is refused. Throws a Fault or a Failure.
     CacheFile(zelbar::Gateway& gateway, const std::wstring& path);
     ~CacheFile();
     CacheFile(const CacheFile&) = delete;
@@ -22,10 +24,11 @@ class CacheFile {
     const zelbar::Object& database() const { return database_; }
 
     /// Closes the file after the last change, which nothing can take back now; a new one appears under its
-    /// own name.
-    void finish();
+    /// own name. A virus scanner that holds it is given some seconds.
+    void finish(Observer& observer);
 
   private:
+    void openOld();
     void close() noexcept;
 
     std::wstring path_;

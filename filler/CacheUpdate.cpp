@@ -4,8 +4,6 @@
 #include <map>
 #include <vector>
 
-#include "automation/Fault.h"
-#include "filler/CacheFile.h"
 #include "filler/CacheTable.h"
 #include "filler/StoreKeys.h"
 
@@ -75,8 +73,10 @@ std::vector<Target> targetsOf(const AddressBook& book, const std::vector<StoreKe
 
     std::set<std::pair<std::wstring, std::wstring>> unreadable;
     for (const auto& [store, entryId] : book.unreadable) unreadable.emplace(entryId, keys[store].index);
-    Target numbers{numberLayout(), {}, [unreadable](const Record& row) {
-                       return unreadable.count({row[2], row[3]}) > 0;
+    std::set<std::wstring> partlyRead;
+    for (const std::size_t store : book.partlyRead) partlyRead.insert(keys[store].index);
+    Target numbers{numberLayout(), {}, [unreadable, partlyRead](const Record& row) {
+                       return partlyRead.count(row[3]) > 0 || unreadable.count({row[2], row[3]}) > 0;
                    }};
     for (const AddressBook::Entry& entry : book.contacts) {
         for (const std::wstring& number : entry.contact.numbers)
@@ -111,28 +111,23 @@ CacheChange write(CacheFile& file, const std::vector<Target>& targets, Observer&
     }
     goOn(observer);
     transaction.commit();
-    file.finish();
+    file.finish(observer);
     change.created = file.isNew();
     return change;
 }
 
 }  // namespace
 
-CacheChange updateCache(zelbar::Gateway& gateway, const std::wstring& path, const AddressBook& book,
-                        SynchroFlag& flag, Observer& observer) {
-    try {
-        CacheFile file(gateway, path);
-        const std::vector<Target> targets = targetsOf(book, storeKeys(knownKeys(file), book.storeIds));
-        CacheChange change;
-        if (!isUpToDate(file, targets, observer)) {
-            flag.raise();
-            change = write(file, targets, observer);
-        }
-        change.numberCount = static_cast<long>(targets.back().records.size());
-        return change;
-    } catch (const zelbar::Fault& fault) {
-        throw Failure{L"The cache " + path + L" cannot be updated: " + fault.description};
+CacheChange updateCache(CacheFile& file, const AddressBook& book, SynchroFlag& flag, Observer& observer) {
+    const std::vector<StoreKey> keys = storeKeys(knownKeys(file), book.storeIds, book.listedStores);
+    const std::vector<Target> targets = targetsOf(book, keys);
+    CacheChange change;
+    if (!isUpToDate(file, targets, observer)) {
+        flag.raise();
+        change = write(file, targets, observer);
     }
+    change.numberCount = static_cast<long>(targets.back().records.size());
+    return change;
 }
 
 }  // namespace filler

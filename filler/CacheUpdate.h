@@ -1,9 +1,7 @@
 #pragma once
 
-#include <string>
-
-#include "automation/Gateway.h"
 #include "filler/AddressBook.h"
+#include "filler/CacheFile.h"
 #include "filler/Observer.h"
 #include "filler/SynchroFlag.h"
 
@@ -20,10 +18,9 @@ struct CacheChange {
     bool any() const { return created || storesChanged || added > 0 || removed > 0; }
 };
 
-/// Makes the cache at `path` equal to the address book, in one transaction and under the flag. Only rows that
-/// differ are touched, and where none does nothing is written. Throws a Failure, and the cache stays as it
-/// was.
-CacheChange updateCache(zelbar::Gateway& gateway, const std::wstring& path, const AddressBook& book,
-                        SynchroFlag& flag, Observer& observer);
+/// Makes the cache equal to the address book, in one transaction and under the flag. Only rows that differ
+/// are touched, and where none does nothing is written. Throws a Fault or a Failure, and the cache stays as
+/// it was.
+CacheChange updateCache(CacheFile& file, const AddressBook& book, SynchroFlag& flag, Observer& observer);
 
 }  // namespace filler

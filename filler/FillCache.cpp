@@ -1,7 +1,9 @@
 #include "filler/FillCache.h"
 
+#include "automation/Fault.h"
 #include "automation/Gateway.h"
 #include "filler/AddressBook.h"
+#include "filler/CacheFile.h"
 #include "filler/FolderChoice.h"
 #include "filler/SynchroFlag.h"
 #include "support/Module.h"
@@ -17,18 +19,28 @@ std::wstring counted(long count, const wchar_t* one, const wchar_t* many) {
 
 }  // namespace
 
-std::wstring cachePath() {
+FillResult fillCache(Observer& observer) {
     const zelbar::Module module = zelbar::thisModule();
     zelbar::mLogError errors(module);
-    return zelbar::modMultiUser(module, errors).DataPath() + L"\\connec00.mdb";
-}
-
-FillResult fillCache(Observer& observer) {
-    SynchroFlag flag;
-    zelbar::Gateway gateway;
-    const AddressBook book = readAddressBook(gateway, readFolderChoice(), observer);
-    const CacheChange change = updateCache(gateway, cachePath(), book, flag, observer);
-    return {book.folderCount, book.contactCount, book.unreadCount, change};
+    zelbar::modMultiUser paths(module, errors);
+    const std::wstring path = paths.DataPath() + L"\\connec00.mdb";
+    try {
+        SynchroFlag flag;
+        zelbar::Gateway gateway;
+        const FolderChoice choice = readFolderChoice();
+        // Before Outlook, which takes minutes: a cache that cannot be written is told at once.
+        CacheFile file(gateway, path);
+        const AddressBook book = readAddressBook(gateway, choice, observer);
+        const CacheChange change = updateCache(file, book, flag, observer);
+        if (flag.isOthers())
+            observer.note(
+                L"SynchroInProgress in the registry says that another program is filling the cache. If none "
+                L"is, "
+                L"delete that value: the client waits for it whenever it starts.");
+        return {book.folderCount, book.contactCount, book.unreadCount, change};
+    } catch (const zelbar::Fault& fault) {
+        throw Failure{L"The cache " + path + L" cannot be updated: " + fault.description};
+    }
 }
 
 std::wstring describe(const FillResult& result) {

@@ -13,13 +13,13 @@ struct FillResult {
     long contactCount = 0;
     long unreadCount = 0;
     CacheChange change;
+
+    bool isComplete() const { return unreadCount == 0; }
 };
 
-/// Full path of the cache; makes its folder.
-std::wstring cachePath();
-
-/// Reads Outlook and brings the cache up to date; COM must be there. Throws a Failure, and the cache stays as
-/// it was.
+/// Reads Outlook and brings the cache up to date; COM must be there. Where the data folder is the user's own,
+/// photos of contacts that a complete cache does not hold are deleted. Throws a Failure, and the cache stays
+/// as it was.
 FillResult fillCache(Observer& observer);
 
 /// The result as sentences, one a line.

@@ -1,15 +1,15 @@
 #include "filler/FolderChoice.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "filler/Failure.h"
+#include "filler/StoreKeys.h"
 #include "support/Settings.h"
 #include "support/Text.h"
 
 namespace filler {
 namespace {
-
-/// The driver's table of stores has so many rows.
-constexpr long kMostStores = 100;
 
 long limitOfStores() {
     const long limit = zelbar::leadingInteger(zelbar::getSetting(zelbar::settings::kLimitPST));
@@ -19,13 +19,17 @@ long limitOfStores() {
 }  // namespace
 
 FolderChoice readFolderChoice() {
-    FolderChoice choice{{}, limitOfStores()};
-    for (const zelbar::StoredFolder& stored : zelbar::storedFolders()) {
-        if (!stored.selected) continue;
-        const FolderId folder{stored.entryId, stored.storeId};
-        if (std::find(choice.folders.begin(), choice.folders.end(), folder) == choice.folders.end())
-            choice.folders.push_back(folder);
+    FolderChoice choice{{}, {}, limitOfStores()};
+    std::set<std::pair<std::wstring, std::wstring>> seen;
+    const std::vector<zelbar::StoredFolder> list = zelbar::storedFolders();
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const zelbar::StoredFolder& stored = list[i];
+        if (!stored.storeId.empty()) choice.stores.insert(stored.storeId);
+        if (stored.selected && seen.emplace(stored.entryId, stored.storeId).second)
+            choice.folders.push_back({stored.entryId, stored.storeId, i + 1});
     }
+    if (choice.folders.empty() && !list.empty())
+        throw Failure{L"No contacts folder is chosen. Choose the contacts folders in the client."};
     return choice;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 
 #include "filler/Failure.h"
@@ -16,6 +18,8 @@ class Observer {
     virtual void note(const std::wstring& sentence) = 0;
     /// True once the run is to end as soon as it can.
     virtual bool cancelled() = 0;
+    /// Lets time pass before something is tried again.
+    virtual void pause(DWORD milliseconds) { Sleep(milliseconds); }
 };
 
 /// Ends the run when the observer wants that.

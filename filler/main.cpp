@@ -13,7 +13,7 @@
 
 namespace {
 
-enum ExitStatus { kDone = 0, kUsage = 2, kFailure = 3 };
+enum ExitStatus { kDone = 0, kIncomplete = 1, kUsage = 2, kFailure = 3 };
 
 constexpr wchar_t kHelp[] =
     L"Fills the contact cache of Tessaria (connec00.mdb in the data folder) from Outlook.\n"
@@ -27,7 +27,7 @@ constexpr wchar_t kHelp[] =
     L"  -q, --quiet   say nothing unless something goes wrong\n"
     L"  -h, --help    this text\n"
     L"\n"
-    L"Exit status: 0 the cache is up to date, 2 wrong usage, 3 failure.\n";
+    L"Exit status: 0 the cache is up to date, 1 it is, but not complete, 2 wrong usage, 3 failure.\n";
 
 /// Shows a run on the console.
 class ConsoleObserver final : public filler::Observer {
@@ -92,7 +92,10 @@ int run(bool isQuiet, const filler::Console& output, const filler::Console& erro
         const filler::FillResult result = filler::fillCache(observer);
         observer.endLine();
         if (!isQuiet) output.write(filler::describe(result));
-        return kDone;
+        if (result.isComplete()) return kDone;
+        errors.write(L"fillcache: The cache is not complete: " + std::to_wstring(result.unreadCount) +
+                     L" could not be read. What it had of them was kept.\n");
+        return kIncomplete;
     } catch (const filler::Failure& failure) {
         reason = failure.sentence;
     } catch (...) {
@@ -110,7 +113,7 @@ int wmain(int count, wchar_t** arguments) {
     bool isQuiet = false;
     for (int i = 1; i < count; ++i) {
         const std::wstring_view argument = arguments[i];
-        if (argument == L"--help" || argument == L"-h") {
+        if (argument == L"--help" || argument == L"-h" || argument == L"/?") {
             output.write(kHelp);
             return kDone;
         }

@@ -2,6 +2,7 @@
 
 #include "filler/ContactText.h"
 #include "filler/StoreKeys.h"
+#include "tests/harness/Process.h"
 
 namespace {
 
@@ -21,29 +22,43 @@ TEST(ContactText, NamesAContactAsItIsSearched) {
 }
 
 TEST(ContactText, KeepsNumbersAsTheyAreWrittenOnceEach) {
-    const std::vector<std::wstring> written = {
-        L"+33 (0)1 23-45", L"", L" 4711\t", L"4711", L"\u00a0", L"04711", std::wstring(256, L'1'),
-        L"#31# 0800 CALL"};
-    const std::vector<std::wstring> stored = {L"+33 (0)1 23-45", L"4711", L"04711", L"#31# 0800 CALL"};
-    EXPECT_EQ(filler::storedNumbers(written), stored);
+    const std::vector<std::wstring> stored = {L"+33 (0)1 23-45", L"4711", L"04711"};
+    EXPECT_EQ(filler::storedNumbers({L"+33 (0)1 23-45", L"", L" 4711\t", L"4711", L"\u00a0", L"04711",
+                                     std::wstring(256, L'1')}),
+              stored);
 }
 
 TEST(StoreKeys, StayWithTheirStores) {
     using Keys = std::vector<std::wstring>;
+    const auto keysOf = [](const std::vector<filler::StoreKey>& known, const Keys& stores) {
+        Keys indexes;
+        for (const auto& key : filler::storeKeys(known, stores, {L"A", L"B"})) indexes.push_back(key.index);
+        return indexes;
+    };
+    const Keys fresh = keysOf({}, {L"A", L"C"});
+    EXPECT_NE(fresh[0], fresh[1]);
     const struct {
         std::vector<filler::StoreKey> known;
         Keys stores, indexes;
     } cases[] = {
-        {{}, {L"A", L"B"}, {L"1", L"2"}},
-        {{{L"1", L"A"}, {L"2", L"B"}}, {L"B", L"C"}, {L"2", L"3"}},
-        {{{L"pst", L"A"}, {L"7", L"B"}}, {L"C", L"A"}, {L"8", L"pst"}},
-        {{{L"1", L"A"}, {L"1", L"B"}, {L"", L"C"}}, {L"A", L"B", L"C"}, {L"1", L"2", L"3"}},
+        {{}, {L"C"}, {fresh[1]}},
+        {{{L"1", L"A"}, {L"2", L"B"}}, {L"B", L"C"}, {L"2", fresh[1], L"1"}},
+        {{{L"1", L"B"}, {L"2", L"gone for good"}}, {L"A"}, {fresh[0], L"1"}},
+        {{{L"1", L"B"}, {L"1", L"A"}, {L"", L"C"}}, {L"B", L"A", L"C"}, {L"1", fresh[0], fresh[1]}},
     };
-    for (const auto& c : cases) {
-        Keys indexes;
-        for (const auto& key : filler::storeKeys(c.known, c.stores)) indexes.push_back(key.index);
-        EXPECT_EQ(indexes, c.indexes);
-    }
+    for (const auto& c : cases) EXPECT_EQ(keysOf(c.known, c.stores), c.indexes);
+    const std::vector<filler::StoreKey> many(100, {L"1", L"B"});
+    EXPECT_EQ(keysOf(many, Keys(100, L"X")).size(), 100u);
+}
+
+TEST(Program, ExplainsItself) {
+    const std::wstring program = L"\"" + harness::programFolder() + L"\\fillcache.exe\" ";
+    const harness::Ended help = harness::run(program + L"/?");
+    EXPECT_EQ(help.exitCode, 0u);
+    EXPECT_NE(help.out.find("--quiet"), std::string::npos);
+    const harness::Ended wrong = harness::run(program + L"--quiet --f\u00f6lder");
+    EXPECT_EQ(wrong.exitCode, 2u);
+    EXPECT_NE(wrong.error.find("--f\xC3\xB6lder"), std::string::npos);
 }
 
 }  // namespace

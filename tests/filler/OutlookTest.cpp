@@ -1,0 +1,133 @@
+#include "tests/filler/Fixture.h"
+#include "tests/harness/Files.h"
+
+/// What the filler makes of Outlook, and of an Outlook that fails.
+namespace {
+
+using OutlookTest = FillerTest;
+
+constexpr HRESULT kBusy = static_cast<HRESULT>(0x80010001), kStarting = static_cast<HRESULT>(0x80080005);
+const standin::Failure kBroken{E_FAIL, L"Broken item."};
+
+TEST_F(OutlookTest, TheDefaultFolderServesWhoHasNeverChosen) {
+    const ItemRecord byron = addPerson(contacts(), L"Byron", L"+44 20 1");
+    const FolderRecord others = addFolder(box_.defaultStore(), L"Others");
+    addPerson(others, L"Other", L"9");
+    ASSERT_EQ(fill(), L"");
+    const Texts before = content();
+    const std::wstring key = rows(L"TStoreID", {L"Index"}).at(0);
+    EXPECT_EQ(stores(), (Texts{key + L"|" + box_.storeId(box_.defaultStore().id)}));
+    EXPECT_EQ(before, (Texts{L"Byron|+44 20 1|" + box_.entryId(byron) + L"|" + key}));
+    EXPECT_EQ(filler::describe(result_),
+              L"1 contact in 1 folder, 1 number.\n1 row added, 0 removed.\n"
+              L"Restart the telephony client: it reads the list of stores only when it starts.\n");
+    choose(1, others, L"0");
+    EXPECT_EQ(fill(), L"No contacts folder is chosen. Choose the contacts folders in the client.");
+    EXPECT_EQ(content(), before);
+}
+
+TEST_F(OutlookTest, TakesWhatCanBeSearchedAndCalled) {
+    const standin::outlook::Fields known[] = {
+        {{L"LastName", L"Twice"}, {L"HomeTelephoneNumber", L"1"}, {L"CarTelephoneNumber", L" 1 "}},
+        {{L"CompanyName", L"Engines"}, {L"PagerNumber", L"2"}},
+        {{L"FileAs", L"Filed"}, {L"TelexNumber", L"3"}},
+        {{L"LastName", L"Silent"}, {L"Email1Address", L"silent@example.com"}}};
+    for (const auto& fields : known) box_.addContact(contacts().id, fields);
+    box_.addDistributionList(contacts().id, L"Team");
+    ASSERT_EQ(fill(), L"");
+    EXPECT_EQ(people(), (Texts{L"Engines|2", L"Filed|3", L"Twice|1"}));
+    EXPECT_EQ(result_.contactCount, 4);
+}
+
+TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
+    const auto archive = box_.addStore(L"Archive");
+    const FolderRecord old = addFolder(archive, L"Old"), others = addFolder(box_.defaultStore(), L"Others");
+    addPerson(contacts(), L"Unselected", L"1");
+    addPerson(old, L"Old", L"2");
+    addPerson(others, L"Other", L"3");
+    for (int i = 1; i <= 16; ++i) choose(i, contacts(), L"0");
+    choose(17, others, L"");
+    choose(18, old);
+    choose(19, others);
+    ASSERT_EQ(fill(), L"");
+    const Texts all = content();
+    EXPECT_EQ(people(), (Texts{L"Old|2", L"Other|3"}));
+    EXPECT_EQ(result_.folderCount, 2);
+    // Not found for a moment: its rows go and come back under the same key.
+    outlook_.faults().failMember(L"GetFolderFromID", {static_cast<HRESULT>(0x8004010F)}, 1);
+    ASSERT_EQ(fill(), L"");
+    EXPECT_EQ(people(), (Texts{L"Old|2"}));
+    EXPECT_EQ(stores().size(), 2u);
+    EXPECT_EQ(observer_.notes, (Texts{L"The chosen folder number 17 (in " + box_.defaultStore().name +
+                                      L") does not exist any more and was left out."}));
+    ASSERT_EQ(fill(), L"");
+    EXPECT_EQ(content(), all);
+    registry_.set(HKEY_CURRENT_USER, kPopup, L"LimitPST", L"1");
+    ASSERT_EQ(fill(), L"");
+    EXPECT_EQ(people(), (Texts{L"Other|3"}));
+    EXPECT_NE(observer_.notes.at(0).find(L"The folder \\Archive\\Old was left out"), std::wstring::npos);
+    // A store that is not open may come back; a deleted folder does not.
+    box_.removeStore(archive.id);
+    EXPECT_EQ(fill().find(L"The chosen folder number 18 cannot be opened in Outlook"), 0u);
+    choose(18, others);
+    box_.eraseFolder(others.id);
+    EXPECT_EQ(fill(), L"None of the chosen folders exists any more. Choose the contacts folders again.");
+    EXPECT_EQ(people(), (Texts{L"Other|3"}));
+}
+
+TEST_F(OutlookTest, WhatCannotBeReadKeepsItsRows) {
+    const FolderRecord old = addFolder(box_.addStore(L"Archive"), L"Old");
+    choose(1, contacts());
+    choose(2, old);
+    addPerson(contacts(), L"Byron", L"1");
+    const std::pair<const wchar_t*, bool> cases[] = {
+        {L"Items.Item", false}, {L"Class", false}, {L"EntryID", false}, {L"TelexNumber", true}};
+    for (const auto& [member, isIdentifierKnown] : cases) {
+        SCOPED_TRACE(member);
+        const ItemRecord deleted = addPerson(contacts(), L"Deleted", L"2"),
+                         other = addPerson(old, L"Other", L"3"),
+                         unread = addPerson(contacts(), L"Unread", L"4");
+        ASSERT_EQ(fill(), L"");
+        box_.eraseItem(deleted.id);
+        box_.eraseItem(other.id);
+        outlook_.faults().failMember(member, kBroken, 1);
+        ASSERT_EQ(fill(), L"");
+        EXPECT_FALSE(result_.isComplete());
+        EXPECT_EQ(people().size(), isIdentifierKnown ? 2u : 3u);
+        EXPECT_EQ(observer_.notes,
+                  (Texts{L"Contacts that could not be read in \\" + box_.defaultStore().name + L"\\" +
+                         contacts().name + L": 1. The last reason: Broken item."}));
+        ASSERT_EQ(fill(), L"");
+        EXPECT_TRUE(result_.isComplete());
+        EXPECT_EQ(people(), (Texts{L"Byron|1", L"Unread|4"}));
+        box_.eraseItem(unread.id);
+    }
+    outlook_.faults().failMember(L"LastName", kBroken);
+    EXPECT_NE(fill().find(L"none of the contacts"), std::wstring::npos);
+}
+
+TEST_F(OutlookTest, ItemsMayBeDeletedWhileTheyAreRead) {
+    const ItemRecord deleted[] = {addPerson(contacts(), L"Byron", L"1"),
+                                  addPerson(contacts(), L"Hopper", L"2")};
+    addPerson(contacts(), L"Lovelace", L"3");
+    observer_.onProgress = [&](const std::wstring&) {
+        for (const ItemRecord& item : deleted) box_.eraseItem(item.id);
+    };
+    ASSERT_EQ(fill(), L"");
+    EXPECT_TRUE(result_.isComplete());
+    EXPECT_EQ(people(), (Texts{L"Lovelace|3"}));
+}
+
+TEST_F(OutlookTest, OneThatDoesNotComeIsToldAfterSomeTries) {
+    const std::pair<HRESULT, const wchar_t*> cases[] = {
+        {kStarting, L"Outlook cannot be read: it is starting or closing"},
+        {kBusy, L"Outlook cannot be read: it is busy"},
+        {REGDB_E_CLASSNOTREG, L"Outlook cannot be read: it is not installed"}};
+    for (const auto& [fault, sentence] : cases) {
+        outlook_.faults().failCreation(fault);
+        EXPECT_EQ(fill().find(sentence), 0u);
+        EXPECT_EQ(observer_.pauses > 10, fault != REGDB_E_CLASSNOTREG);
+    }
+}
+
+}  // namespace
