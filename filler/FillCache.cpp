@@ -5,6 +5,7 @@
 #include "filler/AddressBook.h"
 #include "filler/CacheFile.h"
 #include "filler/FolderChoice.h"
+#include "filler/Photos.h"
 #include "filler/SynchroFlag.h"
 #include "support/Module.h"
 #include "support/mLogError.h"
@@ -32,6 +33,7 @@ FillResult fillCache(Observer& observer) {
         CacheFile file(gateway, path);
         const AddressBook book = readAddressBook(gateway, choice, observer);
         const CacheChange change = updateCache(file, book, flag, observer);
+        if (book.isComplete() && paths.IsPerUserPath()) removeOldPhotos(paths.DataPath(), book);
         if (flag.isOthers())
             observer.note(
                 L"SynchroInProgress in the registry says that another program is filling the cache. If none "

@@ -130,4 +130,26 @@ TEST_F(OutlookTest, OneThatDoesNotComeIsToldAfterSomeTries) {
     }
 }
 
+TEST_F(OutlookTest, PhotosGoWithTheContacts) {
+    const ItemRecord byron = addPerson(contacts(), L"Byron", L"1");
+    const std::wstring old = folder_.file(L"PimContact_00ab.jpg");
+    const Texts others = {L"pimcontact_" + box_.entryId(byron) + L".jpg", L"pimcontact_xyz.jpg", L"AB.jpg"};
+    for (const std::wstring& name : others) harness::writeFile(folder_.file(name), "");
+    harness::writeFile(old, "");
+    addPerson(contacts(), L"Hopper", L"2");
+    outlook_.faults().failMember(L"TelexNumber", kBroken, 1);
+    ASSERT_EQ(fill(), L"");
+    EXPECT_TRUE(harness::exists(old)) << "the cache is not complete";
+    ASSERT_EQ(fill(), L"");
+    EXPECT_FALSE(harness::exists(old));
+    for (const std::wstring& name : others) EXPECT_TRUE(harness::exists(folder_.file(name)));
+    // A folder for all users holds photos of other users' contacts.
+    harness::writeFile(old, "");
+    registry_.set(HKEY_CURRENT_USER, kClient, L"DataPath", L"");
+    registry_.set(HKEY_LOCAL_MACHINE, L"Software\\Norvane\\7316\\Install", L"MultiUser", L"no");
+    registry_.set(HKEY_LOCAL_MACHINE, L"Software\\Norvane\\7316\\Install", L"DataPath", folder_.path());
+    ASSERT_EQ(fill(), L"");
+    EXPECT_TRUE(harness::exists(old));
+}
+
 }  // namespace
