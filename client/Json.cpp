@@ -14,11 +14,6 @@ std::wstring escaped(wchar_t unit) {
     return result;
 }
 
-/// Readers that evaluate JSON as script take the two separators for line ends.
-bool needsEscape(wchar_t unit) {
-    return isControl(unit) || unit == 0x2028 || unit == 0x2029;
-}
-
 bool isHighSurrogate(wchar_t unit) {
     return unit >= 0xD800 && unit < 0xDC00;
 }
@@ -38,7 +33,7 @@ std::wstring quoted(std::wstring_view text) {
             result += L"\\n";
         } else if (unit == L'\t') {
             result += L"\\t";
-        } else if (needsEscape(unit)) {
+        } else if (steersScreen(unit)) {
             result += escaped(unit);
         } else if (isHighSurrogate(unit) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
             result += unit;

@@ -13,7 +13,6 @@ TEST(Text, BecomesBytesEvenWhenItIsBroken) {
     EXPECT_EQ("a\xC3\xA9\xF0\x9F\x98\x80", utf8(L"a\u00E9\U0001F600"));
     EXPECT_EQ("\xEF\xBF\xBDx\xEF\xBF\xBD", utf8(L"\xDE00x\xD83D"));
     EXPECT_EQ(std::string("a\0b", 3), utf8(std::wstring(L"a\0b", 3)));
-    EXPECT_EQ(80000u, utf8(std::wstring(40000, L'\u00E9')).size());
 }
 
 TEST(ContactText, ShowsWhatIsThereAndNothingElse) {
@@ -41,8 +40,8 @@ TEST(ContactText, LetsNoNameSteerTheScreen) {
     ContactCard card;
     card.firstName = L"A\x1B[2J";
     card.lastName = L"B\r\n\x9D";
-    card.department = L"x\ty";
-    EXPECT_EQ(L"A [2J B   \n  Department    x y\n  In Outlook    no\n", contactText(card, false));
+    card.department = L"x\ty\u202Ez\u2069\u200F";
+    EXPECT_EQ(L"A [2J B   \n  Department    x y z  \n  In Outlook    no\n", contactText(card, false));
 }
 
 TEST(ContactCard, TakesEntriesApart) {
