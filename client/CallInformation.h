@@ -19,7 +19,7 @@ struct CallDetails {
 };
 
 /// The fields that the driver's actions read in a contact's personal data. Throws `UsageError` for a detail
-/// with a ";", which would end its field.
+/// with a ";", which would end its field, or with what begins a later one.
 std::wstring callInformation(const CallDetails& details);
 
 }  // namespace pimcall
