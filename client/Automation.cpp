@@ -105,7 +105,8 @@ std::wstring describe(HRESULT result) {
 
 void require(HRESULT result, std::wstring_view step) {
     if (FAILED(result))
-        throw Failure(L"The driver failed in " + std::wstring(step) + L": " + describe(result) + L".");
+        throw Failure(L"The driver failed in " + std::wstring(step) + L": " + describe(result) + L".",
+                      ExitCode::Failed, result);
 }
 
 std::vector<Value> elementsOf(IDispatch& collection) {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "client/Action.h"
 #include "client/Automation.h"
-#include "client/CallAction.h"
 
 namespace pimcall {
 

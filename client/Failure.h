@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <exception>
 #include <string>
 #include <utility>
@@ -12,16 +14,19 @@ enum class ExitCode { Found = 0, NotFound = 1, Usage = 2, Failed = 3 };
 /// Ends the program with one plain sentence for its user.
 class Failure : public std::exception {
   public:
-    explicit Failure(std::wstring sentence, ExitCode exitCode = ExitCode::Failed)
-        : sentence_(std::move(sentence)), exitCode_(exitCode) {}
+    explicit Failure(std::wstring sentence, ExitCode exitCode = ExitCode::Failed, HRESULT result = E_FAIL)
+        : sentence_(std::move(sentence)), exitCode_(exitCode), result_(result) {}
 
     const std::wstring& sentence() const { return sentence_; }
     ExitCode exitCode() const { return exitCode_; }
+    /// What a call came back with; E_FAIL where it was no call that failed.
+    HRESULT result() const { return result_; }
     const char* what() const noexcept override { return "pimcall::Failure"; }
 
   private:
     std::wstring sentence_;
     ExitCode exitCode_;
+    HRESULT result_;
 };
 
 /// The command line is not one that the program understands.

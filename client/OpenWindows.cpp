@@ -22,7 +22,9 @@ bool hasOpenWindow() {
     return found;
 }
 
-void serveOpenWindows() {
+void serveOpenWindows(Writer& notes) {
+    if (hasOpenWindow())
+        notes.line(L"pimcall: a window of the driver is open; this program ends when it has been closed.");
     while (hasOpenWindow()) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, kLongestNapMilliseconds, QS_ALLINPUT);
         MSG message;

@@ -1,5 +1,6 @@
 #include "client/OutlookFolders.h"
 
+#include "automation/OutlookFaults.h"
 #include "client/Automation.h"
 #include "client/Failure.h"
 
@@ -32,11 +33,18 @@ ComPtr<IDispatch> storesOf(IDispatch& application) {
     return objectOf(resultOf(*session.Get(), L"Folders"));
 }
 
+/// Whether Outlook was just about to end: a new one can be asked.
+bool isLeaving(const Failure& failure) {
+    return failure.result() == CO_E_SERVER_EXEC_FAILURE ||
+           zelbar::saysServerGone(zelbar::faultOf(failure.result(), L"Outlook"));
+}
+
 class Walk {
   public:
     explicit Walk(OutlookFolders& found) : found_(found) {}
 
-    /// Visits what a collection of folders holds. What fails costs only itself and what is below it.
+    /// Visits what a collection of folders holds. What fails costs only itself and what is below it, but for
+    /// an Outlook that leaves.
     void through(IDispatch& folders, const std::wstring& parentPath) {
         const long count = resultOf(folders, L"Count").integer();
         for (long number = 1; number <= count; ++number)
@@ -48,8 +56,9 @@ class Walk {
     void attempt(const Step& step) {
         try {
             step();
-        } catch (const Failure&) {
+        } catch (const Failure& failure) {
             found_.complete = false;
+            if (isLeaving(failure)) throw;
         }
     }
 
@@ -66,21 +75,31 @@ class Walk {
     OutlookFolders& found_;
 };
 
+void readOnce(OutlookFolders& found) {
+    // Held to the end: an Outlook that was started for this might leave with it.
+    const ComPtr<IDispatch> application = startOutlook();
+    const ComPtr<IDispatch> stores = storesOf(*application.Get());
+    found.reached = found.complete = true;
+    Walk(found).through(*stores.Get(), L"");
+}
+
 }  // namespace
 
 OutlookFolders readOutlookFolders() {
-    OutlookFolders found;
-    try {
-        // Held to the end: an Outlook that was started for this might leave with it.
-        const ComPtr<IDispatch> application = startOutlook();
-        const ComPtr<IDispatch> stores = storesOf(*application.Get());
-        found.complete = true;
-        Walk(found).through(*stores.Get(), L"");
-        found.reached = true;
-    } catch (const Failure&) {
-        found = {};
+    constexpr int kTries = 10;
+    constexpr DWORD kPauseMilliseconds = 1000;
+    for (int tries = 1;; ++tries) {
+        OutlookFolders found;
+        try {
+            readOnce(found);
+            return found;
+        } catch (const Failure& failure) {
+            found.complete = false;
+            if (!isLeaving(failure) || tries == kTries) return found;
+        }
+        // The first time it has mostly gone already.
+        if (tries > 1) Sleep(kPauseMilliseconds);
     }
-    return found;
 }
 
 }  // namespace pimcall

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 
+#include "automation/BusyRetry.h"
 #include "client/Text.h"
 #include "client/commands/Commands.h"
 
@@ -44,8 +45,8 @@ const Command& commandNamed(const std::wstring& name) {
     throw UsageError(L"There is no command \"" + name + L"\".");
 }
 
-ExitCode dispatch(const std::vector<std::wstring>& words, const std::function<Driver()>& driver,
-                  Writer& out) {
+ExitCode dispatch(const std::vector<std::wstring>& words, const std::function<Driver()>& driver, Writer& out,
+                  Writer& notes) {
     if (words.empty()) throw UsageError(L"A command is needed.");
     if (words.front() == L"--help") {
         out.write(help());
@@ -53,7 +54,7 @@ ExitCode dispatch(const std::vector<std::wstring>& words, const std::function<Dr
     }
     if (words.front() == L"--version") {
         out.line(L"pimcall " PIMCALL_VERSION);
-        out.line(L"Driver: " + driverState(driver));
+        out.line(oneLine(L"Driver: " + driverState(driver)));
         return ExitCode::Found;
     }
     const Command& command = commandNamed(words.front());
@@ -64,7 +65,7 @@ ExitCode dispatch(const std::vector<std::wstring>& words, const std::function<Dr
         out.write(help());
         return ExitCode::Found;
     }
-    return command.run({arguments, out, driver});
+    return command.run({arguments, out, notes, driver});
 }
 
 /// The last words of the program; when not even they can be written, the exit status has to do.
@@ -82,7 +83,9 @@ ExitCode tell(Writer& error, std::wstring_view sentence, ExitCode exitCode) noex
 ExitCode runProgram(const std::vector<std::wstring>& words, const std::function<Driver()>& driver,
                     Writer& out, Writer& error) noexcept {
     try {
-        return dispatch(words, driver, out);
+        // Outlook may be starting, or show a dialog.
+        const zelbar::BusyRetry retry;
+        return dispatch(words, driver, out, error);
     } catch (const Failure& failure) {
         return tell(error, failure.sentence(), failure.exitCode());
     } catch (const std::bad_alloc&) {

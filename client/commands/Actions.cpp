@@ -1,4 +1,4 @@
-#include "client/Actions.h"
+#include "client/ActionReport.h"
 
 #include "client/commands/Commands.h"
 

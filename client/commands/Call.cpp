@@ -3,7 +3,7 @@
 #include <string>
 
 #include "client/ActionOptions.h"
-#include "client/Actions.h"
+#include "client/ActionReport.h"
 #include "client/CallInformation.h"
 #include "client/ContactCard.h"
 #include "client/ContactJson.h"
@@ -106,7 +106,7 @@ ExitCode run(const Context& context) {
     else
         context.out.write(reportText(report, context.verbose()));
     // A program that did not start is told in a window, which is gone when this program ends.
-    serveOpenWindows();
+    serveOpenWindows(context.notes);
     return report.contact.inPim ? ExitCode::Found : ExitCode::NotFound;
 }
 

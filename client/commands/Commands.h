@@ -14,6 +14,8 @@ namespace pimcall {
 struct Context {
     const Arguments& arguments;
     Writer& out;
+    /// For remarks that are no part of the answer.
+    Writer& notes;
     /// Makes the driver. A command calls it once its arguments are known to be good.
     std::function<Driver()> driver;
 

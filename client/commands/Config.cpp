@@ -11,7 +11,7 @@ ExitCode run(const Context& context) {
     driver.configure();
     if (!hasOpenWindow())
         throw Failure(L"The driver opened no window; its log and the user's error file tell why.");
-    serveOpenWindows();
+    serveOpenWindows(context.notes);
     const bool configured = driver.isConfigured();
     if (context.json())
         context.out.line(json::Object().boolean(L"configured", configured).str());

@@ -1,9 +1,12 @@
+#include <objidl.h>
+
 #include "tests/client/HostedTest.h"
 
 namespace pimcall {
 namespace {
 
 using CallTest = HostedTest;
+using zelbar::Com;
 
 constexpr wchar_t kActions[] =
     L"\nActions: Open the contact; Close the contact; Send an e-mail; Write a journal entry; "
@@ -48,12 +51,6 @@ TEST_F(CallTest, AnUnknownCaller) {
     EXPECT_TRUE(out.ends_with(L"\"run\":[],\"contactReleased\":false}\n"));
 }
 
-TEST_F(CallTest, ACallerWhoseContactHasGoneIsNotAPlainMiss) {
-    writeCache({{L"Able", L"1", L"00FF"}});
-    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"1"}));
-    EXPECT_NE(std::wstring::npos, out.find(L"The search did find something, or could not be carried out"));
-}
-
 TEST_F(CallTest, FindsOneOrAll) {
     writeCache({addListed(L"Bo", L"Baker", L"21"), addListed(L"Cy", L"Carr", L"22")});
     const std::wstring baker = L"Baker, Bo\n  Telephone     Business  21\n  In Outlook    yes\n";
@@ -78,7 +75,9 @@ TEST_F(CallTest, FindsOneOrAll) {
 }
 
 TEST_F(CallTest, ListsWhatStandsBehindAStaleEntry) {
-    writeCache({{L"Able", L"1", L"00FF"}, addListed(L"Bo", L"Baker", L"2")});
+    writeCache({{L"Able", L"1", L"00FF"}, {L"Aft", L"3", L"00FE"}, addListed(L"Bo", L"Baker", L"2")});
+    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"3"}));
+    EXPECT_NE(std::wstring::npos, out.find(L"The search did find something, or could not be carried out"));
     EXPECT_EQ(ExitCode::Found, run({L"find", L"--name", L"*", L"--all"}));
     EXPECT_TRUE(out.starts_with(L"Baker, Bo\n")) << out.c_str();
     EXPECT_TRUE(out.ends_with(L"\n1 contact\n"));
@@ -91,13 +90,21 @@ TEST_F(CallTest, TakesAnyText) {
                                      std::wstring(L"\xD83D"), std::wstring(L" ")}) {
         EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--name", text, L"--json"}));
         EXPECT_EQ(L"null\n", out);
-        EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--number", text, L"--json", L"--all"}));
-        EXPECT_EQ(L"[]\n", out);
         EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", text}));
         EXPECT_EQ(ExitCode::NotFound, run({L"show", text}));
         EXPECT_EQ(L"No contact has this identifier.\n", out);
     }
     EXPECT_EQ(1, cacheRows());
+}
+
+TEST_F(CallTest, ABusyOutlookIsTriedAgainWhileTheProgramRuns) {
+    Com<IMessageFilter> filter;
+    const ProgramRun run({L"actions"}, [&filter] {
+        CoRegisterMessageFilter(nullptr, filter.put());
+        return Driver::create();
+    });
+    ASSERT_TRUE(filter);
+    EXPECT_EQ(filter->RetryRejectedCall(nullptr, 1000, SERVERCALL_RETRYLATER), 200u);
 }
 
 TEST_F(CallTest, TellsTheVersionOfOutlook) {

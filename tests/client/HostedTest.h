@@ -23,10 +23,10 @@ class HostedTest : public zelbar::DriverTest {
         DriverTest::TearDown();
     }
 
-    /// Runs the program, which must not report an error. What it wrote is in `out`.
-    ExitCode run(const std::vector<std::wstring>& words) {
+    /// Runs the program, which must not report more than `notes`. What it answered is in `out`.
+    ExitCode run(const std::vector<std::wstring>& words, const std::wstring& notes = L"") {
         const ProgramRun run(words, Driver::create);
-        EXPECT_EQ(L"", run.error);
+        EXPECT_EQ(notes, run.error);
         out = run.out;
         return run.exitCode;
     }

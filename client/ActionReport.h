@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "client/CallAction.h"
+#include "client/Action.h"
 
 namespace pimcall {
 

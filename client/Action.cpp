@@ -1,4 +1,4 @@
-#include "client/CallAction.h"
+#include "client/Action.h"
 
 #include "client/Failure.h"
 
