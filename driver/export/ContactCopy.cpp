@@ -17,8 +17,9 @@ void copyToContactItem(const Object& item, const EmployeeRow& row, const ExportC
                        const AddressAccess& addresses) {
     for (size_t i = 0; i < kExportedColumnCount; ++i) {
         const ExportedColumn& column = kExportedColumns[i];
-        if (row.texts[i].empty() || (column.isAddress && !addresses.allowed())) continue;
-        item.put(column.field, row.texts[i]);
+        const std::optional<std::wstring>& text = row.texts[i];
+        if (!text || text->empty() || (column.isAddress && !addresses.allowed())) continue;
+        item.put(column.field, *text);
     }
     item.put(outlook::Categories, categories.of(row.mode));
 }
@@ -29,8 +30,8 @@ ContactChanges changesFor(const ExportedContact& contact, const EmployeeRow& row
                           const ExportCategories& categories) {
     ContactChanges changes;
     for (size_t i = 0; i < kExportedColumnCount; ++i)
-        if (contact.texts[i] && *contact.texts[i] != row.texts[i])
-            changes.fields.emplace_back(&kExportedColumns[i].field, row.texts[i]);
+        if (contact.texts[i] && row.texts[i] && *contact.texts[i] != *row.texts[i])
+            changes.fields.emplace_back(&kExportedColumns[i].field, *row.texts[i]);
     const bool isPhoneSet = row.mode == ExportMode::PhoneSet;
     std::wstring filed = refiled(contact.categories, categories.of(row.mode),
                                  isPhoneSet ? categories.employees : categories.phoneSets);

@@ -59,11 +59,11 @@ class Columns {
 std::vector<EmployeeRow> readEmployeeRows(EmployeesDatabase& database, const std::function<void()>& yield) {
     constexpr size_t kRowsBetweenYields = 100;
     std::vector<EmployeeRow> rows;
-    for (const ExportQuery& query : kExportQueries) {
-        const Object recordset = database.openSnapshot(query.sql);
+    for (const ExportPage& page : kExportPages) {
+        const Object recordset = database.openSnapshot(page.sql);
         const Columns columns(recordset);
         while (!recordset.boolean(dao::EOF_)) {
-            rows.push_back(columns.current(query.mode));
+            rows.push_back(columns.current(page.mode));
             recordset.call(dao::MoveNext);
             if (rows.size() % kRowsBetweenYields == 0) yield();
         }

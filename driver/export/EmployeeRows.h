@@ -16,8 +16,8 @@ struct EmployeeRow {
     /// Nothing for Null and for what is no whole number.
     std::optional<long> employeeId;
     std::optional<long> categorieId;
-    /// Without blanks at the ends; Null and a missing column are empty.
-    ByColumn<std::wstring> texts;
+    /// Without blanks at the ends; Null is empty. Nothing for a column that the directory does not have.
+    ByColumn<std::optional<std::wstring>> texts;
 };
 
 /// All rows of both queries in their order; both have been read to their ends without an error, else a fault

@@ -11,25 +11,27 @@ namespace zelbar {
 /// Where a row was found, which decides what the contact is filed as.
 enum class ExportMode { PhoneSet, Employee };
 
-struct ExportQuery {
+/// One of the supervision pages that are exported, in their order.
+struct ExportPage {
     ExportMode mode;
     const wchar_t* sql;
+    /// The category of the page's contacts, as a numbered text.
+    const wchar_t* category;
 };
 
-inline constexpr ExportQuery kExportQueries[] = {
+inline constexpr ExportPage kExportPages[] = {
     {ExportMode::PhoneSet,
      L"Select * from BLFPagesContents, Employees where Employees.EmployeeId = BLFPagesContents.EmployeeId "
-     L"and "
-     L"BindToEmployee = 0 and BLFpageId = 1"},
+     L"and BindToEmployee = 0 and BLFpageId = 1",
+     L"#07088#Phone sets"},
     {ExportMode::Employee,
      L"Select * from BLFPagesContents, Employees where Employees.EmployeeId = BLFPagesContents.EmployeeId "
-     L"and "
-     L"BLFpageId = 2"},
+     L"and BLFpageId = 2",
+     L"#07060#Employees"},
 };
 
-/// The category of a mode's contacts, as a numbered text.
 inline constexpr const wchar_t* categoryTextOf(ExportMode mode) {
-    return mode == ExportMode::PhoneSet ? L"#07088#Phone sets" : L"#07060#Employees";
+    return kExportPages[static_cast<size_t>(mode)].category;
 }
 
 /// One column of the table `Employees` and the contact field that it fills.
