@@ -89,7 +89,7 @@ LookUp GetExportFolder() {
     }
     if (answer.found()) {
         log.trace(L"oTargetfolder Is Not Nothing");
-        log.trace(L"oTargetfolder Name Is ", configuredName());
+        log.trace(L"oTargetfolder Name Is ", &configuredName);
     } else {
         log.trace(L"oTargetfolder Is Nothing");
     }

@@ -36,6 +36,7 @@ class Planner {
         giveRows([&](size_t contact, size_t row) { return !pages_[contact] || isOfPage(contact, row); });
         for (size_t row = 0; row < rows_.size(); ++row)
             if (rows_[row].employeeId && !taken_[row]) plan_.missing.push_back(row);
+        findDoubles();
         return std::move(plan_);
     }
 
@@ -56,6 +57,15 @@ class Planner {
                 break;
             }
         }
+    }
+
+    void findDoubles() {
+        std::vector<std::vector<size_t>> contactsOf(rows_.size());
+        for (size_t contact = 0; contact < contacts_.size(); ++contact)
+            if (const auto row = plan_.rowOfContact[contact]; row && isOfPage(contact, *row))
+                contactsOf[*row].push_back(contact);
+        for (std::vector<size_t>& group : contactsOf)
+            if (group.size() > 1) plan_.doubles.push_back(std::move(group));
     }
 
     const std::vector<ExportedContact>& contacts_;

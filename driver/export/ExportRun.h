@@ -6,6 +6,7 @@
 #include "automation/Com.h"
 #include "automation/Fault.h"
 #include "automation/Object.h"
+#include "com/ModuleState.h"
 #include "core/DriverState.h"
 #include "export/ContactCopy.h"
 
@@ -27,7 +28,7 @@ class ExportRun {
 
     /// Adds a contact for a row; a failure is logged and the run goes on, unless Outlook is gone.
     void add(const Object& items, const EmployeeRow& row, size_t line);
-    /// Runs one row's work under the same rule; `line` is the row's number in the log.
+    /// Runs one row's work under the same rule; `line` is the row's number in the log. False when it failed.
     template <class Work>
     bool guarded(size_t line, Work&& work) {
         try {
@@ -55,6 +56,8 @@ class ExportRun {
     /// True while no row has failed and nothing had to be left out.
     bool complete() const { return complete_; }
     void incomplete() { complete_ = false; }
+    /// Whether a call has failed for a reason of Outlook's own, which says nothing of the item it was for.
+    bool outlookFailed() const { return outlookFailed_; }
 
   private:
     void rowFailed(const Fault& fault, size_t line);
@@ -68,6 +71,9 @@ class ExportRun {
     size_t done_ = 0;
     size_t total_ = 0;
     bool complete_ = true;
+    bool outlookFailed_ = false;
+    /// A client that lets go of the driver in the middle must not see it unloaded.
+    LiveObject module_;
 };
 
 }  // namespace zelbar

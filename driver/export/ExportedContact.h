@@ -14,7 +14,7 @@ struct ExportedContact {
     long employeeId = 0;
     std::optional<long> categorieId;
     std::wstring categories;
-    /// Nothing for what may not be read.
+    /// Nothing for what has not been, or may not be read.
     ByColumn<std::optional<std::wstring>> texts;
 };
 
@@ -29,8 +29,14 @@ class AddressAccess {
     bool refused_ = false;
 };
 
-/// Reads an item of the folder; nothing unless it is a contact with the number of an employee among its user
-/// properties. Throws when Outlook does not answer.
-std::optional<ExportedContact> readExportedContact(const Object& item, AddressAccess& addresses);
+/// Whose contact an item of the folder is, its texts not read yet; nothing unless it is a contact with the
+/// number of an employee among its user properties. Throws when Outlook does not answer.
+std::optional<ExportedContact> identifyExported(const Object& item);
+
+/// Reads the contact's texts. Throws when Outlook does not answer; what has been read by then is there.
+void readTexts(const Object& item, ExportedContact& contact, AddressAccess& addresses);
+
+/// A field that Outlook may guard; nothing when it may not be read.
+std::optional<std::wstring> readGuarded(const Object& item, const Member& field, AddressAccess& addresses);
 
 }  // namespace zelbar

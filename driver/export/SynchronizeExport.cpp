@@ -7,6 +7,7 @@
 #include "export/ExportFolder.h"
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
+#include "export/UserContent.h"
 
 namespace zelbar {
 
@@ -17,7 +18,8 @@ constexpr wchar_t kRoutine[] = L"cDataConnector.SynchronizeExportFolder";
 constexpr Member kGetContact{L"GetItemFromID", outlook::kContact};
 
 /// One run. The folder is only read until it is known what there is to do: a change can move items within the
-/// collection that is being walked.
+/// collection that is being walked. Nothing is removed, and nobody added, on the strength of what was not
+/// answered.
 class Synchronization {
   public:
     Synchronization(ExportRun& run, Object session, Object folder, std::vector<EmployeeRow> rows)
@@ -25,11 +27,14 @@ class Synchronization {
           session_(std::move(session)),
           folder_(std::move(folder)),
           items_(folder_.object(outlook::Items)),
+          storeId_(folder_.text(outlook::StoreID)),
           rows_(std::move(rows)) {}
 
     void carryOut() {
         readFolder();
         const ExportPlan plan = planExport(contacts_, rows_, run_.categories());
+        removed_.resize(contacts_.size());
+        removeDoubles(plan);
         changeContacts(plan);
         addMissing(plan);
         run_.trace(L" save export folder");
@@ -42,53 +47,107 @@ class Synchronization {
         run_.begin(L"compare", static_cast<size_t>(count));
         for (long index = 1; index <= count; ++index) {
             run_.trace(L" do while for index: ", index);
-            if (!run_.guarded(static_cast<size_t>(index), [&] { readContact(index); })) readAll_ = false;
+            readItem(index);
+            run_.advance();
+        }
+        // When the folder shrinks under the walk, one item slips past; when it grows, one is not met.
+        keptStill_ = items_.integer(outlook::Count) == count;
+    }
+
+    void readItem(long index) {
+        const auto line = static_cast<size_t>(index);
+        Object item;
+        if (!run_.guarded(line, [&] { item = newContact(index); })) allIdentified_ = false;
+        if (item) run_.guarded(line, [&] { readTexts(item, contacts_.back(), run_.addresses()); });
+    }
+
+    /// The item if it is an exported contact that has not been met: one that moves up while the folder grows
+    /// under the walk comes by twice.
+    Object newContact(long index) {
+        Object item = items_.object(outlook::ItemAt, index);
+        auto contact = identifyExported(item);
+        if (!contact || !seen_.insert(contact->entryId).second) return {};
+        contacts_.push_back(std::move(*contact));
+        return item;
+    }
+
+    /// Two computers that have filled the folder at the same time, or a second initialisation, leave doubles.
+    /// An item whose number could not be read may be one of them, so that it is not known which one to keep.
+    void removeDoubles(const ExportPlan& plan) {
+        if (plan.doubles.empty() || !allIdentified_) return;
+        run_.begin(L"doubles", plan.doubles.size());
+        for (const std::vector<size_t>& group : plan.doubles) {
+            const size_t row = *plan.rowOfContact[group.front()];
+            run_.guarded(row + 1, [&] { removeDoubles(group, rows_[row]); });
             run_.advance();
         }
     }
 
-    /// A contact that moves up while the folder grows under the walk comes by twice.
-    void readContact(long index) {
-        auto contact = readExportedContact(items_.object(outlook::ItemAt, index), run_.addresses());
-        if (contact && seen_.insert(contact->entryId).second) contacts_.push_back(std::move(*contact));
+    /// A double goes when another one has all that it has: of equal ones the first stays, beside one that a
+    /// user has worked on all others go, and two that users have worked on both stay.
+    void removeDoubles(const std::vector<size_t>& group, const EmployeeRow& row) {
+        std::vector<UserContent> contents;
+        for (const size_t contact : group) {
+            auto content = UserContent::of(opened(contacts_[contact]), contacts_[contact], row,
+                                           run_.categories(), run_.addresses());
+            if (!content) return;
+            contents.push_back(std::move(*content));
+        }
+        for (size_t one = group.size(); one-- > 0;)
+            for (size_t other = 0; other < group.size(); ++other) {
+                if (other == one || removed_[group[other]] || !contents[one].isWithin(contents[other]))
+                    continue;
+                if (mayRemove(contacts_[group[one]])) remove(group[one]);
+                break;
+            }
     }
 
     void changeContacts(const ExportPlan& plan) {
-        const std::wstring storeId = folder_.text(outlook::StoreID);
         run_.begin(L"change", contacts_.size());
         for (size_t i = 0; i < contacts_.size(); ++i) {
-            const ExportedContact& contact = contacts_[i];
-            const std::optional<size_t> row = plan.rowOfContact[i];
-            run_.trace(row ? L" found: " : L" not found: ", L"[employeeId] = ", contact.employeeId);
-            run_.guarded(row ? *row + 1 : i + 1, [&] {
-                if (row)
-                    change(contact, rows_[*row], storeId);
-                else if (mayRemove(contact))
-                    remove(contact, storeId);
-            });
+            if (!removed_[i]) changeOrRemove(i, plan.rowOfContact[i]);
             run_.advance();
         }
     }
 
-    void change(const ExportedContact& contact, const EmployeeRow& row, const std::wstring& storeId) {
+    void changeOrRemove(size_t index, std::optional<size_t> row) {
+        const ExportedContact& contact = contacts_[index];
+        run_.trace(row ? L" found: " : L" not found: ", L"[employeeId] = ", contact.employeeId);
+        run_.guarded(row ? *row + 1 : index + 1, [&] {
+            if (row)
+                change(contact, rows_[*row]);
+            else if (mayRemove(contact))
+                remove(index);
+        });
+    }
+
+    void change(const ExportedContact& contact, const EmployeeRow& row) {
         const ContactChanges changes = changesFor(contact, row, run_.categories());
-        if (!changes.empty()) applyChanges(session_.object(kGetContact, contact.entryId, storeId), changes);
+        if (!changes.empty()) applyChanges(opened(contact), changes);
     }
 
     /// A directory without a single row is one that is being set up or has been lost, and 0 is what a number
     /// property holds that nobody has set.
-    bool mayRemove(const ExportedContact& contact) const { return !rows_.empty() && contact.employeeId != 0; }
-
-    void remove(const ExportedContact& contact, const std::wstring& storeId) {
-        run_.trace(L" remove contacts: ", contact.employeeId);
-        session_.object(kGetContact, contact.entryId, storeId).call(outlook::Delete);
+    bool mayRemove(const ExportedContact& contact) const {
+        return !rows_.empty() && contact.employeeId != 0 && !run_.outlookFailed();
     }
 
-    /// A contact that could not be read may be the one that seems to be missing; and when the folder shrinks
-    /// under the walk, one slips past, and the last place cannot be read. The next run knows.
+    void remove(size_t index) {
+        run_.trace(L" remove contacts: ", contacts_[index].employeeId);
+        opened(contacts_[index]).call(outlook::Delete);
+        removed_[index] = true;
+    }
+
+    Object opened(const ExportedContact& contact) const {
+        return session_.object(kGetContact, contact.entryId, storeId_);
+    }
+
+    /// A contact that was not met may be the one that seems to be missing; the next run knows. One that
+    /// Outlook can never read must not keep the others out: should it be theirs, the double goes once it can
+    /// be read.
     void addMissing(const ExportPlan& plan) {
         if (plan.missing.empty()) return;
-        if (!readAll_) {
+        if (!keptStill_ || run_.outlookFailed()) {
             run_.trace(L" left for the next run, since the folder could not be read as a whole: ",
                        plan.missing.size());
             run_.incomplete();
@@ -105,10 +164,13 @@ class Synchronization {
     Object session_;
     Object folder_;
     Object items_;
+    std::wstring storeId_;
     std::vector<EmployeeRow> rows_;
     std::vector<ExportedContact> contacts_;
     std::unordered_set<std::wstring> seen_;
-    bool readAll_ = true;
+    std::vector<bool> removed_;
+    bool allIdentified_ = true;
+    bool keptStill_ = false;
 };
 
 }  // namespace
