@@ -7,11 +7,11 @@
 namespace pimcall {
 namespace {
 
-Value invokeGet(IDispatch& object, DISPID member, std::wstring_view name, const Value* argument = nullptr) {
+/// The arguments come the last one first.
+Value invokeGet(IDispatch& object, DISPID member, std::wstring_view name,
+                std::vector<VARIANT> reversed = {}) {
     Value result;
-    // The list of arguments is declared writable, but an argument passed by value is only read.
-    DISPPARAMS arguments{argument ? const_cast<VARIANT*>(&argument->raw()) : nullptr, nullptr,
-                         argument ? 1u : 0u, 0};
+    DISPPARAMS arguments{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
     require(object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
                           &arguments, result.put(), nullptr, nullptr),
             name);
@@ -128,7 +128,11 @@ Value resultOf(IDispatch& object, const wchar_t* name) {
 }
 
 Value resultOf(IDispatch& object, const wchar_t* name, const Value& argument) {
-    return invokeGet(object, memberNamed(object, name), name, &argument);
+    return invokeGet(object, memberNamed(object, name), name, {argument.raw()});
+}
+
+Value resultOf(IDispatch& object, const wchar_t* name, const Value& first, const Value& second) {
+    return invokeGet(object, memberNamed(object, name), name, {second.raw(), first.raw()});
 }
 
 }  // namespace pimcall

@@ -84,4 +84,7 @@ Value resultOf(IDispatch& object, const wchar_t* name);
 /// The same with one argument.
 Value resultOf(IDispatch& object, const wchar_t* name, const Value& argument);
 
+/// And with two.
+Value resultOf(IDispatch& object, const wchar_t* name, const Value& first, const Value& second);
+
 }  // namespace pimcall

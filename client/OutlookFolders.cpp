@@ -9,24 +9,6 @@ namespace {
 
 constexpr long kContactItems = 2;
 
-/// An object that a member gives; throws `Failure` when it is none.
-ComPtr<IDispatch> objectOf(const Value& value) {
-    auto object = value.object<IDispatch>();
-    if (!object) throw Failure(L"Outlook did not hand out an object.");
-    return object;
-}
-
-/// Throws `Failure` when there is no Outlook.
-ComPtr<IDispatch> startOutlook() {
-    CLSID outlook;
-    require(CLSIDFromProgID(L"Outlook.Application", &outlook), L"finding Outlook");
-    ComPtr<IDispatch> application;
-    require(CoCreateInstance(outlook, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                             IID_PPV_ARGS(application.GetAddressOf())),
-            L"starting Outlook");
-    return application;
-}
-
 /// The stores, as folders; throws `Failure` when Outlook does not hand them out.
 ComPtr<IDispatch> storesOf(IDispatch& application) {
     const auto session = objectOf(resultOf(application, L"GetNamespace", Value(std::wstring(L"MAPI"))));
@@ -84,6 +66,22 @@ void readOnce(OutlookFolders& found) {
 }
 
 }  // namespace
+
+ComPtr<IDispatch> objectOf(const Value& value) {
+    auto object = value.object<IDispatch>();
+    if (!object) throw Failure(L"Outlook did not hand out an object.");
+    return object;
+}
+
+ComPtr<IDispatch> startOutlook() {
+    CLSID outlook;
+    require(CLSIDFromProgID(L"Outlook.Application", &outlook), L"finding Outlook");
+    ComPtr<IDispatch> application;
+    require(CoCreateInstance(outlook, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                             IID_PPV_ARGS(application.GetAddressOf())),
+            L"starting Outlook");
+    return application;
+}
 
 OutlookFolders readOutlookFolders() {
     constexpr int kTries = 10;

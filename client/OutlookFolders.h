@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "client/Automation.h"
+
 namespace pimcall {
 
 /// A folder of Outlook's for contacts.
@@ -21,6 +23,12 @@ struct OutlookFolders {
     bool complete = false;
     std::vector<ContactsFolder> folders;
 };
+
+/// Throws `Failure` when there is no Outlook.
+ComPtr<IDispatch> startOutlook();
+
+/// An object that a member gives; throws `Failure` when it is none.
+ComPtr<IDispatch> objectOf(const Value& value);
 
 /// Asks Outlook itself, starting it where it is not running, for the contacts folders of all its stores.
 OutlookFolders readOutlookFolders();

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "client/ExportFolder.h"
 #include "client/ExportProgress.h"
 #include "client/HandleWriter.h"
 #include "client/Json.h"
@@ -44,6 +45,7 @@ class ProgressLine {
 std::wstring stepText(const std::wstring& step) {
     if (step == L"add") return L"Adding contacts";
     if (step == L"compare") return L"Reading the folder";
+    if (step == L"doubles") return L"Looking at doubles";
     if (step == L"change") return L"Changing contacts";
     return step;
 }
@@ -57,12 +59,6 @@ std::wstring existingFile(const std::wstring& name) {
     return path;
 }
 
-ExportStep stepOf(const std::wstring& word) {
-    if (word == L"init") return ExportStep::Initialize;
-    if (word == L"sync") return ExportStep::Synchronize;
-    throw UsageError(L"An export is \"init\" or \"sync\".");
-}
-
 bool carryOut(const Context& context, ExportStep step, const std::wstring& database,
               const std::wstring& folder) {
     const Driver driver = context.driver();
@@ -73,10 +69,11 @@ bool carryOut(const Context& context, ExportStep step, const std::wstring& datab
     return driver.exportEmployees(step, database, folder, progress);
 }
 
-ExitCode run(const Context& context) {
-    const ExportStep step = stepOf(context.arguments.operand(L"\"init\" or \"sync\""));
+ExitCode exportTo(const Context& context, ExportStep step) {
     const std::wstring database = existingFile(context.arguments.needed(L"--database"));
-    const bool complete = carryOut(context, step, database, context.arguments.valueOrNone(L"--folder"));
+    const std::wstring folder = context.arguments.valueOrNone(L"--folder");
+    requireExportFolder(step, folder);
+    const bool complete = carryOut(context, step, database, folder);
     if (context.json())
         context.out.line(json::Object().boolean(L"complete", complete).str());
     else if (complete)
@@ -89,14 +86,33 @@ ExitCode run(const Context& context) {
     return ExitCode::Found;
 }
 
+ExitCode adopt(const Context& context) {
+    const std::wstring path = adoptExportFolder(context.arguments.needed(L"--folder"));
+    if (context.json())
+        context.out.line(json::Object().text(L"folder", path).str());
+    else
+        context.out.line(L"The export folder is " + oneLine(path) + L".");
+    return ExitCode::Found;
+}
+
+ExitCode run(const Context& context) {
+    constexpr wchar_t kSteps[] = L"\"init\", \"sync\" or \"adopt\"";
+    const std::wstring& step = context.arguments.operand(kSteps);
+    if (step == L"init") return exportTo(context, ExportStep::Initialize);
+    if (step == L"sync") return exportTo(context, ExportStep::Synchronize);
+    if (step == L"adopt") return adopt(context);
+    throw UsageError(L"An export is " + std::wstring(kSteps) + L".");
+}
+
 constexpr Option kOptions[] = {{L"--database", L"FILE"}, {L"--folder", L"NAME"}};
 
 }  // namespace
 
-const Command kExport = {L"export", L"export init|sync --database FILE [--folder NAME]",
-                         L"Copies the employees of a directory database into Outlook's export folder (init, "
-                         L"once),\n      or brings "
-                         L"that folder up to date (sync). NAME is for a folder that has to be made.",
-                         kOptions, run};
+const Command kExport = {
+    L"export", L"export init|sync --database FILE [--folder NAME]; export adopt --folder NAME",
+    L"Copies the employees of a directory database into Outlook's export folder (init, "
+    L"once),\n      or brings that folder up to date (sync); NAME is for a folder that has "
+    L"to be made.\n      adopt takes the folder that another computer has made.",
+    kOptions, run};
 
 }  // namespace pimcall
