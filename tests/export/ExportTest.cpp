@@ -1,56 +1,84 @@
 #include "tests/export/ExportTest.h"
 
 #include <algorithm>
-#include <numeric>
 
+#include "automation/DaoNames.h"
 #include "core/DriverState.h"
 
 namespace zelbar {
 
-void ExportTest::SetUp() {
+ExportTest::ExportTest()
+    : directory_(
+          gateway_.create(Server::Dao, L"DAO.DBEngine.36", dao::kEngine)
+              .object(dao::CreateDatabase, folder.file(L"wxd.mdb"), L";LANGID=0x0409;CP=1252;COUNTRY=0")) {
+    sql(
+        {L"Create Table Employees (EmployeeId Long Primary Key, FirstName Text(50), LastName Text(50), "
+         L"Department Text(50), EmailAddress Text(80), BusinessPhone Text(40), BusinessPhone2 Text(40), "
+         L"MobilePhone Text(40), HomePhone Text(40), PagerPhone Text(40), OtherPhone Text(40), "
+         L"BillingInformation Text(80), Categories Long, AssistantID Long)",
+         L"Create Table BLFPagesContents (BLFpageId Long, EmployeeId Long, BindToEmployee YesNo)"});
     messages.clear();
     driver().user.messageBox = [](const std::wstring& text, const std::wstring&, UINT) {
         messages.push_back(text);
         return IDOK;
     };
-    connector();
 }
 
 void ExportTest::TearDown() {
-    directory.close();
+    directory_.call(dao::Close);
+    directory_ = {};
     DriverTest::TearDown();
 }
 
-bool ExportTest::run(const wchar_t* member, const std::wstring& name, IDispatch* progress) {
-    Gateway gateway;
-    const Object client(gateway, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
-    return client.boolean(Member{member}, folder.file(L"wxd.mdb"), name, Com<IDispatch>::share(progress));
+void ExportTest::sql(std::initializer_list<std::wstring> statements) {
+    constexpr long kFailOnError = 128;
+    for (const std::wstring& statement : statements) directory_.call(dao::Execute, statement, kFailOnError);
+}
+
+void ExportTest::add(long id, long page, const std::vector<std::pair<std::wstring, std::wstring>>& columns) {
+    const std::wstring key = std::to_wstring(id);
+    std::wstring names = L"EmployeeId", values = key;
+    for (const auto& [name, text] : columns) {
+        names += L", " + name;
+        values += L", \"" + text + L"\"";
+    }
+    sql({L"Insert Into Employees (" + names + L") Values (" + values + L")",
+         L"Insert Into BLFPagesContents Values (" + std::to_wstring(page) + L", " + key + L", 0)"});
+}
+
+void ExportTest::fill(long count) {
+    for (long id = 1; id <= count; ++id)
+        add(id, 2, {{L"FirstName", L"Ann"}, {L"LastName", L"Employee " + std::to_wstring(id)}});
+}
+
+Object ExportTest::client() {
+    return Object(gateway_, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
 }
 
 bool ExportTest::initialize(const std::wstring& name, IDispatch* progress) {
-    return run(L"InitializeExportFolder", name, progress);
+    return client().boolean(Member{L"InitializeExportFolder"}, folder.file(L"wxd.mdb"), name,
+                            Com<IDispatch>::share(progress));
 }
 
 bool ExportTest::synchronize(const std::wstring& name, IDispatch* progress) {
-    return run(L"SynchronizeExportFolder", name, progress);
+    return client().boolean(Member{L"SynchronizeExportFolder"}, folder.file(L"wxd.mdb"), name,
+                            Com<IDispatch>::share(progress));
 }
 
 standin::outlook::FolderRecord ExportTest::folderCalled(const std::wstring& name) {
-    auto& mailbox = outlook.mailbox();
-    const auto found = mailbox.findFolder(mailbox.defaultStore().root, name);
+    const auto found = mailbox.findFolder(root, name);
     EXPECT_TRUE(found) << "no folder " << std::string(name.begin(), name.end());
     return found.value_or(standin::outlook::FolderRecord{});
 }
 
-std::vector<standin::outlook::ItemRecord> ExportTest::contacts(const std::wstring& name) {
-    std::vector<standin::outlook::ItemRecord> result;
-    for (const auto row : outlook.mailbox().items(folderCalled(name).id))
-        result.push_back(*outlook.mailbox().item(row));
+std::vector<ItemRecord> ExportTest::contacts(const std::wstring& name) {
+    std::vector<ItemRecord> result;
+    for (const auto row : mailbox.items(folderCalled(name).id)) result.push_back(*mailbox.item(row));
     return result;
 }
 
-std::map<std::wstring, standin::outlook::ItemRecord> ExportTest::byName() {
-    std::map<std::wstring, standin::outlook::ItemRecord> result;
+std::map<std::wstring, ItemRecord> ExportTest::byName() {
+    std::map<std::wstring, ItemRecord> result;
     for (const auto& item : contacts())
         EXPECT_TRUE(result.emplace(item.field(L"LastName"), item).second) << "a double";
     return result;
@@ -59,25 +87,12 @@ std::map<std::wstring, standin::outlook::ItemRecord> ExportTest::byName() {
 Ids ExportTest::employeeIds(const std::wstring& name) {
     Ids result;
     for (const auto& item : contacts(name))
-        result.push_back(std::wcstol(userProperty(item, L"EmployeeId").c_str(), nullptr, 10));
+        result.push_back(_wtol(userProperty(item, L"EmployeeId").c_str()));
     std::sort(result.begin(), result.end());
     return result;
 }
 
-void ExportTest::expectOneEach(long count, const std::wstring& name) {
-    Ids expected(static_cast<size_t>(count));
-    std::iota(expected.begin(), expected.end(), 1L);
-    EXPECT_EQ(employeeIds(name), expected);
-}
-
-long ExportTest::timesTraced(const std::string& part) const {
-    const auto all = trace();
-    return static_cast<long>(std::count_if(all.begin(), all.end(), [&](const std::string& line) {
-        return line.find(part) != std::string::npos;
-    }));
-}
-
-std::wstring userProperty(const standin::outlook::ItemRecord& item, const std::wstring& name) {
+std::wstring userProperty(const ItemRecord& item, const std::wstring& name) {
     for (const auto& property : item.userProperties)
         if (property.name == name) return property.value;
     return {};

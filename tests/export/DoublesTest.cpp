@@ -1,0 +1,77 @@
+#include "tests/export/ExportTest.h"
+
+namespace zelbar {
+
+namespace {
+
+/// Three contacts of one employee, as after three initialisations or by three computers.
+class Doubles : public ExportTest {
+  protected:
+    void make(const std::vector<standin::outlook::Fields>& edits) {
+        sql({L"Delete From Employees", L"Delete From BLFPagesContents"});
+        fill(1);
+        for (size_t i = 0; i < 3; ++i) EXPECT_TRUE(initialize());
+        made = contacts();
+        for (size_t i = 0; i < edits.size(); ++i) {
+            for (const auto& [name, text] : edits[i]) made[i].fields[name] = text;
+            if (edits[i].contains(L"Mine")) made[i].userProperties.push_back({L"Mine", 1, L"text"});
+            mailbox.save(made[i]);
+        }
+    }
+    std::vector<size_t> left() {
+        std::vector<size_t> result;
+        for (size_t i = 0; i < made.size(); ++i)
+            if (mailbox.item(made[i].id)->folder == made[i].folder) result.push_back(i);
+        return result;
+    }
+    std::vector<ItemRecord> made;
+};
+
+TEST_F(Doubles, TheOneThatAUserHasWorkedOnStays) {
+    const struct {
+        std::vector<standin::outlook::Fields> edits;
+        std::vector<size_t> left;
+    } cases[] = {
+        {{{}, {}, {}}, {0}},
+        {{{}, {}, {{L"JobTitle", L"Chess champion"}}}, {2}},
+        {{{}, {{L"Body", L"Ring twice"}}, {}}, {1}},
+        {{{}, {{L"CarTelephoneNumber", L"1"}}, {}}, {1}},
+        {{{}, {{L"Birthday", L"36526"}}, {}}, {1}},
+        {{{}, {{L"Categories", L"Friends, Employees"}}, {}}, {1}},
+        {{{}, {{L"Spouse", L"A"}}, {{L"Spouse", L"A"}}}, {1}},
+        {{{{L"Spouse", L"A"}}, {{L"Spouse", L"B"}}, {}}, {0, 1}},
+        {{{}, {{L"Mine", L""}}, {{L"Mine", L""}}}, {1, 2}},
+        // What the directory decides is nobody's work; what is not filed any more is in doubt.
+        {{{}, {{L"MobileTelephoneNumber", L"1"}}, {}}, {0}},
+        {{{}, {{L"Categories", L""}}, {}}, {0, 1}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(&c - cases);
+        make(c.edits);
+        EXPECT_TRUE(synchronize());
+        EXPECT_EQ(left(), c.left);
+        mailbox.eraseItemsOf(folderCalled(L"Staff").id);
+    }
+}
+
+TEST_F(Doubles, NoneGoesWhenInDoubt) {
+    make({});
+    const standin::Failure busy{static_cast<HRESULT>(0x80010001), {}}, broken{E_FAIL, L"No."};
+    const std::pair<const wchar_t*, standin::Failure> doubts[] = {{L"UserProperty.Value", broken},
+                                                                  {L"ContactItem.Department", busy},
+                                                                  {L"ContactItem.JobTitle", broken}};
+    for (const auto& [member, failure] : doubts) {
+        faults().failMember(member, failure, 1);
+        EXPECT_FALSE(synchronize());
+        EXPECT_EQ(left().size(), 3u);
+    }
+    for (const wchar_t* guard : {L"deny", L""}) {
+        outlook.server().setOption(L"Guard", guard);
+        EXPECT_TRUE(synchronize());
+        EXPECT_EQ(left().size(), *guard ? 3u : 1u) << "a note cannot be read";
+    }
+}
+
+}  // namespace
+
+}  // namespace zelbar
