@@ -43,7 +43,7 @@ void ExportRun::add(const Object& items, const EmployeeRow& row, size_t line) {
 
 void ExportRun::rowFailed(const Fault& fault, size_t line) {
     complete_ = false;
-    outlookFailed_ = outlookFailed_ || saysOutlookFailed(fault) || saysBusy(fault);
+    outlookFailed_ = outlookFailed_ || saysOutlookFailed(fault);
     driver().log.trace(L"cDataConnector.copyToContactItem", L" Error in ", fault.source, L". ",
                        fault.description, L" (", fault.number, L") at line ", line);
     if (saysServerGone(fault)) throw fault;
