@@ -42,7 +42,7 @@ __attribute__((constructor(101))) void registerTables() {
     tables = findTables();
     if (!tables) return;
     __register_frame_info(tables, record);
-    std::atexit(takeBack);
+    static_cast<void>(std::atexit(takeBack));
 }
 
 }  // namespace

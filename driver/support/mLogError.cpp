@@ -17,9 +17,9 @@ std::wstring presentTime() {
     SYSTEMTIME now{};
     GetLocalTime(&now);
     wchar_t text[32] = {};
-    std::swprintf(text, std::size(text), L"%02u/%02u/%04u %02u:%02u:%02u", now.wDay, now.wMonth, now.wYear,
-                  now.wHour, now.wMinute, now.wSecond);
-    return text;
+    const int length = std::swprintf(text, std::size(text), L"%02u/%02u/%04u %02u:%02u:%02u", now.wDay,
+                                     now.wMonth, now.wYear, now.wHour, now.wMinute, now.wSecond);
+    return std::wstring(text, length > 0 ? static_cast<size_t>(length) : 0);
 }
 
 /// "File not found - 53 (0x35)"
