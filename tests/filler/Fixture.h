@@ -50,8 +50,13 @@ struct TestObserver : filler::Observer {
 class FillerTest : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        nameClass(L"Outlook.Application", L"{0006F03A-0000-0000-C000-000000000046}");
-        nameClass(L"DAO.DBEngine.36", L"{00000100-0000-0010-8000-00AA006D2EA4}");
+        // What registration enters so that a name leads to its class; the test itself serves the class.
+        for (const auto& [progId, classId] :
+             {std::pair{L"Outlook.Application", L"{0006F03A-0000-0000-C000-000000000046}"},
+              std::pair{L"DAO.DBEngine.36", L"{00000100-0000-0010-8000-00AA006D2EA4}"}}) {
+            const std::wstring key = std::wstring(L"Software\\Classes\\") + progId + L"\\CLSID";
+            zelbar::RegistryKey::create(HKEY_LOCAL_MACHINE, key, KEY_ALL_ACCESS).write(L"", classId);
+        }
     }
     FillerTest() { registry_.set(HKEY_CURRENT_USER, kClient, L"DataPath", folder_.path()); }
     ~FillerTest() override { EXPECT_EQ(outlook_.liveObjects() + dao_.server().liveObjects(), 0); }
@@ -107,7 +112,6 @@ class FillerTest : public testing::Test {
     }
     Texts people() { return rows(L"TCache", {L"Name", L"PhoneNumber"}); }
     Texts content() { return rows(L"TCache", {L"Name", L"PhoneNumber", L"EntryId", L"StoreID"}); }
-    Texts stores() { return rows(L"TStoreID", {L"Index", L"StoreID"}); }
 
     harness::TemporaryFolder folder_;
     const std::wstring path_ = folder_.file(L"connec00.mdb"), newPath_ = folder_.file(L"connec00_new.mdb");
@@ -119,11 +123,4 @@ class FillerTest : public testing::Test {
     zelbar::Gateway gateway_;
     TestObserver observer_;
     filler::FillResult result_;
-
-  private:
-    /// What registration enters so that the name leads to the class; the class itself is served by the test.
-    static void nameClass(const std::wstring& progId, const wchar_t* classId) {
-        const std::wstring key = L"Software\\Classes\\" + progId + L"\\CLSID";
-        zelbar::RegistryKey::create(HKEY_LOCAL_MACHINE, key, KEY_ALL_ACCESS).write(L"", classId);
-    }
 };

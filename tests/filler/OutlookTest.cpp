@@ -6,7 +6,7 @@ namespace {
 
 using OutlookTest = FillerTest;
 
-constexpr HRESULT kBusy = static_cast<HRESULT>(0x80010001), kStarting = static_cast<HRESULT>(0x80080005);
+constexpr HRESULT kStarting = static_cast<HRESULT>(0x80080005);
 const standin::Failure kBroken{E_FAIL, L"Broken item."};
 
 TEST_F(OutlookTest, TheDefaultFolderServesWhoHasNeverChosen) {
@@ -16,8 +16,8 @@ TEST_F(OutlookTest, TheDefaultFolderServesWhoHasNeverChosen) {
     ASSERT_EQ(fill(), L"");
     const Texts before = content();
     const std::wstring key = rows(L"TStoreID", {L"Index"}).at(0);
-    EXPECT_EQ(stores(), (Texts{key + L"|" + box_.storeId(box_.defaultStore().id)}));
-    EXPECT_EQ(before, (Texts{L"Byron|+44 20 1|" + box_.entryId(byron) + L"|" + key}));
+    EXPECT_EQ(rows(L"TStoreID", {L"StoreID"}), Texts{box_.storeId(box_.defaultStore().id)});
+    EXPECT_EQ(before, Texts{L"Byron|+44 20 1|" + box_.entryId(byron) + L"|" + key});
     EXPECT_EQ(filler::describe(result_),
               L"1 contact in 1 folder, 1 number.\n1 row added, 0 removed.\n"
               L"Restart the telephony client: it reads the list of stores only when it starts.\n");
@@ -57,7 +57,6 @@ TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
     outlook_.faults().failMember(L"GetFolderFromID", {static_cast<HRESULT>(0x8004010F)}, 1);
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(people(), (Texts{L"Old|2"}));
-    EXPECT_EQ(stores().size(), 2u);
     EXPECT_EQ(observer_.notes, (Texts{L"The chosen folder number 17 (in " + box_.defaultStore().name +
                                       L") does not exist any more and was left out."}));
     ASSERT_EQ(fill(), L"");
@@ -119,15 +118,12 @@ TEST_F(OutlookTest, ItemsMayBeDeletedWhileTheyAreRead) {
 }
 
 TEST_F(OutlookTest, OneThatDoesNotComeIsToldAfterSomeTries) {
-    const std::pair<HRESULT, const wchar_t*> cases[] = {
-        {kStarting, L"Outlook cannot be read: it is starting or closing"},
-        {kBusy, L"Outlook cannot be read: it is busy"},
-        {REGDB_E_CLASSNOTREG, L"Outlook cannot be read: it is not installed"}};
-    for (const auto& [fault, sentence] : cases) {
-        outlook_.faults().failCreation(fault);
-        EXPECT_EQ(fill().find(sentence), 0u);
-        EXPECT_EQ(observer_.pauses > 10, fault != REGDB_E_CLASSNOTREG);
-    }
+    outlook_.faults().failCreation(kStarting);
+    EXPECT_EQ(fill().find(L"Outlook cannot be read: it is starting or closing"), 0u);
+    EXPECT_GT(observer_.pauses, 10);
+    outlook_.faults().failCreation(REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(fill(), L"Outlook cannot be read: it is not installed");
+    EXPECT_EQ(observer_.pauses, 0);
 }
 
 TEST_F(OutlookTest, PhotosGoWithTheContacts) {
