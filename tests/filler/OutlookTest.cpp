@@ -37,6 +37,7 @@ TEST_F(OutlookTest, TakesWhatCanBeSearchedAndCalled) {
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(people(), (Texts{L"Engines|2", L"Filed|3", L"Twice|1"}));
     EXPECT_EQ(result_.contactCount, 4);
+    EXPECT_TRUE(result_.isComplete());
 }
 
 TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
