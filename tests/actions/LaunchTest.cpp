@@ -50,13 +50,8 @@ TEST_F(Launch, TheCommandLineIsPutTogether) {
         const wchar_t* command;
     } cases[] = {
         {L"C:\\None", L"dial.exe $1", call, L"C:\\None\\dial.exe 0123"},
-        {L"C:\\None\\", L"dial.exe", call, L"C:\\None\\dial.exe"},
-        {L"C:\\None", L"\\dial.exe", call, L"C:\\None\\dial.exe"},
         {L"C:\\None\\", L"\\dial.exe", call, L"C:\\None\\\\dial.exe"},
-        {L"", L"none.exe", call, L"\\none.exe"},
-        {L"C:\\None", L"", call, L"C:\\None\\"},
         {L"C:\\N\\", L"d $1 $2 $3 $4 $1", call, L"C:\\N\\d 0123 12 OUT desk 0123"},
-        {L"C:\\N\\", L"d $3", L"TYPE=incoming;", L"C:\\N\\d INC"},
         {L"C:\\N\\", L"d $3", L"TYPE=Outgoing;", L"C:\\N\\d INC"},
         {L"C:\\N\\", L"d $1$2$3$4", L"", L"C:\\N\\d ;;;;"},
         {L"C:\\N\\", L"d $1", L"PHONENUMBER=$2;LOCALNUMBER=9;", L"C:\\N\\d 9"},

