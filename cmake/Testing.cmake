@@ -31,8 +31,23 @@ endfunction()
 
 # Every source file of ours must be as clang-format lays it out.
 file(GLOB_RECURSE our_sources CONFIGURE_DEPENDS
-    module/*.h module/*.cpp driver/*.h driver/*.cpp standin/*.h standin/*.cpp client/*.h client/*.cpp filler/*.h filler/*.cpp
-    tests/*.h tests/*.cpp fuzz/*.h fuzz/*.cpp benchmark/*.h benchmark/*.cpp docs/*.cpp)
+    module/*.h
+    module/*.cpp
+    driver/*.h
+    driver/*.cpp
+    standin/*.h
+    standin/*.cpp
+    client/*.h
+    client/*.cpp
+    filler/*.h
+    filler/*.cpp
+    tests/*.h
+    tests/*.cpp
+    fuzz/*.h
+    fuzz/*.cpp
+    benchmark/*.h
+    benchmark/*.cpp
+    docs/*.cpp)
 add_test(NAME formatting COMMAND clang-format --dry-run -Werror ${our_sources})
 
 add_test(NAME includes COMMAND "${PROJECT_SOURCE_DIR}/scripts/check-includes")
