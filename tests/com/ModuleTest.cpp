@@ -7,6 +7,7 @@
 #include "automation/Com.h"
 #include "standin/dao/Host.h"
 #include "standin/outlook/host/Host.h"
+#include "tests/com/LateClient.h"
 #include "tests/harness/Files.h"
 #include "tests/harness/Process.h"
 #include "tests/harness/RegistrySandbox.h"
@@ -56,17 +57,8 @@ bool survivesExceptions() {
     const Library driver(kDriver), dao(kDao);
     const auto connector = driver.create<::DataConnector>(CLSID_cDataConnector);
     const auto engine = dao.create<IDispatch>(standin::dao::kEngineClass);
-    wchar_t name[] = L"OpenDatabase";
-    LPOLESTR names[] = {name};
-    DISPID member = 0;
-    engine->GetIDsOfNames(IID_NULL, names, 1, 0, &member);
-    VARIANT file{};
-    const Bstr text(L"C:\\nowhere\\none.mdb");
-    file.vt = VT_BSTR;
-    file.bstrVal = text.get();
-    DISPPARAMS arguments{&file, nullptr, 1, 0};
-    return connector && engine->Invoke(member, IID_NULL, 0, DISPATCH_METHOD, &arguments, nullptr, nullptr,
-                                       nullptr) == DISP_E_EXCEPTION;
+    const Bstr file(L"C:\\nowhere\\none.mdb");
+    return connector && late(*engine.get(), L"OpenDatabase", {lent(file.get())}).result == DISP_E_EXCEPTION;
 }
 
 enum class Order { ForeignFirst, OursFirst };

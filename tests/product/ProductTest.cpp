@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <string>
+#include <thread>
 
 #include "automation/Bstr.h"
 #include "automation/Com.h"
@@ -134,6 +135,16 @@ TEST_F(Product, AnswersAnEarlyBoundClientAlsoAfterOutlookWasClosedBetweenTwoCall
         EXPECT_EQ(nameOf(ada.get()), L"Byron, Ada");
         EXPECT_EQ(caller(*cursor, L"0999"), L"(unknown)");
     }
+}
+
+TEST_F(Product, AnswersAClientOfAMultiThreadedApartment) {
+    std::wstring name;
+    std::thread([&] {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        name = caller(*openCursor(*newDriver()), L"+44 20 7000 0002");
+        CoUninitialize();
+    }).join();
+    EXPECT_EQ(name, L"Byrne, Alan");
 }
 
 /// A client of its own process that ends in the middle of its work; run by the test below.
