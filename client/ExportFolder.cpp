@@ -43,7 +43,8 @@ template <class Reading>
 auto orNone(const Reading& reading) -> std::optional<decltype(reading())> {
     try {
         return reading();
-    } catch (const Failure&) {
+    } catch (const Failure& failure) {
+        if (isLeaving(failure)) throw;
         return {};
     }
 }
@@ -146,9 +147,7 @@ ContactsFolder theOneCalled(const std::wstring& name) {
     throw Failure(sentence);
 }
 
-}  // namespace
-
-void requireExportFolder(ExportStep step, const std::wstring& name) {
+void look(ExportStep step, const std::wstring& name) {
     const Session session;
     const std::wstring entryId = setting(kFolderKey, L"EntryId");
     const std::wstring storeId = setting(kFolderKey, L"StoreId");
@@ -165,7 +164,7 @@ void requireExportFolder(ExportStep step, const std::wstring& name) {
     session.refuseTaken(made);
 }
 
-std::wstring adoptExportFolder(const std::wstring& name) {
+std::wstring adopted(const std::wstring& name) {
     const Session session;
     const ContactsFolder chosen = theOneCalled(name);
     const auto folder = session.folder(chosen.entryId, chosen.storeId);
@@ -177,6 +176,18 @@ std::wstring adoptExportFolder(const std::wstring& name) {
     remember(L"EntryId", chosen.entryId);
     remember(L"StoreId", chosen.storeId);
     return chosen.path;
+}
+
+}  // namespace
+
+void requireExportFolder(ExportStep step, const std::wstring& name) {
+    askOutlook([&] { look(step, name); });
+}
+
+std::wstring adoptExportFolder(const std::wstring& name) {
+    std::wstring path;
+    askOutlook([&] { path = adopted(name); });
+    return path;
 }
 
 }  // namespace pimcall

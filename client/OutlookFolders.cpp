@@ -15,12 +15,6 @@ ComPtr<IDispatch> storesOf(IDispatch& application) {
     return objectOf(resultOf(*session.Get(), L"Folders"));
 }
 
-/// Whether Outlook was just about to end: a new one can be asked.
-bool isLeaving(const Failure& failure) {
-    return failure.result() == CO_E_SERVER_EXEC_FAILURE ||
-           zelbar::saysServerGone(zelbar::faultOf(failure.result(), L"Outlook"));
-}
-
 class Walk {
   public:
     explicit Walk(OutlookFolders& found) : found_(found) {}
@@ -67,6 +61,11 @@ void readOnce(OutlookFolders& found) {
 
 }  // namespace
 
+bool isLeaving(const Failure& failure) {
+    return failure.result() == CO_E_SERVER_EXEC_FAILURE ||
+           zelbar::saysServerGone(zelbar::faultOf(failure.result(), L"Outlook"));
+}
+
 ComPtr<IDispatch> objectOf(const Value& value) {
     auto object = value.object<IDispatch>();
     if (!object) throw Failure(L"Outlook did not hand out an object.");
@@ -83,21 +82,31 @@ ComPtr<IDispatch> startOutlook() {
     return application;
 }
 
-OutlookFolders readOutlookFolders() {
+void askOutlook(const std::function<void()>& work) {
     constexpr int kTries = 10;
     constexpr DWORD kPauseMilliseconds = 1000;
     for (int tries = 1;; ++tries) {
-        OutlookFolders found;
         try {
-            readOnce(found);
-            return found;
+            return work();
         } catch (const Failure& failure) {
-            found.complete = false;
-            if (!isLeaving(failure) || tries == kTries) return found;
+            if (!isLeaving(failure) || tries == kTries) throw;
         }
         // The first time it has mostly gone already.
         if (tries > 1) Sleep(kPauseMilliseconds);
     }
+}
+
+OutlookFolders readOutlookFolders() {
+    OutlookFolders found;
+    try {
+        askOutlook([&] {
+            found = {};
+            readOnce(found);
+        });
+    } catch (const Failure&) {
+        found.complete = false;
+    }
+    return found;
 }
 
 }  // namespace pimcall

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "client/Automation.h"
+#include "client/Failure.h"
 
 namespace pimcall {
 
@@ -29,6 +31,12 @@ ComPtr<IDispatch> startOutlook();
 
 /// An object that a member gives; throws `Failure` when it is none.
 ComPtr<IDispatch> objectOf(const Value& value);
+
+/// Whether Outlook was just about to end: a new one can be asked.
+bool isLeaving(const Failure& failure);
+
+/// Runs work that begins with starting Outlook, again from its beginning while that one is just leaving.
+void askOutlook(const std::function<void()>& work);
 
 /// Asks Outlook itself, starting it where it is not running, for the contacts folders of all its stores.
 OutlookFolders readOutlookFolders();
