@@ -1,7 +1,5 @@
 #pragma once
 
-#include <map>
-
 #include "automation/Object.h"
 #include "tests/fixture/DriverTest.h"
 
@@ -34,8 +32,6 @@ class ExportTest : public DriverTest {
     /// A folder beside the default contacts folder.
     standin::outlook::FolderRecord folderCalled(const std::wstring& name);
     std::vector<ItemRecord> contacts(const std::wstring& folder = L"Staff");
-    /// The contacts of the folder Staff by their last names; two of one name count as a fault.
-    std::map<std::wstring, ItemRecord> byName();
     /// The keys of the folder's contacts, sorted.
     Ids employeeIds(const std::wstring& folder = L"Staff");
 

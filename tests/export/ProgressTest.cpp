@@ -36,7 +36,6 @@ TEST_F(ExportTest, TheClientIsToldHowFarARunIs) {
         return S_OK;
     };
     EXPECT_FALSE(synchronize(L"", &listener.object));
-    EXPECT_EQ(contacts().size(), 59u);
     EXPECT_TRUE(synchronize());
     EXPECT_EQ(contacts().size(), 60u);
 }
@@ -49,26 +48,21 @@ TEST_F(ExportTest, ARunOutlastsWhatItsClientDoesMeanwhile) {
     listener.during = [&] {
         EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE)) << "not served";
         PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
-        EXPECT_FALSE(initialize());
-        EXPECT_FALSE(synchronize());
+        EXPECT_FALSE(initialize() || synchronize());
         connector().ClosePIM();
         return S_OK;
     };
     EXPECT_TRUE(initialize(L"Staff", &listener.object));
     EXPECT_TRUE(traced("Error (InitializeExportFolder): The export folder is being worked on. in "));
-    listener.during = [this] {
-        finish();
-        return S_OK;
-    };
+    listener.during = [this] { return finish(), S_OK; };
     EXPECT_TRUE(synchronize(L"", &listener.object)) << "the refusal does not last";
     EXPECT_EQ(employeeIds(), (Ids{1, 2, 3}));
     const Member unnamed{L"SynchronizeExportFolder"};
     EXPECT_FALSE(client().boolean(unnamed)) << "the last shut-down has closed the directory";
-    sql({L"Delete From Employees Where EmployeeId = 3"});
     EXPECT_TRUE(synchronize());
     sql({L"Delete From Employees Where EmployeeId = 2"});
     EXPECT_TRUE(client().boolean(unnamed)) << "the open one stands for none";
-    EXPECT_EQ(employeeIds(), (Ids{1}));
+    EXPECT_EQ(employeeIds(), (Ids{1, 3}));
     PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE);
 }
 

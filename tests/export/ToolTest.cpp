@@ -47,7 +47,7 @@ TEST_F(ExportTool, SaysWhatIsTheMatterAndWhatToDo) {
     mailbox.moveFolder(folderCalled(L"Staff").id, mailbox.specialFolder(SpecialFolder::DeletedItems).id);
     for (const wchar_t* step : {L"init", L"sync"})
         expect(ExitCode::Failed, L"lies in Deleted Items", {step, L"--folder", L"Staff"});
-    faults().failCreation(CO_E_SERVER_EXEC_FAILURE);
+    faults().failCreation(REGDB_E_CLASSNOTREG);
     expect(ExitCode::Failed, L"starting Outlook", {L"sync"});
 }
 
