@@ -66,26 +66,27 @@ WORD flagsOf(Gateway::Kind kind) {
 
 }  // namespace
 
-Object Gateway::create(Server server, const wchar_t* progId, ObjectClass objectClass) {
+Object Gateway::create(Server server, const wchar_t* progId, ObjectClass objectClass) const {
+    const Gateway own = *this;
     const CLSID classId = classOf(progId);
     Com<IDispatch> created;
     const HRESULT result = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
                                             __uuidof(IDispatch), reinterpret_cast<void**>(created.put()));
     if (FAILED(result)) throw faultOf(result, progId);
-    return Object(*this, server, std::move(created), objectClass);
+    return Object(own, server, std::move(created), objectClass);
 }
 
-Object Gateway::running(Server server, const wchar_t* progId, ObjectClass objectClass) {
+Object Gateway::running(Server server, const wchar_t* progId, ObjectClass objectClass) const {
+    const Gateway own = *this;
     Com<IUnknown> active;
     const HRESULT result = GetActiveObject(classOf(progId), nullptr, active.put());
     if (FAILED(result)) throw faultOf(result, progId);
     Com<IDispatch> target = active.as<IDispatch>();
     if (!target) throw faultOf(E_NOINTERFACE, progId);
-    return Object(*this, server, std::move(target), objectClass);
+    return Object(own, server, std::move(target), objectClass);
 }
 
-DISPID Gateway::lookUp(IDispatch& target, Server server, const wchar_t* name) {
-    ++calls_[static_cast<size_t>(server)].lookUps;
+DISPID Gateway::lookUp(IDispatch& target, Server server, const wchar_t* name) const {
     auto* asked = const_cast<wchar_t*>(name);  // the interface predates const
     DISPID number = DISPID_UNKNOWN;
     const HRESULT result = target.GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &number);
@@ -98,7 +99,7 @@ DISPID Gateway::lookUp(IDispatch& target, Server server, const wchar_t* name) {
 }
 
 Variant Gateway::invoke(IDispatch& target, Server server, ObjectClass objectClass, const wchar_t* name,
-                        Kind kind, std::initializer_list<Variant> arguments) {
+                        Kind kind, std::initializer_list<Variant> arguments) const {
     std::vector<VARIANT> reversed(arguments.size());
     std::transform(std::rbegin(arguments), std::rend(arguments), reversed.begin(),
                    [](const Variant& argument) { return argument.raw(); });
@@ -111,18 +112,17 @@ Variant Gateway::invoke(IDispatch& target, Server server, ObjectClass objectClas
 
     const bool remembers = objectClass >= 0;
     const Key key{server, objectClass, name};
-    const auto known = remembers ? numbers_.find(key) : numbers_.end();
-    bool fresh = known == numbers_.end();
+    const auto known = remembers ? numbers_->find(key) : numbers_->end();
+    bool fresh = known == numbers_->end();
     DISPID number = fresh ? lookUp(target, server, name) : known->second;
     while (true) {
         Variant result;
         ExceptionInfo info;
-        ++calls_[static_cast<size_t>(server)].invocations;
         const HRESULT answer =
             target.Invoke(number, IID_NULL, LOCALE_USER_DEFAULT, flagsOf(kind), &parameters,
                           kind == Kind::Call ? result.put() : nullptr, &info, nullptr);
         if (SUCCEEDED(answer)) {
-            if (fresh && remembers) numbers_[key] = number;
+            if (fresh && remembers) (*numbers_)[key] = number;
             return result;
         }
         if (answer == DISP_E_EXCEPTION) throw exceptionFault(info, server);

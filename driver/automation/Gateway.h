@@ -4,9 +4,9 @@
 
 #include <oaidl.h>
 
-#include <array>
 #include <initializer_list>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,30 +19,23 @@ namespace zelbar {
 class Object;
 
 /// The one door for calls that leave the driver. It remembers which number a member's name stands for, by
-/// class of object, so that a name is asked once and not once a call; it counts what it sends; and it turns
-/// every failure into one Fault.
+/// class of object, so that a name is asked once and not once a call, and it turns every failure into one
+/// Fault. Copies are the same door. Every object keeps one, so that its calls come back even where the
+/// driver's own has gone meanwhile.
 class Gateway {
   public:
-    /// What has been sent to one server.
-    struct Calls {
-        long lookUps = 0;
-        long invocations = 0;
-    };
-
     enum class Kind { Call, Put, PutReference };
 
     /// A new object of the class that a ProgID names. Throws when there is none.
-    Object create(Server server, const wchar_t* progId, ObjectClass objectClass);
+    Object create(Server server, const wchar_t* progId, ObjectClass objectClass) const;
 
     /// The object of that class that a running server offers to all; none is started. Throws when there is
     /// none.
-    Object running(Server server, const wchar_t* progId, ObjectClass objectClass);
+    Object running(Server server, const wchar_t* progId, ObjectClass objectClass) const;
 
     /// One call on `target`; the arguments in the order in which a caller writes them. Throws a Fault.
     Variant invoke(IDispatch& target, Server server, ObjectClass objectClass, const wchar_t* name, Kind kind,
-                   std::initializer_list<Variant> arguments);
-
-    const Calls& calls(Server server) const { return calls_[static_cast<size_t>(server)]; }
+                   std::initializer_list<Variant> arguments) const;
 
   private:
     struct Key {
@@ -52,10 +45,9 @@ class Gateway {
         auto operator<=>(const Key&) const = default;
     };
 
-    DISPID lookUp(IDispatch& target, Server server, const wchar_t* name);
+    DISPID lookUp(IDispatch& target, Server server, const wchar_t* name) const;
 
-    std::map<Key, DISPID> numbers_;
-    std::array<Calls, kServerCount> calls_{};
+    std::shared_ptr<std::map<Key, DISPID>> numbers_ = std::make_shared<std::map<Key, DISPID>>();
 };
 
 }  // namespace zelbar

@@ -2,9 +2,8 @@
 
 namespace zelbar {
 
-/// The servers that the driver talks to; calls are counted by server.
+/// The servers that the driver talks to.
 enum class Server { Outlook, Dao, Client };
-inline constexpr int kServerCount = 3;
 
 /// The class of an object within its server, as far as its member numbers go: objects of one class answer to
 /// the same numbers, so a number looked up once serves all of them. Outlook's own class numbers are used.

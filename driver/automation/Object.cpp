@@ -13,20 +13,42 @@ constexpr ObjectClass kAnyOfOutlook = 1000;
 
 }  // namespace
 
+Object::Object(const Gateway& gateway, Server server, Com<IDispatch> target, ObjectClass objectClass) {
+    if (target)
+        reference_ = std::make_shared<Reference>(Reference{gateway, server, std::move(target), objectClass});
+}
+
+std::shared_ptr<Object::Reference> Object::called() const {
+    if (!reference_) throw runtimeFault(fault::kObjectNotSet);
+    return reference_;
+}
+
 ObjectClass Object::objectClass() const {
-    if (!target_) throw runtimeFault(fault::kObjectNotSet);
-    if (class_ == kAskForClass)
-        class_ =
-            gateway_
-                ->invoke(*target_.get(), server_, kAnyOfOutlook, outlook::Class.name, Gateway::Kind::Call, {})
-                .integer();
-    return class_;
+    return called()->knownClass();
 }
 
 Variant Object::invoke(const Member& member, Gateway::Kind kind,
                        std::initializer_list<Variant> arguments) const {
-    const ObjectClass known = objectClass();
-    return gateway_->invoke(*target_.get(), server_, known, member.name, kind, arguments);
+    return called()->invoke(member, kind, arguments);
+}
+
+Object Object::objectFrom(const Member& member, std::initializer_list<Variant> arguments) const {
+    const auto source = called();
+    Com<IDispatch> result = source->invoke(member, Gateway::Kind::Call, arguments).object();
+    return Object(source->gateway, source->server, std::move(result), member.result);
+}
+
+ObjectClass Object::Reference::knownClass() {
+    if (objectClass == kAskForClass)
+        objectClass =
+            gateway.invoke(*target, server, kAnyOfOutlook, outlook::Class.name, Gateway::Kind::Call, {})
+                .integer();
+    return objectClass;
+}
+
+Variant Object::Reference::invoke(const Member& member, Gateway::Kind kind,
+                                  std::initializer_list<Variant> arguments) {
+    return gateway.invoke(*target, server, knownClass(), member.name, kind, arguments);
 }
 
 }  // namespace zelbar

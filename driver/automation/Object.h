@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -10,16 +12,17 @@
 
 namespace zelbar {
 
-/// A late-bound object of another server, or none. Owns its reference; copies share it. Every call throws a
-/// Fault when it fails, and the object-not-set fault (91) on none.
+/// A late-bound object of another server, or none. Copies share one reference. Every call throws a Fault when
+/// it fails, and the object-not-set fault (91) on none. While a call lasts, what is called is owned by the
+/// call itself: a server may let the client in meanwhile, and what the client does then may empty or replace
+/// any object that the driver holds.
 class Object {
   public:
     Object() = default;
-    Object(Gateway& gateway, Server server, Com<IDispatch> target, ObjectClass objectClass)
-        : gateway_(&gateway), target_(std::move(target)), server_(server), class_(objectClass) {}
+    Object(const Gateway& gateway, Server server, Com<IDispatch> target, ObjectClass objectClass);
 
-    explicit operator bool() const { return static_cast<bool>(target_); }
-    const Com<IDispatch>& target() const { return target_; }
+    explicit operator bool() const { return reference_ != nullptr; }
+    Com<IDispatch> target() const { return reference_ ? reference_->target : Com<IDispatch>(); }
 
     /// Outlook's number for the class of this object; asks the object unless that is known.
     ObjectClass objectClass() const;
@@ -36,8 +39,7 @@ class Object {
     /// The object that a member gives, of the class that the member names; none for Nothing.
     template <class... Arguments>
     Object object(const Member& member, const Arguments&... arguments) const {
-        Com<IDispatch> result = get(member, arguments...).object();
-        return Object(*gateway_, server_, std::move(result), member.result);
+        return objectFrom(member, {Variant(arguments)...});
     }
     template <class... Arguments>
     std::wstring text(const Member& member, const Arguments&... arguments) const {
@@ -60,12 +62,22 @@ class Object {
     }
 
   private:
-    Variant invoke(const Member& member, Gateway::Kind kind, std::initializer_list<Variant> arguments) const;
+    struct Reference {
+        Gateway gateway;
+        Server server;
+        Com<IDispatch> target;
+        ObjectClass objectClass;  ///< Told by the target when it is first needed.
 
-    Gateway* gateway_ = nullptr;
-    Com<IDispatch> target_;
-    Server server_ = Server::Client;
-    mutable ObjectClass class_ = kUnknownClass;
+        ObjectClass knownClass();
+        Variant invoke(const Member& member, Gateway::Kind kind, std::initializer_list<Variant> arguments);
+    };
+
+    /// For one call: a share of the reference. Throws the object-not-set fault on none.
+    std::shared_ptr<Reference> called() const;
+    Variant invoke(const Member& member, Gateway::Kind kind, std::initializer_list<Variant> arguments) const;
+    Object objectFrom(const Member& member, std::initializer_list<Variant> arguments) const;
+
+    std::shared_ptr<Reference> reference_;
 };
 
 }  // namespace zelbar
