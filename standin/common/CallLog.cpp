@@ -28,7 +28,7 @@ void CallLog::noteInvocation(const MemberTable& table, const Member& member) {
 }
 
 void CallLog::reset() noexcept {
-    lookUps_ = invocations_ = 0;
+    lookUps_ = invocations_ = abandoned_ = 0;
     lookUpCounts_.clear();
     invocationCounts_.clear();
     recent_.clear();

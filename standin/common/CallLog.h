@@ -18,6 +18,7 @@ class CallLog {
   public:
     void noteLookUp(const MemberTable& table, const Member* found) noexcept;
     void noteInvocation(const MemberTable& table, const Member& member);
+    void noteAbandoned() noexcept { ++abandoned_; }
     void reset() noexcept;
 
     // Name look-ups (GetIDsOfNames), unknown names included.
@@ -28,6 +29,9 @@ class CallLog {
     // The latest invocations, oldest first, as "Class.Member"; at most kRemembered.
     std::vector<std::wstring> calls() const;
 
+    // Calls whose caller let go of the object before they came back. A proxy does not survive that.
+    long abandoned() const noexcept { return abandoned_; }
+
     static constexpr std::size_t kRemembered = 10000;
 
   private:
@@ -36,6 +40,7 @@ class CallLog {
 
     long lookUps_ = 0;
     long invocations_ = 0;
+    long abandoned_ = 0;
     std::map<Key, long> lookUpCounts_;
     std::map<Key, long> invocationCounts_;
     std::deque<Key> recent_;

@@ -41,6 +41,10 @@ void FaultScript::quitAtMember(std::wstring name) {
     rules_.push_back({.deed = Deed::Quit, .member = std::move(name), .times = 1});
 }
 
+void FaultScript::meanwhileAtCall(long n, std::function<void()> action) {
+    rules_.push_back({.deed = Deed::Meanwhile, .countdown = n, .action = std::move(action)});
+}
+
 void FaultScript::clear() {
     rules_.clear();
     all_.reset();
@@ -64,14 +68,18 @@ void FaultScript::beforeLookUp() const {
 
 bool FaultScript::beforeInvocation(const MemberTable& table, const Member& member) {
     bool quit = false;
+    std::vector<std::function<void()>> actions;
     std::optional<Failure> failure = all_;
     for (Rule& rule : rules_) {
         if (!applies(rule, table, member)) continue;
         if (rule.deed == Deed::Hang) Sleep(rule.milliseconds);
         if (rule.deed == Deed::Quit) quit = true;
+        if (rule.deed == Deed::Meanwhile) actions.push_back(std::move(rule.action));
         if (rule.deed == Deed::Fail && !failure) failure = rule.failure;
     }
     std::erase_if(rules_, [](const Rule& rule) { return rule.spent; });
+    // Last, since they call in again and may order faults of their own.
+    for (const auto& action : actions) action();
     if (!quit && failure) throw errorOf(*failure);
     return quit;
 }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,6 +35,9 @@ class FaultScript {
     void hangMember(std::wstring name, DWORD milliseconds);
     void quitAtCall(long n);
     void quitAtMember(std::wstring name);
+    // What the client does on its own thread while it waits for that call: a proxy serves its messages
+    // meanwhile.
+    void meanwhileAtCall(long n, std::function<void()> action);
     void clear();
 
     // For the server. Each may sleep, and throws the Error that the call is to report.
@@ -44,7 +48,7 @@ class FaultScript {
     HRESULT creationOutcome() const noexcept;
 
   private:
-    enum class Deed { Fail, Hang, Quit };
+    enum class Deed { Fail, Hang, Quit, Meanwhile };
     struct Rule {
         Deed deed = Deed::Fail;
         // Either a call number that counts down, or a member's name with an optional number of times.
@@ -53,6 +57,7 @@ class FaultScript {
         std::optional<long> times = {};
         Failure failure = {};
         DWORD milliseconds = 0;
+        std::function<void()> action = {};
         bool spent = false;
     };
     static bool applies(Rule& rule, const MemberTable& table, const Member& member);

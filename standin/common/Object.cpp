@@ -136,7 +136,9 @@ Value Object::invoke(DISPID id, WORD flags, const DISPPARAMS& parameters) {
     if (!member || !offers(*member)) throw Error::plain(DISP_E_MEMBERNOTFOUND);
     if (isAccounted(member)) {
         server_.calls().noteInvocation(members(), *member);
-        if (server_.faults().beforeInvocation(members(), *member)) {
+        const bool quits = server_.faults().beforeInvocation(members(), *member);
+        if (references_ == 1) server_.calls().noteAbandoned();
+        if (quits) {
             server_.quit();
             throw Error::plain(kServerUnavailable);
         }
