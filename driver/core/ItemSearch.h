@@ -17,7 +17,7 @@ class ItemSearch {
     ItemSearch(Object nameSpace, std::wstring entryId, std::function<void(const Fault&)> report);
 
     /// The given store unless it is empty, then the default store, then the stores of the table up to its
-    /// first empty entry. Stops at the first hit; no store is asked twice.
+    /// first empty entry. Stops at the first hit.
     LookUp everywhere(const std::wstring& storeId, const StoreTable& stores);
 
   private:

@@ -21,11 +21,13 @@ constexpr wchar_t kLostText[] =
 
 }  // namespace
 
-void OutlookConnection::connectApplication() {
+Object OutlookConnection::connectApplication() {
     // The old reference goes last: when it is the only one that keeps a windowless Outlook running, releasing
     // it first would shut Outlook down only to start it again.
     const Object old = std::exchange(application_, {});
-    application_ = gateway_.create(Server::Outlook, outlook::kProgId, outlook::kApplication);
+    Object application = gateway_.create(Server::Outlook, outlook::kProgId, outlook::kApplication);
+    application_ = application;
+    return application;
 }
 
 void OutlookConnection::connectNameSpace() {
@@ -36,9 +38,9 @@ Object OutlookConnection::nameSpaceOf(const Object& application) {
     return application.object(outlook::GetNamespace, L"MAPI");
 }
 
-Object OutlookConnection::probedNameSpace() {
+Object OutlookConnection::probedNameSpace(const Object& application) {
     log_.trace(L"    Connecting to Outlook...GetNameSpace");
-    Object result = nameSpaceOf(application_);
+    Object result = nameSpaceOf(application);
     result.text(outlook::Type);
     nameSpace_ = {};
     log_.trace(L"    GetNameSpace: OK");
@@ -50,21 +52,25 @@ void OutlookConnection::release() {
     application_ = {};
 }
 
+// What a connection is asked through is held by the procedure itself: while Outlook is asked the client may
+// call in, and what is shared may be emptied or exchanged.
+
 Object OutlookConnection::GetApp() {
     Fault fault;
     try {
-        application_.text(outlook::Name);
+        Object application = application_;
+        application.text(outlook::Name);
         log_.trace(L"    GetApp: OK");
-        return application_;
+        return application;
     } catch (...) {
         fault = caughtFault();
     }
     report(fault, kGetApp, L"Accessing Outlook Application", L"    GetApp: ERR1 ");
     try {
         log_.trace(L"    Connecting to Outlook...");
-        connectApplication();
+        Object application = connectApplication();
         log_.trace(L"    GetApp: OK");
-        return application_;
+        return application;
     } catch (...) {
         fault = caughtFault();
     }
@@ -76,16 +82,17 @@ Object OutlookConnection::GetApp() {
 
 Object OutlookConnection::GetNameSpace() {
     Fault fault;
+    Object application;
     try {
         log_.trace(L"    Connecting to Outlook...");
-        connectApplication();
-        return probedNameSpace();
+        application = connectApplication();
+        return probedNameSpace(application);
     } catch (...) {
         fault = caughtFault();
     }
     report(fault, kGetNameSpace, L"Accessing NameSpace", L"    GetNameSpace: ERR1 ");
     try {
-        return probedNameSpace();
+        return probedNameSpace(application);
     } catch (...) {
         fault = caughtFault();
     }
@@ -93,8 +100,7 @@ Object OutlookConnection::GetNameSpace() {
     try {
         nameSpace_ = {};
         log_.trace(L"    Connecting to Outlook...");
-        connectApplication();
-        Object result = probedNameSpace();
+        Object result = probedNameSpace(connectApplication());
         release();
         return result;
     } catch (...) {
@@ -116,7 +122,10 @@ LookUp OutlookConnection::GetContactFromID(const std::wstring& entryId, const st
     };
     LookUp result;
     try {
-        result = ItemSearch(GetNameSpace(), entryId, reported).everywhere(storeId, stores_);
+        Object session = GetNameSpace();
+        // A copy: a second driver object that is made meanwhile reads the table anew.
+        const StoreTable stores = stores_;
+        result = ItemSearch(std::move(session), entryId, reported).everywhere(storeId, stores);
     } catch (...) {
         result = {LookUp::Verdict::Failed, {}, caughtFault()};
         reported(result.fault);

@@ -36,7 +36,7 @@ class OutlookConnection {
                             const std::wstring& context);
 
     /// Start-up's first contact, in the two steps that it logs one by one. What they obtain is shared.
-    void connectApplication();
+    Object connectApplication();
     void connectNameSpace();
 
     /// Drops what is shared; the next use connects anew.
@@ -44,7 +44,7 @@ class OutlookConnection {
 
   private:
     Object nameSpaceOf(const Object& application);
-    Object probedNameSpace();
+    Object probedNameSpace(const Object& application);
     void report(const Fault& fault, const wchar_t* function, const wchar_t* stage, const wchar_t* prefix);
     [[noreturn]] void raiseConnectionLost(const Fault& cause, const wchar_t* function);
 

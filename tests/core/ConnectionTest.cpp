@@ -7,17 +7,15 @@ namespace zelbar {
 
 namespace {
 
-int boxes = 0;
-std::wstring lastBox;
+std::wstring boxes;
 
 class Connection : public DriverTest {
   protected:
     Connection() {
-        boxes = 0;
+        boxes.clear();
         driver().log.load();
         driver().user.messageBox = [](const std::wstring& text, const std::wstring& title, UINT) {
-            ++boxes;
-            lastBox = title + L"|" + text;
+            boxes += title + L"|" + text;
             return IDOK;
         };
     }
@@ -34,20 +32,15 @@ class Connection : public DriverTest {
     }
 };
 
-TEST_F(Connection, TheApplicationIsKeptWhileItAnswers) {
+TEST_F(Connection, TheApplicationIsKeptWhileItAnswersAndThenReplaced) {
     driver().outlook.GetApp();
     EXPECT_TRUE(traced("    GetApp: ERR1 91 (0x5B) Object variable or With block variable not set in "));
     const auto first = driver().outlook.GetApp().target();
     EXPECT_EQ(driver().outlook.GetApp().target().get(), first.get());
-    EXPECT_EQ(boxes, 0);
-}
-
-TEST_F(Connection, AnApplicationThatHasGoneIsReplacedWithoutAWord) {
-    driver().outlook.GetApp();
     outlook.quit();
     EXPECT_EQ(driver().outlook.GetApp().text(outlook::Name), L"Outlook");
     EXPECT_TRUE(traced("    GetApp: ERR1 462 "));
-    EXPECT_EQ(boxes, 0);
+    EXPECT_EQ(boxes, L"");
 }
 
 TEST_F(Connection, TheUserIsToldWhenTheApplicationCannotBeMade) {
@@ -56,46 +49,29 @@ TEST_F(Connection, TheUserIsToldWhenTheApplicationCannotBeMade) {
     EXPECT_EQ(fault.number, kConnectionLost);
     EXPECT_EQ(fault.description, L"Loss of connection with Outlook.");
     EXPECT_TRUE(fault.source.ends_with(L".GetApp()")) << fault.source;
-    EXPECT_EQ(boxes, 1);
-    EXPECT_EQ(lastBox,
+    EXPECT_EQ(boxes,
               L"Tessaria Outlook 2000 driver.|Tessaria lost his connection to Outlook.\r\nYou have to stop "
               L"Tessaria and Outlook.\r\nThen you can restart Tessaria.");
 }
 
-TEST_F(Connection, TheNameSpaceComesFromAFreshConnection) {
-    const Object first = driver().outlook.GetNameSpace();
-    EXPECT_EQ(first.text(outlook::Type), L"MAPI");
-    EXPECT_TRUE(traced("    GetNameSpace: OK"));
+TEST_F(Connection, TheNameSpaceComesFromAFreshConnectionInThreeTries) {
+    EXPECT_EQ(driver().outlook.GetNameSpace().text(outlook::Type), L"MAPI");
     outlook.quit();
     EXPECT_EQ(driver().outlook.GetNameSpace().text(outlook::Type), L"MAPI");
     EXPECT_FALSE(traced("ERR1"));
-}
-
-TEST_F(Connection, TheNameSpaceIsTriedThreeTimes) {
-    const struct {
-        int failures;
-        const char* lastError;
-        bool works;
-    } cases[] = {{1, "    GetNameSpace: ERR1 ", true},
-                 {2, "    GetNameSpace: ERR2 ", true},
-                 {3, "    GetNameSpace: ERR3 ", false}};
-    for (const auto& c : cases) {
-        faults().failMember(L"NameSpace.Type", {static_cast<HRESULT>(0x80010001)}, c.failures);
+    const char* errors[] = {"    GetNameSpace: ERR1 ", "    GetNameSpace: ERR2 ", "    GetNameSpace: ERR3 "};
+    for (int failures = 1; failures <= 3; ++failures) {
+        faults().failMember(L"NameSpace.Type", {static_cast<HRESULT>(0x80010001)}, failures);
         const Fault fault = faultFrom([] { driver().outlook.GetNameSpace(); });
         faults().clear();
-        EXPECT_EQ(fault.number == 0, c.works) << c.failures;
-        EXPECT_TRUE(traced(c.lastError));
-        EXPECT_EQ(fault.source.ends_with(L".GetNameSpace()"), !c.works);
+        EXPECT_EQ(fault.number, failures < 3 ? 0 : kConnectionLost) << failures;
+        EXPECT_TRUE(traced(errors[failures - 1]));
+        EXPECT_EQ(fault.source.ends_with(L".GetNameSpace()"), failures == 3);
     }
-    EXPECT_EQ(boxes, 0);
-}
-
-TEST_F(Connection, NoOutlookHasTheNameSpaceFailAtTheThirdStage) {
     faults().failCreation(REGDB_E_CLASSNOTREG);
     EXPECT_EQ(faultFrom([] { driver().outlook.GetNameSpace(); }).number, kConnectionLost);
-    // The second stage has no application to ask.
-    EXPECT_TRUE(traced("    GetNameSpace: ERR2 91 "));
-    EXPECT_EQ(boxes, 0);
+    EXPECT_TRUE(traced("    GetNameSpace: ERR2 91 ")) << "the second try has no application to ask";
+    EXPECT_EQ(boxes, L"");
 }
 
 TEST_F(Connection, AnItemIsLookedForInItsStoreThenInAllOthers) {
@@ -104,23 +80,24 @@ TEST_F(Connection, AnItemIsLookedForInItsStoreThenInAllOthers) {
     const auto archive = mailbox.addStore(L"Archive");
     const auto people = mailbox.addFolder(archive.root, L"People", standin::outlook::ItemType::Contact);
     const auto item = mailbox.addContact(people.id, {{L"LastName", L"Byron"}});
-    const std::wstring id = mailbox.entryId(item);
-    addCacheStore(L"2", mailbox.storeId(archive.id));
+    const std::wstring id = mailbox.entryId(item), own = mailbox.storeId(archive.id);
+    addCacheStore(L"2", own);
     connector();
-    const std::wstring defaultStore = mailbox.storeId(mailbox.defaultStore().id);
-    const auto ask = [&](const std::wstring& entry, const std::wstring& store) {
-        return driver().outlook.GetContactFromID(entry, store, L"test", L"").verdict;
-    };
     using enum LookUp::Verdict;
-    EXPECT_EQ(ask(id, mailbox.storeId(archive.id)), Found);
-    EXPECT_EQ(ask(id, L""), Found);
-    EXPECT_EQ(ask(id, defaultStore), Found);
-    const long before = outlook.server().calls().invocations(L"GetItemFromID");
-    EXPECT_EQ(ask(L"", defaultStore), Gone);
-    EXPECT_EQ(outlook.server().calls().invocations(L"GetItemFromID"), before);
+    const auto ask = [&](const std::wstring& entry, const std::wstring& store, LookUp::Verdict verdict,
+                         long stores) {
+        const long before = outlook.server().calls().invocations(L"GetItemFromID");
+        EXPECT_EQ(driver().outlook.GetContactFromID(entry, store, L"test", L"").verdict, verdict);
+        EXPECT_EQ(outlook.server().calls().invocations(L"GetItemFromID") - before, stores) << entry << store;
+    };
+    ask(id, own, Found, 1);
+    ask(id, L"", Found, 3);
+    ask(id, mailbox.storeId(mailbox.defaultStore().id), Found, 4);
+    ask(L"", own, Gone, 0);
     mailbox.eraseItem(item.id);
-    EXPECT_EQ(ask(id, L""), Gone);
-    EXPECT_EQ(ask(L"zz", L""), Failed);
+    // Its own store again when its turn comes: the first answer may have been a passing one.
+    ask(id, own, Gone, 4);
+    ask(L"zz", L"", Failed, 3);
     EXPECT_TRUE(traced("GetContactFromID: NOK"));
     EXPECT_TRUE(traced("    GetContactFromID() -2147221233 (0x8004010F) "));
 }
