@@ -87,13 +87,21 @@ Pieces charactersOf(std::wstring_view text) {
     return result;
 }
 
-/// What the SQL reader takes a literal for; the rest of the statement stays in `sql`.
+/// What the SQL reader takes a literal for, with the bars that are put in by their code; the rest of the
+/// statement stays in `sql`.
 std::wstring readLiteral(std::wstring_view& sql) {
+    constexpr std::wstring_view kBar = L" & Chr(124) & \"";
     FUZZ_EXPECT(!sql.empty() && sql.front() == L'"');
     std::wstring result;
     for (sql.remove_prefix(1); !sql.empty(); sql.remove_prefix(1)) {
+        FUZZ_EXPECT(sql.front() != L'|');
         if (sql.front() == L'"') {
             sql.remove_prefix(1);
+            if (sql.starts_with(kBar)) {
+                sql.remove_prefix(kBar.size() - 1);
+                result += L'|';
+                continue;
+            }
             if (sql.empty() || sql.front() != L'"') return result;
         }
         result += sql.front();

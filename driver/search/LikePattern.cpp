@@ -16,7 +16,14 @@ std::wstring EscapeLikePattern(std::wstring_view text) {
 
 std::wstring quotedLiteral(std::wstring_view text) {
     std::wstring result = L"\"";
-    for (const wchar_t c : text) result.append(c == L'"' ? 2 : 1, c);
+    for (const wchar_t c : text) {
+        if (c == L'"')
+            result += L"\"\"";
+        else if (c == L'|')
+            result += L"\" & Chr(124) & \"";
+        else
+            result += c;
+    }
     return result += L'"';
 }
 

@@ -9,7 +9,8 @@ namespace zelbar {
 /// stays a wildcard, since clients ask for prefixes and parts by putting it into the text.
 std::wstring EscapeLikePattern(std::wstring_view text);
 
-/// A text between two double-quote characters, as a literal of Jet's SQL.
+/// A text between two double-quote characters, as a literal of Jet's SQL. Inside one, "|Name|" would be the
+/// column of that name, so that a condition holds for every row: a vertical bar is put in by its code.
 std::wstring quotedLiteral(std::wstring_view text);
 
 }  // namespace zelbar

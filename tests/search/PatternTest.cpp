@@ -5,18 +5,10 @@
 namespace zelbar {
 
 TEST(Pattern, EscapesWhatWouldBeAWildcardExceptTheAsterisk) {
-    const struct {
-        const wchar_t* text;
-        const wchar_t* pattern;
-    } cases[] = {
-        {L"", L""},         {L"0123*", L"0123*"}, {L"#31#0123", L"[#]31[#]0123"},
-        {L"a?b", L"a[?]b"}, {L"[x]", L"[[]x]"},   {L"]!-|%_", L"]!-|%_"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(EscapeLikePattern(c.text), c.pattern) << c.text;
-}
-
-TEST(Pattern, LiteralsDoubleTheirQuotes) {
-    EXPECT_EQ(quotedLiteral(L"O\"Brien"), L"\"O\"\"Brien\"");
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+        {L"", L""}, {L"#31#0123*", L"[#]31[#]0123*"}, {L"a?b", L"a[?]b"}, {L"[x]!-|%_", L"[[]x]!-|%_"}};
+    for (const auto& [text, pattern] : cases) EXPECT_EQ(EscapeLikePattern(text), pattern);
+    EXPECT_EQ(quotedLiteral(L"O\"Brien|x"), L"\"O\"\"Brien\" & Chr(124) & \"x\"");
 }
 
 }  // namespace zelbar
