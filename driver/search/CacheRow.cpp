@@ -2,6 +2,7 @@
 
 #include "automation/DaoNames.h"
 #include "core/DriverState.h"
+#include "search/ContactPicture.h"
 
 namespace zelbar {
 
@@ -16,6 +17,7 @@ bool deleteStaleRow(const Object& recordset, const CacheRow& row) noexcept {
         if (CacheRow::read(recordset) != row) return false;
         recordset.call(dao::Delete);
         log.trace(L"Contact deleted from mdb cache: ", row.name, L" -  ", row.phoneNumber);
+        removePicture(row.entryId, driver().paths.DataPath());
         return true;
     } catch (...) {
         log.fault(L"Error (delete from mdb cache): ", caughtFault());

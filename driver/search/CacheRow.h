@@ -20,8 +20,8 @@ struct CacheRow {
 };
 
 /// Deletes the current row, provided that it is still `row`: while Outlook was asked, the client may have
-/// been called and may have moved the recordset on. A failure is logged; the row then stays. True when the
-/// row went.
+/// been called and may have moved the recordset on. The contact's saved picture goes with it. A failure is
+/// logged; the row then stays. True when the row went.
 bool deleteStaleRow(const Object& recordset, const CacheRow& row) noexcept;
 
 }  // namespace zelbar

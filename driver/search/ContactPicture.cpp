@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "automation/Attempts.h"
 #include "automation/OutlookNames.h"
 
 namespace zelbar {
@@ -11,6 +12,18 @@ namespace {
 bool namesPicture(const std::wstring& name) {
     return CompareStringOrdinal(name.c_str(), static_cast<int>(name.size()), L"ContactPicture.jpg", -1,
                                 TRUE) == CSTR_EQUAL;
+}
+
+std::wstring pathOf(const std::wstring& entryId, const std::wstring& folder) {
+    if (entryId.empty() || entryId.find_first_not_of(L"0123456789ABCDEFabcdef") != entryId.npos)
+        throw Fault{fault::kTypeMismatch, L"Not an entry identifier: " + entryId, L"ContactPicture"};
+    return folder + L"\\pimcontact_" + entryId + L".jpg";
+}
+
+void removeFile(const std::wstring& path) {
+    if (DeleteFileW(path.c_str())) return;
+    const DWORD error = GetLastError();
+    if (error != ERROR_FILE_NOT_FOUND) throw faultOf(HRESULT_FROM_WIN32(error), path);
 }
 
 }  // namespace
@@ -24,11 +37,16 @@ std::wstring savePicture(const Object& item, const std::wstring& folder) {
         if (!namesPicture(attachment.text(outlook::DisplayName)) &&
             !namesPicture(attachment.text(outlook::FileName)))
             continue;
-        const std::wstring path = folder + L"\\pimcontact_" + item.text(outlook::EntryID) + L".jpg";
+        const std::wstring path = pathOf(item.text(outlook::EntryID), folder);
+        removeFile(path);
         attachment.call(outlook::SaveAsFile, path);
         return path;
     }
     return {};
+}
+
+void removePicture(const std::wstring& entryId, const std::wstring& folder) noexcept {
+    Attempts()([&] { removeFile(pathOf(entryId, folder)); });
 }
 
 }  // namespace zelbar
