@@ -56,8 +56,6 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
 
 STDAPI DllCanUnloadNow() {
     return guarded([] {
-        // The driver keeps what a search gave out last; nobody else may have it any more.
-        releaseFoundContacts();
         if (isInUse()) return S_FALSE;
         // Letting Outlook go serves messages, so a client may have asked for a driver again by the end.
         resetDriver();

@@ -112,7 +112,6 @@ void shutDown() noexcept {
         Attempts attempt([&state](const Fault& fault) {
             state.log.fault(L"Outlook2000 driver, error(Class_Terminate): ", fault);
         });
-        state.contacts = {};
         attempt([&] { state.directory.close(); });
         attempt([&] { state.employees.close(); });
         attempt([&] { state.cache.closeDatabase(); });

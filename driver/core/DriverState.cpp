@@ -28,10 +28,6 @@ DriverState& driver() {
     return *state;
 }
 
-void releaseFoundContacts() {
-    if (const auto& state = holder()) state->contacts = {};
-}
-
 void resetDriver() {
     moduleState().traceTrapped = nullptr;
     holder().reset();

@@ -5,7 +5,6 @@
 
 #include "automation/Com.h"
 #include "automation/Gateway.h"
-#include "com/Collection.h"
 #include "core/ContactCache.h"
 #include "core/DirectoryDatabase.h"
 #include "core/EmployeesDatabase.h"
@@ -49,15 +48,10 @@ struct DriverState {
     bool exporting = false;
 
     Com<::PIMActions> actions;
-    /// What the last `FillContactCollection` gave out.
-    Com<Collection> contacts;
 };
 
 /// The driver's state; made when it is first asked for.
 DriverState& driver();
-
-/// Drops what the last `FillContactCollection` gave out, if there is a state that could hold it.
-void releaseFoundContacts();
 
 /// Throws the state away, so that the next use makes a new one: when no client needs the module, and between
 /// tests.

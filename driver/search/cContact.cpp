@@ -27,24 +27,28 @@ std::wstring listEntry(const std::wstring& label, const std::wstring& value) {
 }  // namespace
 
 void cContact::SetValues(const Object& item) {
+    SetValues(item, driver().unifiedSearch);
+}
+
+void cContact::SetValues(const Object& item, bool unified) {
     notInPIM_ = true;
     if (item) {
-        load(item);
+        load(item, unified);
         notInPIM_ = false;
     }
     driver().log.trace(L"Contact.SetValues(Item as Object)");
 }
 
-void cContact::load(const Object& item) {
+void cContact::load(const Object& item, bool unified) {
     firstName_ = item.text(outlook::FirstName);
     lastName_ = item.text(outlook::LastName);
     fullName_ = item.text(outlook::LastNameAndFirstName);
     if (fullName_.empty()) fullName_ = lastName_;
     contactId_ = item.text(outlook::EntryID);
     item_ = item;
-    storeId_ = readStoreId();
-    SetPhoneValues();
-    employee_.link(item_);
+    storeId_ = readStoreId(item);
+    SetPhoneValues(unified);
+    employee_.link(item);
 }
 
 void cContact::MakeUnknownContact(long searchKind, const std::wstring& searchText) {
@@ -57,9 +61,9 @@ void cContact::MakeUnknownContact(long searchKind, const std::wstring& searchTex
     item_ = {};
 }
 
-void cContact::SetPhoneValues() {
+void cContact::SetPhoneValues(bool unified) {
     OutputDebugStringW(L"SetPhoneValues() is executed");
-    const size_t count = driver().unifiedSearch ? kUnifiedTelephoneProperties : kTelephoneProperties.size();
+    const size_t count = unified ? kUnifiedTelephoneProperties : kTelephoneProperties.size();
     for (size_t i = 0; i < count; ++i)
         if (std::wstring number = read(kTelephoneProperties[i].member); !number.empty()) {
             mainPhoneNumber_ = std::move(number);
@@ -80,7 +84,8 @@ std::wstring& cContact::cached(std::wstring& kept, const Member& member) noexcep
 
 std::wstring cContact::Contact_employeeId() const {
     std::wstring result;
-    if (item_) Attempts().into(result, [&] { return employeeIdOf(item_); });
+    const Object item = item_;
+    if (item) Attempts().into(result, [&] { return employeeIdOf(item); });
     return result;
 }
 
@@ -89,17 +94,17 @@ std::wstring cContact::Contact_ContactId() {
 }
 
 std::wstring cContact::Contact_StoreId() {
-    if (storeId_.empty() && item_) storeId_ = readStoreId();
+    if (storeId_.empty() && item_) storeId_ = readStoreId(item_);
     return storeId_;
 }
 
-std::wstring cContact::readStoreId() const noexcept {
+std::wstring cContact::readStoreId(const Object& item) noexcept {
     std::wstring result;
     Attempts().into(result, [&] {
         // Every folder of a store names the store, so the first one that does ends the climb; the name space
         // at the top names none. No mailbox is as deep as the bound.
         std::wstring storeId;
-        Object parent = item_.object(outlook::Parent);
+        Object parent = item.object(outlook::Parent);
         for (int depth = 0; depth < 100 && storeId.empty(); ++depth) {
             if (parent.objectClass() == outlook::kNameSpace) break;
             storeId = parent.text(outlook::StoreID);
@@ -111,7 +116,7 @@ std::wstring cContact::readStoreId() const noexcept {
 }
 
 std::wstring cContact::Contact_MainPhoneNumber() {
-    if (mainPhoneNumber_.empty() && item_) SetPhoneValues();
+    if (mainPhoneNumber_.empty() && item_) SetPhoneValues(driver().unifiedSearch);
     return mainPhoneNumber_;
 }
 
@@ -138,20 +143,31 @@ std::wstring cContact::Contact_MainEmail() {
 
 Com<Collection> cContact::Contact_Emails() {
     if (emailList_ && emailList_->count() > 0) return emailList_;
-    emailList_ = makeObject<Collection>();
+    // Filled aside: the client may ask again while Outlook is asked, and gets a whole list then too.
+    const auto list = makeObject<Collection>();
     const std::wstring label = driver().texts.translate(L"#99999#");
-    for (const auto& address : addresses()) emailList_->add(listEntry(label, address));
-    return emailList_;
+    for (const auto& address : addresses()) list->add(listEntry(label, address));
+    emailList_ = list;
+    return list;
+}
+
+void cContact::Contact_PhotoURL(std::wstring value) {
+    photoUrl_ = std::move(value);
+    photoUrlIsPut_ = true;
 }
 
 std::wstring cContact::Contact_PhotoURL() {
-    if (photoUrl_.empty() && item_) SetPhotoUrl();
+    if (item_ && (photoUrl_.empty() || photoUrlIsPut_)) SetPhotoUrl();
     return photoUrl_;
 }
 
+/// A picture's file takes the place of what the client has put; without a picture that stays.
 void cContact::SetPhotoUrl() noexcept {
+    photoUrlIsPut_ = false;
     try {
-        photoUrl_ = savePicture(item_, driver().paths.DataPath());
+        const Object item = item_;
+        if (std::wstring path = savePicture(item, driver().paths.DataPath()); !path.empty())
+            photoUrl_ = std::move(path);
     } catch (...) {
         photoUrl_.clear();
         driver().log.fault(L"Error (SetPhotoUrl): ", caughtFault());
@@ -176,13 +192,14 @@ std::wstring cContact::labelOf(const TelephoneProperty& property) {
 
 Com<Collection> cContact::Contact_PhoneNumbers() {
     if (phoneList_ && phoneList_->count() > 0) return phoneList_;
-    phoneList_ = makeObject<Collection>();
+    const auto list = makeObject<Collection>();
     driver().log.trace(L"Contact.Contact_PhoneNumbers()");
     reloadItem();
     for (const auto& property : kTelephoneProperties)
         if (const std::wstring number = read(property.member); !number.empty())
-            phoneList_->add(listEntry(labelOf(property), number));
-    return phoneList_;
+            list->add(listEntry(labelOf(property), number));
+    phoneList_ = list;
+    return list;
 }
 
 void cContact::Contact_Show() const {

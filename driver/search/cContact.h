@@ -6,13 +6,10 @@
 #include "automation/OutlookNames.h"
 #include "com/Collection.h"
 #include "com/ContactBorder.h"
+#include "search/CacheSearch.h"
 #include "search/ContactEmployee.h"
 
 namespace zelbar {
-
-/// What a search looks for.
-inline constexpr long kSearchByNumber = 0;
-inline constexpr long kSearchByName = 1;
 
 /// One contact as the client sees it: a live Outlook item, read on demand, or an unknown caller who carries
 /// only what was searched. Names and main number are read once; the item is held as long as the contact
@@ -22,8 +19,10 @@ class cContact final : public ContactBorder<cContact> {
     // What the driver's own classes do with a contact.
 
     /// Fills the contact from an Outlook item; none makes it a contact that is not in the PIM, and so does an
-    /// item that does not answer as a contact, whose fault is thrown.
+    /// item that does not answer as a contact, whose fault is thrown. A `unified` search's contact has a
+    /// business number as its main number, or none; without that, as in the search under way.
     void SetValues(const Object& item);
+    void SetValues(const Object& item, bool unified);
     void MakeUnknownContact(long searchKind, const std::wstring& searchText);
     void setNotInPIM(bool notInPIM) { notInPIM_ = notInPIM; }
 
@@ -57,7 +56,7 @@ class cContact final : public ContactBorder<cContact> {
     std::wstring Contact_CompanyName() const { return read(outlook::CompanyName); }
     void Contact_SpareText(std::wstring value) { spareText_ = std::move(value); }
     std::wstring Contact_PhotoURL();
-    void Contact_PhotoURL(std::wstring value) { photoUrl_ = std::move(value); }
+    void Contact_PhotoURL(std::wstring value);
     Com<Collection> Contact_PhoneNumbers();
     std::wstring Contact_LastName() { return cached(lastName_, outlook::LastName); }
     std::wstring Contact_FirstName() { return cached(firstName_, outlook::FirstName); }
@@ -72,15 +71,15 @@ class cContact final : public ContactBorder<cContact> {
     Variant Contact_ExecuteCommand(const std::wstring&) const { return {}; }
 
   private:
-    void load(const Object& item);
-    void SetPhoneValues();
+    void load(const Object& item, bool unified);
+    void SetPhoneValues(bool unified);
     void SetPhotoUrl() noexcept;
 
     /// A text of the item; empty without an item or when Outlook fails.
     std::wstring read(const Member& member) const noexcept;
     /// The same, read once: what is kept is handed out as it is.
     std::wstring& cached(std::wstring& kept, const Member& member) noexcept;
-    std::wstring readStoreId() const noexcept;
+    static std::wstring readStoreId(const Object& item) noexcept;
     /// The addresses that may be read just now, from Outlook or from the directory.
     std::vector<std::wstring> addresses() const;
     void reloadItem() noexcept;
@@ -96,6 +95,7 @@ class cContact final : public ContactBorder<cContact> {
     std::wstring mainHomeNumber_;
     std::wstring spareText_;
     std::wstring photoUrl_;
+    bool photoUrlIsPut_ = false;  ///< By the client, since the picture was last saved.
     std::wstring contactId_;
     std::wstring storeId_;
     Object item_;

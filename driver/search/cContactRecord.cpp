@@ -7,15 +7,17 @@
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
 #include "core/MessageYield.h"
-#include "search/SearchQuery.h"
+#include "search/DialableContacts.h"
+#include "support/Settings.h"
 
 namespace zelbar {
 
 /// Which way a walk goes, and what it is called in the log.
 struct cContactRecord::Direction {
     const wchar_t* name;
+    const wchar_t* faultPrefix;
     Member move;
-    bool cContactRecord::*atEnd;
+    bool Ends::*atEnd;
     const wchar_t* entryLine;
     const wchar_t* endLine;
 
@@ -23,151 +25,170 @@ struct cContactRecord::Direction {
     static const Direction previous;
 };
 
-const cContactRecord::Direction cContactRecord::Direction::next{
-    L"FindNext", dao::MoveNext, &cContactRecord::eof_, L"=>FindNext()", L"  FindNext() End Of File"};
+const cContactRecord::Direction cContactRecord::Direction::next{L"FindNext",     L"Error (FindNext): ",
+                                                                dao::MoveNext,   &Ends::eof,
+                                                                L"=>FindNext()", L"  FindNext() End Of File"};
 const cContactRecord::Direction cContactRecord::Direction::previous{
-    L"FindPrevious", dao::MovePrevious, &cContactRecord::bof_, L"=>FindPrevious()",
-    L"  FindPrevious() Begin Of File"};
+    L"FindPrevious", L"Error (FindPrevious): ", dao::MovePrevious,
+    &Ends::bof,      L"=>FindPrevious()",       L"  FindPrevious() Begin Of File"};
 
-cContactRecord::~cContactRecord() {
-    closeRecordset();
+namespace {
+
+Com<cContact> unknownContact(const CacheSearch& search) {
+    auto contact = makeObject<cContact>();
+    contact->MakeUnknownContact(search.kind, search.text);
+    return contact;
 }
 
-void cContactRecord::closeRecordset() noexcept {
-    // Released even when Close fails: a recordset that survives would stand for a search that it does not
-    // answer.
-    if (const Object old = std::exchange(recordset_, {})) Attempts()([&] { old.call(dao::Close); });
+/// The row's contact in Outlook. A store that the table does not know was not asked, so what the others say
+/// does not make the contact gone: the cache may have got the store while the driver ran.
+LookUp lookUp(const CacheRow& row, const wchar_t* caller) {
+    const std::wstring storeId = driver().cache.stores().storeIdOf(row.storeKey);
+    LookUp result =
+        driver().outlook.GetContactFromID(row.entryId, storeId, caller, row.name + L" " + row.phoneNumber);
+    if (result.gone() && !row.storeKey.empty() && storeId.empty()) {
+        result.verdict = LookUp::Verdict::Failed;
+        result.fault = {fault::kSubscriptOutOfRange, L"The contact's store is not in the table of stores",
+                        L"TStoreID"};
+    }
+    return result;
 }
 
-void cContactRecord::refreshEnds(const Object& recordset) {
-    eof_ = recordset.boolean(dao::EOF_);
-    bof_ = recordset.boolean(dao::BOF_);
+Com<cContact> contactOf(const LookUp& found, bool unified) {
+    if (found.failed()) throw found.fault;
+    auto contact = makeObject<cContact>();
+    contact->SetValues(found.item, unified);
+    return contact;
+}
+
+}  // namespace
+
+cContactRecord::Ends cContactRecord::refreshEnds(const Search& search) {
+    const Ends ends{search->rows.boolean(dao::BOF_), search->rows.boolean(dao::EOF_)};
+    if (isCurrent(search)) ends_ = ends;
+    return ends;
+}
+
+void cContactRecord::setCurrentContact(const Search& search, Com<::Contact> contact) {
+    if (isCurrent(search)) currentContact_ = std::move(contact);
 }
 
 short cContactRecord::ContactRecord_RecordCount() const {
     if (useMatchCount_) return matchCount_;
-    return recordset_ ? narrowedCount(recordset_) : short{0};
-}
-
-Com<cContact> cContactRecord::unknownContact() const {
-    auto contact = makeObject<cContact>();
-    contact->MakeUnknownContact(searchKind_, searchText_);
-    return contact;
-}
-
-LookUp cContactRecord::lookUp(const CacheRow& row, const wchar_t* caller) const {
-    return driver().outlook.GetContactFromID(row.entryId, driver().cache.stores().storeIdOf(row.storeKey),
-                                             caller, row.name + L" " + row.phoneNumber);
+    return search_ && search_->rows ? search_->count() : short{0};
 }
 
 // ---- The first match
 
-Com<cContact> cContactRecord::search(long searchKind, const std::wstring& searchText) {
-    bof_ = true;
-    eof_ = false;
+cContactRecord::Search cContactRecord::begin(long searchKind, const std::wstring& searchText, bool unified) {
+    ends_ = {.bof = true, .eof = false};
     searchKind_ = searchKind;
     searchText_ = searchText;
     yieldToMessages();
-    return TimerFind();
+    return std::make_shared<CacheSearch>(searchKind, searchText, unified);
 }
 
 Com<::Contact> cContactRecord::ContactRecord_FindFirst(long searchKind, const std::wstring& searchText) {
-    driver().unifiedSearch = false;
     FLog& log = driver().log;
     log.trace(searchKind == kSearchByName ? L"=>FindFisrt() Name=" : L"=>FindFisrt() Phone=", searchText);
-    const Com<::Contact> result = search(searchKind, searchText);
-    if (log.LogEnabled() && recordset_)
-        Attempts()([&] { log.trace(L"Found ", recordset_.integer(dao::RecordCount), L" items..."); });
-    currentContact_ = result;
+    const Search search = begin(searchKind, searchText, false);
+    const Com<::Contact> result = TimerFind(search);
+    log.trace(
+        L"Found ", [&] { return search->rows.integer(dao::RecordCount); }, L" items...");
+    setCurrentContact(search, result);
     yieldToMessages();
     return result;
 }
 
 Com<::Contact> cContactRecord::ContactRecord_FindFirstForUnified(long searchKind,
                                                                  const std::wstring& searchText) {
-    driver().unifiedSearch = true;
-    const Com<::Contact> result = search(searchKind, searchText);
+    const Com<::Contact> result = TimerFind(begin(searchKind, searchText, true));
     yieldToMessages();
     return result;
 }
 
-Com<cContact> cContactRecord::TimerFind() {
+Com<cContact> cContactRecord::TimerFind(const Search& search) {
     FLog& log = driver().log;
     log.trace(L"TimerFind()");
     useMatchCount_ = false;
-    openQuery();
-    // Held apart from the member: calls to Outlook serve the client's messages, and a new search would
-    // replace it.
-    const Object recordset = recordset_;
-    if (recordset) countMatches();
-    const Com<cContact> contact = recordset && !noMatch_ ? firstMatch(recordset) : unknownContact();
+    openQuery(search);
+    const bool matches = search->rows && !noMatch_;
+    const Com<cContact> contact = matches ? firstMatch(*search) : unknownContact(*search);
     if (contact->Contact_NotInPIM())
         log.trace(L"Returning Unknown");
-    else if (log.LogEnabled())
-        log.trace(L"Returning: '", contact->Contact_FullName(), L"'.");
+    else
+        log.trace(
+            L"Returning: '", [&] { return contact->Contact_FullName(); }, L"'.");
     return contact;
 }
 
-void cContactRecord::openQuery() noexcept {
-    closeRecordset();
-    Attempts attempt([](const Fault& fault) { driver().log.fault(L"Error (TimerFind): ", fault); });
-    attempt.into(recordset_,
-                 [&] { return driver().cache.openDynaset(searchQuery(searchKind_, searchText_)); });
-}
-
-void cContactRecord::countMatches() noexcept {
-    Attempts attempt;
-    // Only the last row makes the count complete.
-    attempt([&] { recordset_.call(dao::MoveLast); });
-    attempt([&] { recordset_.call(dao::MoveFirst); });
-    attempt.into(matchCount_, [&] { return narrowedCount(recordset_); });
+/// The cursor takes the search over; statements that fail leave it as it was. The cache does not let the
+/// client in, so this is one step.
+void cContactRecord::openQuery(const Search& search) noexcept {
     FLog& log = driver().log;
-    if (log.LogEnabled()) attempt([&] { log.trace(L"Found: ", columnText(recordset_, L"Name")); });
-    attempt([&] { refreshEnds(recordset_); });
-    noMatch_ = eof_ && bof_;
+    Attempts attempt;
+    // The rows of the search before go first: rows that survived would stand for a search that they do not
+    // answer.
+    search_.reset();
+    Attempts([&](const Fault& fault) { log.fault(L"Error (TimerFind): ", fault); }).into(search->rows, [&] {
+        return driver().cache.openDynaset(search->query());
+    });
+    search_ = search;
+    searchKind_ = search->kind;
+    searchText_ = search->text;
+    driver().unifiedSearch = search->unified;
+    if (!search->rows) return;
+    // Only the last row makes the count complete.
+    attempt([&] { search->rows.call(dao::MoveLast); });
+    attempt([&] { search->rows.call(dao::MoveFirst); });
+    attempt.into(matchCount_, [&] { return search->count(); });
+    search->matchCount = matchCount_;
+    log.trace(L"Found: ", [&] { return columnText(search->rows, L"Name"); });
+    attempt([&] { refreshEnds(search); });
+    noMatch_ = ends_.eof && ends_.bof;
 }
 
-Com<cContact> cContactRecord::firstMatch(const Object& recordset) noexcept {
+Com<cContact> cContactRecord::firstMatch(const CacheSearch& search) noexcept {
     try {
-        return deliver(recordset, CacheRow::read(recordset));
+        return deliver(search, CacheRow::read(search.rows));
     } catch (...) {
         driver().log.fault(L"Error (TimerFind): ", caughtFault());
     }
-    return unknownContact();
+    return unknownContact(search);
 }
 
 /// The first row's contact. A row whose contact is gone makes the caller unknown even when later rows match.
-Com<cContact> cContactRecord::deliver(const Object& recordset, const CacheRow& row) {
+Com<cContact> cContactRecord::deliver(const CacheSearch& search, const CacheRow& row) {
     FLog& log = driver().log;
     const LookUp found = lookUp(row, L"TimerFind");
     if (found.failed()) {
         log.trace(L"TimerFind() error with Outlook.");
-        return unknownContact();
+        return unknownContact(search);
     }
     if (found.gone()) {
         log.trace(L"Contact not found in Outlook...AND DELETED FROM MDB CACHE !");
-        deleteStaleRow(recordset, row);
-        return unknownContact();
+        deleteStaleRow(search.rows, row);
+        return unknownContact(search);
     }
+    log.trace(
+        L"Contact: ", [&] { return found.item.text(outlook::FileAs); }, L" found in Outlook...");
     auto contact = makeObject<cContact>();
     try {
-        if (log.LogEnabled())
-            log.trace(L"Contact: ", found.item.text(outlook::FileAs), L" found in Outlook...");
-        contact->SetValues(found.item);
+        contact->SetValues(found.item, search.unified);
     } catch (...) {
         log.trace(L"TimerFind() error with Outlook.");
         throw;
     }
-    record(*contact.get());
+    record(search, *contact.get());
     return contact;
 }
 
-void cContactRecord::record(cContact& contact) {
+void cContactRecord::record(const CacheSearch& search, cContact& contact) {
     const auto own = Com<::Contact>::share(&contact);
-    if (searchKind_ == kSearchByName)
-        phoneCache_.add(searchText_, contact.Contact_MainPhoneNumber(), matchCount_, own);
+    if (search.kind == kSearchByName)
+        phoneCache_.add(search.text, contact.Contact_MainPhoneNumber(), search.matchCount, own);
     else
-        phoneCache_.add(contact.Contact_FullName(), searchText_, matchCount_, own);
+        phoneCache_.add(contact.Contact_FullName(), search.text, search.matchCount, own);
 }
 
 Com<::Contact> cContactRecord::ContactRecord_Contact() {
@@ -188,73 +209,99 @@ Com<::Contact> cContactRecord::ContactRecord_FindPrevious() {
 }
 
 /// One row further. False at the end, where there is no current contact any more.
-bool cContactRecord::advance(const Object& recordset, const Direction& direction) {
-    recordset.call(direction.move);
-    refreshEnds(recordset);
-    if (!(this->*direction.atEnd)) return true;
+bool cContactRecord::advance(const Search& search, const Direction& direction) {
+    search->rows.call(direction.move);
+    if (!(refreshEnds(search).*direction.atEnd)) return true;
     driver().log.trace(direction.endLine);
-    currentContact_ = {};
+    setCurrentContact(search, {});
     return false;
 }
 
 Com<::Contact> cContactRecord::walk(const Direction& direction) {
     driver().log.trace(direction.entryLine);
-    if (!recordset_) return {};
-    if (useMatchCount_) TimerFind();
-    const Object recordset = recordset_;
+    if (!search_ || !search_->rows) return {};
+    if (useMatchCount_) TimerFind(std::make_shared<CacheSearch>(searchKind_, searchText_, search_->unified));
+    return walk(Search(search_), direction, driver().unifiedSearch);
+}
+
+Com<::Contact> cContactRecord::walk(const Search& search, const Direction& direction, bool unified) {
+    const Object& rows = search->rows;
     // The current row may be one that was just deleted; then there is no contact to pass over.
     std::wstring passed;
-    const bool hasPassed = Attempts().into(passed, [&] { return columnText(recordset, L"EntryId"); });
-    while (advance(recordset, direction)) {
+    const bool hasPassed = Attempts().into(passed, [&] { return columnText(rows, L"EntryId"); });
+    while (advance(search, direction)) {
         CacheRow row;
         Attempts attempt;
-        if (!attempt.into(row, [&] { return CacheRow::read(recordset); })) {
+        if (!attempt.into(row, [&] { return CacheRow::read(rows); })) {
             if (attempt.last().number == dao::kRecordIsDeleted) continue;
             throw attempt.last();
         }
         if (hasPassed && row.entryId == passed) continue;
         const LookUp found = lookUp(row, direction.name);
         if (found.gone()) {
-            deleteStaleRow(recordset, row);
+            deleteStaleRow(rows, row);
             continue;
         }
-        currentContact_ = contactOf(found);
-        return currentContact_;
+        const Com<::Contact> contact = contactOf(found, unified);
+        setCurrentContact(search, contact);
+        return contact;
     }
     return {};
 }
 
-Com<cContact> cContactRecord::contactOf(const LookUp& found) const {
-    if (found.failed()) throw found.fault;
-    auto contact = makeObject<cContact>();
-    contact->SetValues(found.item);
-    return contact;
-}
-
 void cContactRecord::ContactRecord_MoveFirst() {
-    if (!recordset_) return;
-    recordset_.call(dao::MoveFirst);
-    refreshEnds(recordset_);
-    currentContact_ = {};
+    const Search search = search_;
+    if (!search || !search->rows) return;
+    search->rows.call(dao::MoveFirst);
+    refreshEnds(search);
+    setCurrentContact(search, {});
 }
 
 void cContactRecord::ContactRecord_MoveLast() {
     driver().log.trace(L"=>MoveLast()");
-    const Object recordset = recordset_;
-    if (!recordset) return;
-    recordset.call(dao::MoveLast);
-    refreshEnds(recordset);
-    currentContact_ = {};
-    const CacheRow row = CacheRow::read(recordset);
+    const Search search = search_;
+    if (!search || !search->rows) return;
+    search->rows.call(dao::MoveLast);
+    refreshEnds(search);
+    setCurrentContact(search, {});
+    const CacheRow row = CacheRow::read(search->rows);
     const LookUp found = lookUp(row, L"MoveLast");
     if (!found.gone()) {
-        currentContact_ = contactOf(found);
+        setCurrentContact(search, contactOf(found, driver().unifiedSearch));
         return;
     }
-    deleteStaleRow(recordset, row);
+    deleteStaleRow(search->rows, row);
     Com<::Contact> dropped;
     FindPrevious(dropped.put());
-    currentContact_ = {};
+    setCurrentContact(search, {});
+}
+
+// ---- The list
+
+/// The contacts of a search that have something to dial. When the first match has nothing to dial, the others
+/// are not looked at.
+Com<Collection> cContactRecord::ContactRecord_FillContactCollection(long searchKind,
+                                                                    const std::wstring& searchText) {
+    FLog& log = driver().log;
+    log.trace(L"ContactRecord_FillContactCollection()");
+    OutputDebugStringW(L"ContactRecord_FillContactCollection......OutputDebugString");
+    const Search search = begin(searchKind, searchText, true);
+    const Com<::Contact> first = TimerFind(search);
+    yieldToMessages();
+    const auto next = [&] {
+        const Direction& direction = Direction::next;
+        log.trace(direction.entryLine);
+        Com<::Contact> result;
+        // What was collected before a failure is still handed out.
+        Attempts([&](const Fault& fault) { log.fault(direction.faultPrefix, fault); }).into(result, [&] {
+            return walk(search, direction, search->unified);
+        });
+        return result;
+    };
+    const auto contacts = dialableContacts(first, next);
+    if (contacts->count() > 0) writeSetting(settings::kNoEmailAddressAccess, L"0");
+    traceContacts(log, *contacts.get());
+    return contacts;
 }
 
 }  // namespace zelbar

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
-#include "automation/Object.h"
 #include "com/Collection.h"
 #include "com/ContactRecordBorder.h"
 #include "core/LookUp.h"
 #include "core/PhoneCache.h"
 #include "search/CacheRow.h"
+#include "search/CacheSearch.h"
 #include "search/cContact.h"
 
 namespace zelbar {
@@ -17,10 +18,8 @@ namespace zelbar {
 /// out on the way.
 class cContactRecord final : public ContactRecordBorder<cContactRecord> {
   public:
-    ~cContactRecord() override;
-
-    bool ContactRecord_EOF() const { return eof_; }
-    bool ContactRecord_BOF() const { return bof_; }
+    bool ContactRecord_EOF() const { return ends_.eof; }
+    bool ContactRecord_BOF() const { return ends_.bof; }
     short ContactRecord_RecordCount() const;
     bool ContactRecord_NoMatch() const { return noMatch_; }
     Com<Collection> ContactRecord_FillContactCollection(long searchKind, const std::wstring& searchText);
@@ -33,34 +32,40 @@ class cContactRecord final : public ContactRecordBorder<cContactRecord> {
     Com<::Contact> ContactRecord_Contact();
     Variant ContactRecord_ExecuteCommand(const std::wstring&) const { return {}; }
 
+    // For the entry object, which has no use for them so far.
+
     /// Forgets the search text, so that the next read of `Contact` searches for nothing.
     void ResetSearch() { searchText_.clear(); }
     void ClearPhoneCache() { phoneCache_.clear(); }
 
   private:
     struct Direction;
+    struct Ends {
+        bool bof = true;
+        bool eof = true;
+    };
+    /// A procedure keeps the search that it works on to itself; the cursor's may be exchanged meanwhile.
+    using Search = std::shared_ptr<CacheSearch>;
 
-    Com<cContact> search(long searchKind, const std::wstring& searchText);
-    Com<cContact> TimerFind();
-    void openQuery() noexcept;
-    void countMatches() noexcept;
-    Com<cContact> firstMatch(const Object& recordset) noexcept;
-    Com<cContact> deliver(const Object& recordset, const CacheRow& row);
-    void record(cContact& contact);
-    Com<cContact> unknownContact() const;
+    Search begin(long searchKind, const std::wstring& searchText, bool unified);
+    Com<cContact> TimerFind(const Search& search);
+    void openQuery(const Search& search) noexcept;
+    Com<cContact> firstMatch(const CacheSearch& search) noexcept;
+    Com<cContact> deliver(const CacheSearch& search, const CacheRow& row);
+    void record(const CacheSearch& search, cContact& contact);
 
     Com<::Contact> walk(const Direction& direction);
-    bool advance(const Object& recordset, const Direction& direction);
-    Com<cContact> contactOf(const LookUp& found) const;
-    LookUp lookUp(const CacheRow& row, const wchar_t* caller) const;
-    void refreshEnds(const Object& recordset);
-    void closeRecordset() noexcept;
+    Com<::Contact> walk(const Search& search, const Direction& direction, bool unified);
+    bool advance(const Search& search, const Direction& direction);
+    /// Whether the cursor still stands on that search. What is the cursor's own changes only then.
+    bool isCurrent(const Search& search) const { return search_ == search; }
+    void setCurrentContact(const Search& search, Com<::Contact> contact);
+    Ends refreshEnds(const Search& search);
 
     bool noMatch_ = true;
-    bool bof_ = true;
-    bool eof_ = true;
+    Ends ends_;
     short matchCount_ = 0;
-    Object recordset_;
+    Search search_;
     Com<::Contact> currentContact_;
     PhoneCache phoneCache_;
     bool useMatchCount_ = false;
