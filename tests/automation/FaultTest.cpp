@@ -36,11 +36,9 @@ TEST(FaultTest, ResultsBecomeTheNumbersThatUsersOfAutomationKnow) {
         const wchar_t* text;
     } kCases[] = {
         {0x80020003, 438, L"Object doesn't support this property or method"},
-        {0x80020006, 438, L"Object doesn't support this property or method"},
         {0x80020005, 13, L"Type mismatch"},
         {0x8002000A, 6, L"Overflow"},
         {0x8007000E, 7, L"Out of memory"},
-        {0x80070005, 70, L"Permission denied"},
         {0x80040154, 429, L"ActiveX component can't create object"},
         {0x800706BA, 462, L"The remote server machine does not exist or is unavailable"},
         {0x800A0BCD, 3021, L"Automation error"},

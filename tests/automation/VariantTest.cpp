@@ -31,7 +31,6 @@ TEST(VariantTest, ReadersConvertAsAutomationDoes) {
         {2.5, L"2.5", L"2", L"yes"},
         {1e12, L"1000000000000", L"!6", L"yes"},
         {L"", L"", L"!13", L"!13"},
-        {L"12", L"12", L"12", L"yes"},
         {std::wstring(L"a\0b", 3), std::wstring(L"a\0b", 3), L"!13", L"!13"},
         {Variant::missing(), L"!13", L"!13", L"!13"},
         {Com<IDispatch>(), L"!13", L"!13", L"!13"},

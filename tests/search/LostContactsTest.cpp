@@ -57,15 +57,12 @@ TEST_F(LostContacts, StaleRowsOnTheWayGoAndTheWalkGoesOn) {
 }
 
 TEST_F(LostContacts, AnOutlookThatFailsLosesNoRow) {
-    for (const unsigned long failure : {0x80010001UL, 0x800706BAUL, 0x8004011CUL, 0x80004005UL})
-        for (const bool described : {false, true}) {
-            standin::Failure fault{static_cast<HRESULT>(failure)};
-            if (described) fault.description = L"It failed.";
-            outlook.server().faults().failMember(L"GetItemFromID", fault);
-            walkAll();
-            EXPECT_TRUE(notInPim(first(0, L"5Ada"))) << std::hex << failure;
-            outlook.server().faults().clear();
-        }
+    for (const unsigned long failure : {0x80010001UL, 0x800706BAUL, 0x8004011CUL, 0x80004005UL}) {
+        outlook.server().faults().failMember(L"GetItemFromID", {static_cast<HRESULT>(failure)});
+        walkAll();
+        EXPECT_TRUE(notInPim(first(0, L"5Ada"))) << std::hex << failure;
+        outlook.server().faults().clear();
+    }
     EXPECT_TRUE(traced("TimerFind() error with Outlook."));
     EXPECT_TRUE(traced("Error (FindNext): "));
     outlook.quit();
