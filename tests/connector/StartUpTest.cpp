@@ -98,20 +98,24 @@ TEST_F(StartUp, GoesOnWhateverTheCacheIsLike) {
 }
 
 TEST_F(StartUp, TheNextDriverObjectSpeaksTheLanguageThatIsSetThen) {
-    const auto nameOfAnAction = [this](const wchar_t* lang) {
+    const auto nameOfASetting = [this](const wchar_t* lang) {
         registry.set(HKEY_CURRENT_USER, std::wstring(kClientKey) + L"\\Settings", L"lang", lang);
         Com<::PIMActions> actions;
         connector().get_Actions(actions.put());
         Com<IDispatch> action;
-        actions->Item(4098, action.put());
+        actions->Item(4099, action.put());
+        // Named while start-up makes it, before the text service is set up.
+        Com<::ActionProperties> settings;
+        action.as<::CallAction>()->get_ActionProp(settings.put());
+        Com<::ActionProperty> setting;
+        settings->Item(Variant(1).raw(), setting.put());
         Bstr name;
-        action.as<::CallAction>()->get_ActionName(name.put());
-        actions.reset();
+        setting->get_PropertyName(name.put());
         finish();
         return name.text();
     };
-    EXPECT_EQ(nameOfAnAction(L"0"), L"Close the contact");
-    EXPECT_EQ(nameOfAnAction(L"2"), L"Kontakt schlie\u00DFen");
+    EXPECT_EQ(nameOfASetting(L"0"), L"Address of the recipient");
+    EXPECT_EQ(nameOfASetting(L"2"), L"Adresse des Empf\u00E4ngers");
 }
 
 }  // namespace
