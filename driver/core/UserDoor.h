@@ -22,7 +22,8 @@ struct UserDoor {
     /// Shows a message box until it is answered; `flags` as for MessageBox.
     int (*messageBox)(const std::wstring& text, const std::wstring& title,
                       UINT flags) = [](const std::wstring& text, const std::wstring& title, UINT flags) {
-        return MessageBoxW(nullptr, text.c_str(), title.c_str(), flags);
+        // It has no owner, and yet the client's windows must wait for it, and it must be seen.
+        return MessageBoxW(nullptr, text.c_str(), title.c_str(), flags | MB_TASKMODAL | MB_SETFOREGROUND);
     };
 
     /// Where messages go that the client's work does not wait for; none stands for the driver's own window.
