@@ -1,9 +1,11 @@
 #include "dialogs/CheckList.h"
 
+#include <uxtheme.h>
 #include <windowsx.h>
 
 #include <utility>
 
+#include "dialogs/FolderRules.h"
 #include "module/OwnModule.h"
 
 namespace zelbar {
@@ -41,6 +43,7 @@ TTTOOLINFOW toolOf(HWND dialog, HWND list) {
 void CheckList::attach(HWND dialog, int control, Lines lines) {
     lines_ = std::move(lines);
     list_ = GetDlgItem(dialog, control);
+    SetWindowTheme(list_, L"Explorer", nullptr);
     constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     ask(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);
     LVCOLUMNW column{};
@@ -57,30 +60,70 @@ void CheckList::addTip(HWND dialog) {
                            moduleHandle(), nullptr);
     const TTTOOLINFOW tool = toolOf(dialog, list_);
     ask(tip_, TTM_ADDTOOLW, 0, &tool);
-    ask(tip_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
+    // Lines are broken where we say; there is no other way to have more than one.
+    ask(tip_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN));
 }
 
-void CheckList::fill() {
+void CheckList::fill(size_t current) {
     const bool before = std::exchange(filling_, true);
     ask(list_, WM_SETREDRAW, FALSE);
     ask(list_, LVM_DELETEALLITEMS);
     const size_t count = lines_.count();
     ask(list_, LVM_SETITEMCOUNT, count);
-    for (size_t i = 0; i < count; ++i) {
-        std::wstring text = lines_.text(i);
-        LVITEMW item{};
-        item.mask = LVIF_TEXT;
-        item.iItem = static_cast<int>(i);
-        item.pszText = text.data();
-        ask(list_, LVM_INSERTITEMW, 0, &item);
-        item.stateMask = LVIS_STATEIMAGEMASK;
-        item.state = imageState(lines_.isChecked(i));
-        ask(list_, LVM_SETITEMSTATE, i, &item);
-    }
+    for (size_t i = 0; i < count; ++i) insert(static_cast<int>(i));
     widen();
+    LVITEMW chosen{};
+    chosen.state = chosen.stateMask = LVIS_FOCUSED | LVIS_SELECTED;
+    ask(list_, LVM_SETITEMSTATE, current, &chosen);
+    ask(list_, LVM_SETSELECTIONMARK, 0, current);
     ask(list_, WM_SETREDRAW, TRUE);
+    ask(list_, LVM_ENSUREVISIBLE, current, FALSE);
     InvalidateRect(list_, nullptr, TRUE);
     filling_ = before;
+}
+
+void CheckList::insert(int line) {
+    std::wstring text = shownPath(lines_.text(static_cast<size_t>(line)));
+    LVITEMW item{};
+    item.mask = LVIF_TEXT;
+    item.iItem = line;
+    item.pszText = text.data();
+    ask(list_, LVM_INSERTITEMW, 0, &item);
+    setBox(line, lines_.isChecked(static_cast<size_t>(line)));
+}
+
+int CheckList::focused() const noexcept {
+    return static_cast<int>(ask(list_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+}
+
+std::optional<size_t> CheckList::current() const {
+    const int line = focused();
+    return line < 0 ? std::nullopt : std::optional(static_cast<size_t>(line));
+}
+
+bool CheckList::isBoxChecked(int line) const {
+    return static_cast<UINT>(ask(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(line), LVIS_STATEIMAGEMASK)) ==
+           imageState(true);
+}
+
+void CheckList::setBox(int line, bool checked) {
+    LVITEMW item{};
+    item.stateMask = LVIS_STATEIMAGEMASK;
+    item.state = imageState(checked);
+    ask(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(line), &item);
+}
+
+/// When a line is one of several that are chosen, all of them get the mark that it does not have. Otherwise
+/// the control itself turns the one.
+bool CheckList::turnChosen(int line) noexcept {
+    const bool chosen = ask(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(line), LVIS_SELECTED) != 0;
+    if (line < 0 || !chosen || ask(list_, LVM_GETSELECTEDCOUNT) < 2) return false;
+    const bool checked = !isBoxChecked(line);
+    int each = -1;
+    while ((each = static_cast<int>(ask(list_, LVM_GETNEXTITEM, static_cast<WPARAM>(each), LVNI_SELECTED))) >=
+           0)
+        setBox(each, checked);
+    return true;
 }
 
 void CheckList::widen() {
@@ -101,23 +144,33 @@ bool CheckList::notified(NMHDR& header) {
     }
     if (header.hwndFrom == tip_ && header.code == TTN_GETDISPINFOW) {
         auto& question = reinterpret_cast<NMTTDISPINFOW&>(header);
-        POINT point{};
-        GetCursorPos(&point);
-        ScreenToClient(list_, &point);
-        const int line = tipLine_ >= 0 ? tipLine_ : lineAt(point);
-        // The tip only reads the text, which stays where it is as long as the line does.
-        question.lpszText = line >= 0 && static_cast<size_t>(line) < lines_.count()
-                                ? const_cast<wchar_t*>(lines_.text(static_cast<size_t>(line)).c_str())
-                                : nullptr;
+        // The tip only reads the text.
+        question.lpszText = const_cast<wchar_t*>(tipText().c_str());
         return true;
     }
     return false;
+}
+
+const std::wstring& CheckList::tipText() {
+    POINT point{};
+    GetCursorPos(&point);
+    ScreenToClient(list_, &point);
+    const auto line = static_cast<size_t>(tipLine_ >= 0 ? tipLine_ : lineAt(point));
+    return tipText_ = line < lines_.count() ? brokenPath(lines_.text(line)) : std::wstring();
 }
 
 int CheckList::lineAt(POINT point) const {
     LVHITTESTINFO hit{};
     hit.pt = point;
     return static_cast<int>(ask(list_, LVM_SUBITEMHITTEST, 0, &hit));
+}
+
+/// The line whose box is there; below 0 for none.
+int CheckList::boxAt(POINT point) const {
+    LVHITTESTINFO hit{};
+    hit.pt = point;
+    const auto line = static_cast<int>(ask(list_, LVM_SUBITEMHITTEST, 0, &hit));
+    return hit.flags & LVHT_ONITEMSTATEICON && !(hit.flags & LVHT_ONITEMLABEL) ? line : -1;
 }
 
 void CheckList::pointerAt(POINT point) {
@@ -136,6 +189,13 @@ LRESULT CALLBACK CheckList::procedure(HWND window, UINT message, WPARAM wide, LP
             break;
         case WM_NCMOUSEMOVE:
             self.pointerAt({-1, -1});
+            break;
+        case WM_KEYDOWN:
+            if (wide == VK_SPACE && self.turnChosen(self.focused())) return 0;
+            break;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            if (self.turnChosen(self.boxAt({GET_X_LPARAM(parameter), GET_Y_LPARAM(parameter)}))) return 0;
             break;
         case WM_NCDESTROY:
             SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));

@@ -5,6 +5,7 @@
 #define kDialogResource_frmOutSelFolder 100
 #define kDialogResource_frmOutListFolder 101
 #define kDialogResource_FLog 102
+#define kDialogResource_frmMessageForm 103
 
 // frmOutSelFolder
 #define kControl_Label1 1001
@@ -13,6 +14,8 @@
 #define kControl_Label2 1004
 #define kControl_ReinitCheck 1005
 #define kControl_CmdSelect 1006
+#define kControl_Count 1007
+#define kControl_CmdRetry 1008
 
 // frmOutListFolder
 #define kControl_TreeLabel 1101
@@ -25,3 +28,6 @@
 // FLog
 #define kControl_LLog 1201
 #define kMenu_Copy 1202
+
+// frmMessageForm
+#define kControl_Message 0

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "support/Handle.h"
+
 namespace zelbar {
 
 /// While it lives, a modeless dialog has its keys (Tab, Enter, Escape, the underlined letters) in a client
@@ -14,7 +16,21 @@ class DialogKeys {
     DialogKeys& operator=(const DialogKeys&) = delete;
 
   private:
+    struct HookTraits {
+        using Type = HHOOK;
+        static Type empty() noexcept { return nullptr; }
+        static void close(Type hook) noexcept { UnhookWindowsHookEx(hook); }
+    };
+
+    static LRESULT CALLBACK serveKeys(int code, WPARAM removal, LPARAM parameter) noexcept;
+    static bool serve(MSG& message) noexcept;
+
+    /// All that live, chained so that nothing is left to destroy when the process ends.
+    static inline DialogKeys* newest_ = nullptr;
+
     HWND dialog_;
+    DialogKeys* older_ = newest_;
+    Handle<HookTraits> hook_;
 };
 
 }  // namespace zelbar

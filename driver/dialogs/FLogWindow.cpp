@@ -3,17 +3,17 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "com/ModuleState.h"
 #include "core/DriverState.h"
 #include "dialogs/Clipboard.h"
 #include "dialogs/Controls.h"
-#include "dialogs/DialogFont.h"
+#include "dialogs/DeviceContext.h"
+#include "dialogs/Form.h"
 #include "dialogs/VisualStyles.h"
-#include "module/OwnModule.h"
+#include "support/Lasting.h"
 
 namespace zelbar {
 
@@ -27,114 +27,91 @@ constexpr int kTwipsAnInch = 1440;
 /// The oldest lines go in this number at a time.
 constexpr int kLinesDroppedAtOnce = kMostLogLines / 10;
 
-struct ContextTraits {
-    using Type = HDC;
-    static Type empty() noexcept { return nullptr; }
-    static void close(Type context) noexcept { ReleaseDC(WindowFromDC(context), context); }
-};
-
-class FLogWindow final : public LogWindow {
+class LogForm final : public Form {
   public:
-    void show() noexcept override;
-    void clear() noexcept override { ask(LB_RESETCONTENT); }
-    void add(std::wstring_view line, Follow follow) noexcept override;
+    LogForm() : Form(L"FLog") {}
+    static std::shared_ptr<LogForm> make();
+    void clear() { ask(LB_RESETCONTENT); }
+    void add(const std::wstring& line, LogWindow::Follow follow);
 
   private:
-    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept;
-    INT_PTR handle(UINT message, WPARAM wide);
+    INT_PTR handle(UINT message, WPARAM wide, LPARAM parameter) override;
     void load();
-    void placeList() noexcept;
+    void placeList();
+    bool showsNewest() const;
     void widenFor(const std::wstring& line);
     void dropOldest();
     void copy();
-    void closed() noexcept;
-    LRESULT ask(UINT message, WPARAM wide = 0, LPARAM parameter = 0) const noexcept {
-        return list_ ? SendMessageW(list_, message, wide, parameter) : LB_ERR;
+    HWND list() const { return control(kControl_LLog); }
+    LRESULT ask(UINT message, WPARAM wide = 0, LPARAM parameter = 0) const {
+        return SendMessageW(list(), message, wide, parameter);
     }
 
-    HWND window_ = nullptr;
-    HWND list_ = nullptr;
-    Font font_;
     LONG widest_ = 0;
-    std::optional<LiveObject> live_;
 };
 
-/// Never destroyed: the log may write to it until the module goes.
-FLogWindow& form() {
-    static auto& instance = *new FLogWindow;
-    return instance;
+std::shared_ptr<LogForm> LogForm::make() {
+    const VisualStyles looks;
+    const auto form = std::make_shared<LogForm>();
+    open(form, kDialogResource_FLog);
+    return form;
 }
 
-void FLogWindow::show() noexcept {
-    try {
-        const VisualStyles looks;
-        if (!window_)
-            CreateDialogParamW(moduleHandle(), MAKEINTRESOURCEW(kDialogResource_FLog), nullptr, procedure, 0);
-        ShowWindow(window_, SW_SHOWNOACTIVATE);
-    } catch (...) {
-        // Out of memory: the trace is not shown.
-    }
-}
-
-void FLogWindow::load() {
-    live_.emplace();
+void LogForm::load() {
     DriverState& state = driver();
-    list_ = GetDlgItem(window_, kControl_LLog);
-    SetWindowTextW(window_, (state.module.title + L" Log").c_str());
-    ModifyMenuW(GetMenu(window_), kMenu_Copy, MF_BYCOMMAND | MF_STRING, kMenu_Copy,
+    dress({}, {});
+    SetWindowTextW(window(), (state.module.title + L" Log").c_str());
+    ModifyMenuW(GetMenu(window()), kMenu_Copy, MF_BYCOMMAND | MF_STRING, kMenu_Copy,
                 state.texts.translate(L"#07130#&Copy").c_str());
-    DrawMenuBar(window_);
-    font_ = ApplyCharset(window_, state.languages.CurrentCharset());
+    DrawMenuBar(window());
     placeList();
 }
 
-void FLogWindow::placeList() noexcept {
+void LogForm::placeList() {
     RECT inner{};
-    GetClientRect(window_, &inner);
-    const HDC screen = GetDC(nullptr);
-    const int wide = MulDiv(kTwipsBesideList, GetDeviceCaps(screen, LOGPIXELSX), kTwipsAnInch);
-    const int high = MulDiv(kTwipsAboveAndBelow, GetDeviceCaps(screen, LOGPIXELSY), kTwipsAnInch);
-    ReleaseDC(nullptr, screen);
-    MoveWindow(list_, wide / 2, high / 2, std::max(0L, inner.right - wide), std::max(0L, inner.bottom - high),
-               TRUE);
+    GetClientRect(window(), &inner);
+    const Handle<DeviceContextTraits> context(GetDC(window()));
+    const int wide = MulDiv(kTwipsBesideList, GetDeviceCaps(context.get(), LOGPIXELSX), kTwipsAnInch);
+    const int high = MulDiv(kTwipsAboveAndBelow, GetDeviceCaps(context.get(), LOGPIXELSY), kTwipsAnInch);
+    MoveWindow(list(), wide / 2, high / 2, std::max(0L, inner.right - wide),
+               std::max(0L, inner.bottom - high), TRUE);
 }
 
-void FLogWindow::add(std::wstring_view line, Follow follow) noexcept {
-    if (!list_) return;
-    try {
-        const std::wstring text(line);
-        if (ask(LB_GETCOUNT) >= kMostLogLines) dropOldest();
-        const LRESULT index = ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-        widenFor(text);
-        if (follow == Follow::kScroll)
-            ask(LB_SETTOPINDEX, static_cast<WPARAM>(index));
-        else
-            UpdateWindow(list_);
-    } catch (...) {
-        // Out of memory: the line is lost.
-    }
+void LogForm::add(const std::wstring& line, LogWindow::Follow follow) {
+    // A user who has scrolled back is reading there.
+    const bool follows = follow == LogWindow::Follow::kScroll || showsNewest();
+    if (ask(LB_GETCOUNT) >= kMostLogLines) dropOldest();
+    const LRESULT index = ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+    widenFor(line);
+    if (follows) ask(LB_SETTOPINDEX, static_cast<WPARAM>(index));
+    if (follow == LogWindow::Follow::kRefresh) UpdateWindow(list());
 }
 
-void FLogWindow::dropOldest() {
+bool LogForm::showsNewest() const {
+    RECT inner{};
+    GetClientRect(list(), &inner);
+    const LRESULT inSight = inner.bottom / std::max(LRESULT{1}, ask(LB_GETITEMHEIGHT));
+    return ask(LB_GETTOPINDEX) + inSight >= ask(LB_GETCOUNT);
+}
+
+void LogForm::dropOldest() {
+    const LRESULT top = ask(LB_GETTOPINDEX);
     ask(WM_SETREDRAW, FALSE);
     for (int i = 0; i < kLinesDroppedAtOnce; ++i) ask(LB_DELETESTRING);
+    ask(LB_SETTOPINDEX, static_cast<WPARAM>(std::max(LRESULT{0}, top - kLinesDroppedAtOnce)));
     ask(WM_SETREDRAW, TRUE);
 }
 
-void FLogWindow::widenFor(const std::wstring& line) {
+void LogForm::widenFor(const std::wstring& line) {
     constexpr LONG kMargin = 8;
-    const Handle<ContextTraits> context(GetDC(list_));
-    const auto before = SelectObject(context.get(), reinterpret_cast<HFONT>(ask(WM_GETFONT)));
-    SIZE size{};
-    GetTextExtentPoint32W(context.get(), line.c_str(), static_cast<int>(line.size()), &size);
-    SelectObject(context.get(), before);
-    if (size.cx + kMargin <= widest_) return;
-    widest_ = size.cx + kMargin;
+    const LONG width = textSize(list(), reinterpret_cast<HFONT>(ask(WM_GETFONT)), line, 0).cx + kMargin;
+    if (width <= widest_) return;
+    widest_ = width;
     ask(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest_));
 }
 
 /// The lines that are marked; all of them when none is.
-void FLogWindow::copy() {
+void LogForm::copy() {
     std::vector<int> lines(static_cast<size_t>(std::max(LRESULT{0}, ask(LB_GETSELCOUNT))));
     ask(LB_GETSELITEMS, lines.size(), reinterpret_cast<LPARAM>(lines.data()));
     if (lines.empty())
@@ -146,21 +123,10 @@ void FLogWindow::copy() {
         ask(LB_GETTEXT, index, reinterpret_cast<LPARAM>(part.data()));
         text += part + L"\r\n";
     }
-    copyToClipboard(window_, text);
+    copyToClipboard(window(), text);
 }
 
-INT_PTR CALLBACK FLogWindow::procedure(HWND window, UINT message, WPARAM wide, LPARAM) noexcept {
-    FLogWindow& self = form();
-    if (message == WM_INITDIALOG) self.window_ = window;
-    if (self.window_ != window) return FALSE;
-    try {
-        return self.handle(message, wide);
-    } catch (...) {
-        return FALSE;
-    }
-}
-
-INT_PTR FLogWindow::handle(UINT message, WPARAM wide) {
+INT_PTR LogForm::handle(UINT message, WPARAM wide, LPARAM) {
     switch (message) {
         case WM_INITDIALOG:
             load();
@@ -170,7 +136,7 @@ INT_PTR FLogWindow::handle(UINT message, WPARAM wide) {
             return TRUE;
         case WM_COMMAND:
             if (LOWORD(wide) == kMenu_Copy) copy();
-            if (LOWORD(wide) == IDCANCEL) DestroyWindow(window_);
+            if (LOWORD(wide) == IDCANCEL) DestroyWindow(window());
             return TRUE;
         case WM_VKEYTOITEM: {
             constexpr INT_PTR kHandled = -2, kUsual = -1;
@@ -178,26 +144,50 @@ INT_PTR FLogWindow::handle(UINT message, WPARAM wide) {
             copy();
             return kHandled;
         }
-        case WM_NCDESTROY:
-            closed();
-            return TRUE;
         default:
             return FALSE;
     }
 }
 
-void FLogWindow::closed() noexcept {
-    window_ = nullptr;
-    list_ = nullptr;
-    widest_ = 0;
-    font_.reset();
-    live_.reset();
-}
+/// The way to the one window, which its user may have closed.
+class FLogWindow final : public LogWindow {
+  public:
+    void show() noexcept override {
+        quietly([this] {
+            auto form = form_.lock();
+            if (!form) form_ = form = LogForm::make();
+            ShowWindow(form->window(), SW_SHOWNOACTIVATE);
+        });
+    }
+    void clear() noexcept override {
+        quietly([this] {
+            if (const auto form = form_.lock()) form->clear();
+        });
+    }
+    void add(std::wstring_view line, Follow follow) noexcept override {
+        quietly([&] {
+            if (const auto form = form_.lock()) form->add(std::wstring(line), follow);
+        });
+    }
+
+  private:
+    /// What cannot be shown is lost: the log's window is no reason to fail.
+    template <class Work>
+    static void quietly(const Work& work) noexcept {
+        try {
+            work();
+        } catch (...) {
+            return;
+        }
+    }
+
+    std::weak_ptr<LogForm> form_;
+};
 
 }  // namespace
 
 LogWindow& logWindow() {
-    return form();
+    return lasting<FLogWindow>();
 }
 
 }  // namespace zelbar

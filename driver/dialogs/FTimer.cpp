@@ -3,6 +3,7 @@
 #include "automation/Fault.h"
 #include "core/DriverState.h"
 #include "module/OwnModule.h"
+#include "support/Lasting.h"
 
 namespace zelbar {
 
@@ -53,15 +54,16 @@ void CALLBACK FTimer::tick(HWND window, UINT, UINT_PTR id, DWORD) noexcept {
     if (form.window_ != window || !form.enabled_) return;
     try {
         form.Enabled(false);
-        if (form.Mode == 1 && form.TimerFind) form.TimerFind();
+        // The search may register another one while it goes on.
+        const auto find = form.TimerFind;
+        if (form.Mode == 1 && find) find();
     } catch (...) {
         driver().log.fault(L"Error (FTimer): ", caughtFault());
     }
 }
 
 FTimer& timerForm() {
-    static FTimer instance;
-    return instance;
+    return lasting<FTimer>();
 }
 
 }  // namespace zelbar

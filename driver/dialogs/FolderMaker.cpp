@@ -1,21 +1,28 @@
 #include "dialogs/FolderMaker.h"
 
+#include "automation/Attempts.h"
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
 
 namespace zelbar {
 
 cfolder makeContactsFolder(const cfolder& parent, const std::wstring& name) {
-    const Object made = driver()
-                            .outlook.GetNameSpace()
+    DriverState& state = driver();
+    const Object made = state.outlook.GetNameSpace()
                             .object(outlook::GetFolderFromID, parent.EntryId, parent.StoreID)
                             .object(outlook::Folders)
                             .object(outlook::AddFolder, name, outlook::kDefaultContacts);
+    Attempts attempt([&state](const Fault& fault) { state.log.fault(L"Error (frmOutListFolder): ", fault); });
     cfolder folder;
-    folder.DisplayName = made.text(outlook::Name);
+    folder.DisplayName = name;
+    folder.StoreID = parent.StoreID;
+    attempt.into(folder.DisplayName, [&] { return made.text(outlook::Name); });
+    attempt.into(folder.StoreID, [&] { return made.text(outlook::StoreID); });
     folder.FullName = parent.FullName + L"\\" + folder.DisplayName;
-    folder.EntryId = made.text(outlook::EntryID);
-    folder.StoreID = made.text(outlook::StoreID);
+    if (!attempt.into(folder.EntryId, [&] { return made.text(outlook::EntryID); })) {
+        const Fault unreadable = attempt.last();
+        if (attempt([&] { made.call(outlook::Delete); })) throw unreadable;
+    }
     return folder;
 }
 

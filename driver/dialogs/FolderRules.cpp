@@ -1,5 +1,7 @@
 #include "dialogs/FolderRules.h"
 
+#include <algorithm>
+
 #include "support/Text.h"
 
 namespace zelbar {
@@ -24,6 +26,30 @@ SelectionMatch applySelection(const StoredSelection& stored, const std::vector<c
 
 void selectFirst(const std::vector<cfolder*>& found) {
     for (size_t i = 0; i < found.size() && i < kMostStoredFolders; ++i) found[i]->IsSelected = true;
+}
+
+std::wstring shownPath(const std::wstring& path) {
+    constexpr size_t kLongestLine = 259;
+    if (path.size() <= kLongestLine) return path;
+    return L"..." + path.substr(path.size() - (kLongestLine - 3));
+}
+
+std::wstring brokenPath(const std::wstring& path) {
+    constexpr size_t kLineLength = 70;
+    std::wstring lines, rest = path;
+    while (rest.size() > kLineLength) {
+        const size_t name = rest.rfind(L'\\', kLineLength);
+        const size_t end = name == rest.npos || name == 0 ? kLineLength : name;
+        lines += rest.substr(0, end) + L"\r\n";
+        rest.erase(0, end);
+    }
+    return lines + rest;
+}
+
+size_t firstSelected(const std::vector<cfolder*>& found) {
+    const auto first =
+        std::find_if(found.begin(), found.end(), [](const cfolder* folder) { return folder->IsSelected; });
+    return first == found.end() ? 0 : static_cast<size_t>(first - found.begin());
 }
 
 std::wstring signatureOf(const std::vector<cfolder*>& found) {

@@ -40,6 +40,15 @@ SelectionMatch applySelection(const StoredSelection& stored, const std::vector<c
 /// The selection of a user who has never chosen: the first folders.
 void selectFirst(const std::vector<cfolder*>& found);
 
+/// What a list shows of a path: all of it, or its end when it is longer than a list's line can be.
+std::wstring shownPath(const std::wstring& path);
+
+/// The whole path in lines of a length that can be read, broken before a folder's name where there is one.
+std::wstring brokenPath(const std::wstring& path);
+
+/// The folder that a list begins at: the first selected one, else the first.
+size_t firstSelected(const std::vector<cfolder*>& found);
+
 /// One character for each folder: "1" when it is selected, else "0".
 std::wstring signatureOf(const std::vector<cfolder*>& found);
 

@@ -32,6 +32,9 @@ class FolderSearch {
     /// Goes on by one folder. False when there is nothing left to ask.
     bool step() noexcept;
 
+    /// How many folders it has come by.
+    size_t seen() const { return found_.tree.size(); }
+
     /// Hands the result over, once the search has ended.
     FoundFolders take() { return std::move(found_); }
 

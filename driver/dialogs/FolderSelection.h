@@ -18,6 +18,9 @@ class FolderSelection {
     /// Goes on searching by one folder. False when all have been found.
     bool search() noexcept;
 
+    /// How many of Outlook's folders the search has seen so far.
+    size_t seen() const { return search_ ? search_->seen() : tree_.size(); }
+
     /// After the search: loads the stored selection, and saves at once when it no longer fits what Outlook
     /// has, so that the client hears of it even if the user cancels. On an incomplete list nothing is saved
     /// unasked: the user's choice would be lost because Outlook was closed or busy.
@@ -33,6 +36,10 @@ class FolderSelection {
     FolderTree& tree() { return tree_; }
     std::vector<cfolder*> folders() { return contactsFolders(tree_); }
 
+    /// The export folder as it was when the window opened. Part of the window's state by agreement; nothing
+    /// asks for it.
+    const StoredFolder& exportFolder() const { return exportFolder_; }
+
     /// The folder tree has changed Outlook's folders.
     void SetFoldersModified() { foldersModified_ = true; }
 
@@ -41,6 +48,7 @@ class FolderSelection {
 
   private:
     FolderSettings settings_;
+    StoredFolder exportFolder_ = settings_.exportFolder();
     std::unique_ptr<FolderSearch> search_;
     FolderTree tree_;
     std::wstring signature_;

@@ -20,6 +20,10 @@ class FolderSettings {
 
     /// The text that limits the number of stores searched.
     std::wstring LimitPST() const { return getSetting(settings::kLimitPST); }
+    /// The export folder's identity; its parts are empty while there is none.
+    StoredFolder exportFolder() const {
+        return {getSetting(settings::kExportEntryId), getSetting(settings::kExportStoreId)};
+    }
     /// How many stores the installation has counted.
     long InitPSTnumber() const;
 };

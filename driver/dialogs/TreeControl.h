@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dialogs/FolderTree.h"
+#include "support/Handle.h"
 
 namespace zelbar {
 
@@ -17,6 +18,9 @@ class TreeControl {
     /// Takes the control of a dialog that has just been made, and shows the tree in it; its selected folders
     /// are checked and in sight.
     void attach(HWND tree, const FolderTree& folders);
+
+    /// To be called while the dialog goes: takes over what the control would leave behind.
+    void detach();
 
     /// Shows a folder that has come into the tree, and makes it the current one.
     void insert(const FolderTree& folders, size_t position);
@@ -29,10 +33,21 @@ class TreeControl {
     void tidy(const FolderTree& folders);
 
   private:
+    struct ImageListTraits {
+        using Type = HIMAGELIST;
+        static Type empty() noexcept { return nullptr; }
+        static void close(Type list) noexcept { ImageList_Destroy(list); }
+    };
+
+    void decorate();
     void add(const FolderTree& folders, size_t position);
-    void setImage(HTREEITEM item, UINT image);
+    void setBox(HTREEITEM item, UINT box);
 
     HWND tree_ = nullptr;
+    Handle<ImageListTraits> boxes_;
+    int storeIcon_ = 0;
+    int folderIcon_ = 0;
+    int openIcon_ = 0;
     std::vector<HTREEITEM> items_;  // by the folder's place in the tree
 };
 

@@ -3,19 +3,12 @@
 #include <commctrl.h>
 
 #include "module/OwnModule.h"
-#include "support/Handle.h"
 
 namespace zelbar {
 
 namespace {
 
 constexpr WORD kManifest = 2;
-
-struct ContextTraits {
-    using Type = HANDLE;
-    static Type empty() noexcept { return INVALID_HANDLE_VALUE; }
-    static void close(Type context) noexcept { ReleaseActCtx(context); }
-};
 
 HANDLE makeContext() {
     const std::wstring path = modulePath();
@@ -28,21 +21,31 @@ HANDLE makeContext() {
     return CreateActCtxW(&description);
 }
 
-HANDLE context() {
-    static const Handle<ContextTraits> instance(makeContext());
-    return instance.get();
+/// Gives the thread another way of scaling; returns the one before. Windows 10 is the first to know any.
+HANDLE exchangeScaling(HANDLE scaling) noexcept {
+    using SetContext = HANDLE(WINAPI*)(HANDLE);
+    const FARPROC found = GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetThreadDpiAwarenessContext");
+    return found ? reinterpret_cast<SetContext>(reinterpret_cast<void*>(found))(scaling) : nullptr;
+}
+
+/// The system's constant DPI_AWARENESS_CONTEXT_SYSTEM_AWARE.
+HANDLE oneScale() noexcept {
+    return reinterpret_cast<HANDLE>(static_cast<INT_PTR>(-2));
 }
 
 }  // namespace
 
 VisualStyles::VisualStyles() noexcept
-    : active_(context() != INVALID_HANDLE_VALUE && ActivateActCtx(context(), &cookie_)) {
+    : context_(makeContext()),
+      active_(context_ && ActivateActCtx(context_.get(), &cookie_)),
+      scaling_(exchangeScaling(oneScale())) {
     const INITCOMMONCONTROLSEX classes{sizeof(classes),
                                        ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_TREEVIEW_CLASSES};
     InitCommonControlsEx(&classes);
 }
 
 VisualStyles::~VisualStyles() {
+    if (scaling_) exchangeScaling(scaling_);
     if (active_) DeactivateActCtx(0, cookie_);
 }
 

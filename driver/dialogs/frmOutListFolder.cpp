@@ -1,15 +1,16 @@
 #include "dialogs/frmOutListFolder.h"
 
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "core/DriverState.h"
-#include "dialogs/Anchors.h"
+#include "dialogs/Asking.h"
 #include "dialogs/Controls.h"
-#include "dialogs/DialogFont.h"
 #include "dialogs/FolderMaker.h"
+#include "dialogs/Form.h"
 #include "dialogs/TreeControl.h"
 #include "dialogs/VisualStyles.h"
-#include "module/OwnModule.h"
 #include "support/Text.h"
 
 namespace zelbar {
@@ -18,42 +19,38 @@ namespace {
 
 constexpr UINT kTidy = WM_APP + 1;
 
-class frmOutListFolder {
+/// It works on a tree of its own: the window below it shows, and answers for, the other one meanwhile.
+class frmOutListFolder final : public Form {
   public:
-    explicit frmOutListFolder(FolderSelection& selection) : selection_(selection) {}
-    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept;
+    explicit frmOutListFolder(FolderTree folders) : Form(L"frmOutListFolder"), folders_(std::move(folders)) {}
+    static void show(HWND owner, FolderSelection& selection);
 
   private:
-    INT_PTR handle(UINT message, WPARAM wide, LPARAM parameter);
-    INT_PTR command(WPARAM wide);
+    INT_PTR handle(UINT message, WPARAM wide, LPARAM parameter) override;
+    INT_PTR command(int id, int event);
+    void notified(const NMHDR& header);
     void load();
+    void nameParent();
+    void nameChanged();
     void takeChoice();
     void create();
-    bool isTaken(size_t parent, const std::wstring& name);
-    void insert(size_t parent, cfolder folder);
-    void tell(const std::wstring& text) { SetWindowTextW(control(kControl_Answer), text.c_str()); }
+    void made(size_t parent, cfolder folder);
+    bool isTaken(size_t parent, const std::wstring& name) const;
+    void tell(const std::wstring& text) const;
     std::wstring typedName() const;
-    HWND control(int id) const { return GetDlgItem(window_, id); }
 
-    FolderSelection& selection_;
-    HWND window_ = nullptr;
-    Anchors anchors_;
-    Font font_;
+    FolderTree folders_;
     TreeControl tree_;
+    bool modified_ = false;
+    bool asking_ = false;
 };
 
-INT_PTR CALLBACK frmOutListFolder::procedure(HWND window, UINT message, WPARAM wide,
-                                             LPARAM parameter) noexcept {
-    if (message == WM_INITDIALOG) SetWindowLongPtrW(window, DWLP_USER, parameter);
-    auto* form = reinterpret_cast<frmOutListFolder*>(GetWindowLongPtrW(window, DWLP_USER));
-    if (!form) return FALSE;
-    form->window_ = window;
-    try {
-        return form->handle(message, wide, parameter);
-    } catch (...) {
-        driver().log.fault(L"Error (frmOutListFolder): ", caughtFault());
-        return FALSE;
-    }
+void frmOutListFolder::show(HWND owner, FolderSelection& selection) {
+    const VisualStyles looks;
+    const auto form = std::make_shared<frmOutListFolder>(selection.tree());
+    run(form, kDialogResource_frmOutListFolder, owner);
+    if (form->modified_) selection.SetFoldersModified();
+    selection.tree() = std::move(form->folders_);
 }
 
 INT_PTR frmOutListFolder::handle(UINT message, WPARAM wide, LPARAM parameter) {
@@ -62,79 +59,87 @@ INT_PTR frmOutListFolder::handle(UINT message, WPARAM wide, LPARAM parameter) {
             load();
             return TRUE;
         case WM_COMMAND:
-            return command(wide);
+            return command(LOWORD(wide), HIWORD(wide));
         case WM_NOTIFY:
-            // The control changes the state after it has told.
-            if (reinterpret_cast<NMHDR*>(parameter)->code == TVN_KEYDOWN) PostMessageW(window_, kTidy, 0, 0);
+            notified(*reinterpret_cast<NMHDR*>(parameter));
             return FALSE;
         case kTidy:
-            tree_.tidy(selection_.tree());
+            tree_.tidy(folders_);
             return TRUE;
-        case WM_SIZE:
-            anchors_.move();
-            return TRUE;
-        case WM_GETMINMAXINFO:
-            anchors_.limit(*reinterpret_cast<MINMAXINFO*>(parameter));
+        case WM_DESTROY:
+            tree_.detach();
             return TRUE;
         default:
             return FALSE;
     }
 }
 
-INT_PTR frmOutListFolder::command(WPARAM wide) {
-    switch (LOWORD(wide)) {
+INT_PTR frmOutListFolder::command(int id, int event) {
+    switch (id) {
         case IDOK:
+            if (asking_) return TRUE;
             takeChoice();
-            EndDialog(window_, IDOK);
+            EndDialog(window(), IDOK);
             return TRUE;
         case IDCANCEL:
-            EndDialog(window_, IDCANCEL);
+            EndDialog(window(), IDCANCEL);
             return TRUE;
         case kControl_CmdCreate:
             create();
             return TRUE;
         case kControl_Name:
-            // Enter in the name makes the folder; elsewhere it is OK.
-            if (HIWORD(wide) == EN_SETFOCUS) SendMessageW(window_, DM_SETDEFID, kControl_CmdCreate, 0);
-            if (HIWORD(wide) == EN_KILLFOCUS) SendMessageW(window_, DM_SETDEFID, IDOK, 0);
-            if (HIWORD(wide) == EN_CHANGE) EnableWindow(control(kControl_CmdCreate), !typedName().empty());
+            if (event == EN_KILLFOCUS) makeDefault(IDOK);
+            if (event == EN_SETFOCUS || event == EN_CHANGE) nameChanged();
             return TRUE;
         default:
             return FALSE;
     }
 }
 
+void frmOutListFolder::notified(const NMHDR& header) {
+    // The control changes the state after it has told.
+    if (header.code == TVN_KEYDOWN) PostMessageW(window(), kTidy, 0, 0);
+    if (header.code == TVN_SELCHANGEDW) nameParent();
+}
+
 void frmOutListFolder::load() {
-    cLocalizedText& texts = driver().texts;
-    font_ = ApplyCharset(window_, driver().languages.CurrentCharset());
-    SetWindowTextW(window_, texts.translate(L"#07120#Outlook folders").c_str());
-    struct Text {
-        int control;
-        const wchar_t* text;
-    };
-    for (const Text& line :
-         {Text{kControl_TreeLabel, L"#07121#Check the contacts folders that are to be searched:"},
-          Text{kControl_NameLabel, L"#07122#New contacts folder below the selected folder:"},
-          Text{kControl_CmdCreate, L"#07123#C&reate"}, Text{IDOK, L"#01000#&OK"},
-          Text{IDCANCEL, L"#01001#&Cancel"}})
-        SetWindowTextW(control(line.control), texts.translate(line.text).c_str());
     using enum Anchors::Edge;
-    anchors_.record(window_, {{kControl_TreeLabel, kLeft | kTop | kRight},
-                              {kControl_treeFolder, kLeft | kTop | kRight | kBottom},
-                              {kControl_NameLabel, kLeft | kRight | kBottom},
-                              {kControl_Name, kLeft | kRight | kBottom},
-                              {kControl_CmdCreate, kRight | kBottom},
-                              {kControl_Answer, kLeft | kRight | kBottom},
-                              {IDOK, kRight | kBottom},
-                              {IDCANCEL, kRight | kBottom}});
+    dress({{0, L"#07120#Outlook folders"},
+           {kControl_TreeLabel, L"#07121#Check the contacts folders that are to be searched:"},
+           {kControl_CmdCreate, L"#07123#C&reate"},
+           {IDOK, L"#01000#&OK"},
+           {IDCANCEL, L"#01001#&Cancel"}},
+          {{kControl_TreeLabel, kLeft | kTop | kRight},
+           {kControl_treeFolder, kLeft | kTop | kRight | kBottom},
+           {kControl_NameLabel, kLeft | kRight | kBottom},
+           {kControl_Name, kLeft | kRight | kBottom},
+           {kControl_CmdCreate, kRight | kBottom},
+           {kControl_Answer, kLeft | kRight | kBottom},
+           {IDOK, kRight | kBottom},
+           {IDCANCEL, kRight | kBottom}});
     EnableWindow(control(kControl_CmdCreate), FALSE);
-    tree_.attach(control(kControl_treeFolder), selection_.tree());
+    tree_.attach(control(kControl_treeFolder), folders_);
+    nameParent();
+}
+
+void frmOutListFolder::nameParent() {
+    const auto parent = tree_.current();
+    std::wstring text = driver().texts.translate(L"#07122#New contacts folder below \"%1\":");
+    const size_t place = text.find(L"%1");
+    if (place != text.npos) text.replace(place, 2, parent ? folders_[*parent].folder.DisplayName : L"");
+    SetWindowTextW(control(kControl_NameLabel), text.c_str());
+}
+
+/// Enter makes the folder as soon as it has a name; without one it is OK.
+void frmOutListFolder::nameChanged() {
+    const bool named = !typedName().empty();
+    EnableWindow(control(kControl_CmdCreate), named);
+    makeDefault(named ? kControl_CmdCreate : IDOK);
 }
 
 void frmOutListFolder::takeChoice() {
-    FolderTree& folders = selection_.tree();
-    for (size_t i = 0; i < folders.size(); ++i)
-        if (folders[i].holdsContacts) folders[i].folder.IsSelected = tree_.isChecked(i);
+    for (size_t i = 0; i < folders_.size(); ++i)
+        if (folders_[i].holdsContacts) folders_[i].folder.IsSelected = tree_.isChecked(i);
 }
 
 std::wstring frmOutListFolder::typedName() const {
@@ -143,56 +148,59 @@ std::wstring frmOutListFolder::typedName() const {
     return std::wstring(trimmed(text));
 }
 
+void frmOutListFolder::tell(const std::wstring& text) const {
+    SetWindowTextW(control(kControl_Answer), text.c_str());
+    ShowWindow(control(kControl_Answer), text.empty() ? SW_HIDE : SW_SHOWNA);
+}
+
 void frmOutListFolder::create() {
     const std::wstring name = typedName();
     const auto parent = tree_.current();
-    if (name.empty() || !parent) return;
+    if (name.empty() || !parent || asking_) return;
     cLocalizedText& texts = driver().texts;
     if (isTaken(*parent, name)) {
         tell(texts.translate(L"#07110#A folder with this name already exists. Please use another name."));
         return;
     }
+    const Asking asking(asking_);
     try {
-        insert(*parent, makeContactsFolder(selection_.tree()[*parent].folder, name));
-        tell({});
-        SetWindowTextW(control(kControl_Name), L"");
-        SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(kControl_treeFolder)), TRUE);
+        made(*parent, makeContactsFolder(folders_[*parent].folder, name));
     } catch (...) {
         const Fault fault = caughtFault();
         driver().log.fault(L"Error (frmOutListFolder): ", fault);
-        tell(texts.translate(L"#07124#The folder could not be created.") + L"\n" + fault.description);
+        tell(texts.translate(L"#07124#The folder could not be created.") + L"\r\n" + fault.description);
     }
 }
 
-bool frmOutListFolder::isTaken(size_t parent, const std::wstring& name) {
-    const FolderTree& folders = selection_.tree();
-    for (size_t i = parent + 1; i < endOfBranch(folders, parent); ++i)
-        if (folders[i].depth == folders[parent].depth + 1 &&
-            lstrcmpiW(folders[i].folder.DisplayName.c_str(), name.c_str()) == 0)
+bool frmOutListFolder::isTaken(size_t parent, const std::wstring& name) const {
+    for (size_t i = parent + 1; i < endOfBranch(folders_, parent); ++i)
+        if (folders_[i].depth == folders_[parent].depth + 1 &&
+            lstrcmpiW(folders_[i].folder.DisplayName.c_str(), name.c_str()) == 0)
             return true;
     return false;
 }
 
-void frmOutListFolder::insert(size_t parent, cfolder folder) {
-    FolderTree& folders = selection_.tree();
-    selection_.SetFoldersModified();
+void frmOutListFolder::made(size_t parent, cfolder folder) {
+    modified_ = true;
+    const bool readable = !folder.EntryId.empty();
+    FolderNode node{folders_[parent].depth + 1, readable, std::move(folder)};
     // Its box comes checked, since it has been made to be searched; only OK makes that count.
-    FolderNode node{folders[parent].depth + 1, true, std::move(folder)};
-    const size_t place = endOfBranch(folders, parent);
-    node.folder.IsSelected = true;
-    folders.insert(folders.begin() + static_cast<std::ptrdiff_t>(place), std::move(node));
-    tree_.insert(folders, place);
-    folders[place].folder.IsSelected = false;
+    node.folder.IsSelected = readable;
+    const size_t place = endOfBranch(folders_, parent);
+    folders_.insert(folders_.begin() + static_cast<std::ptrdiff_t>(place), std::move(node));
+    tree_.insert(folders_, place);
+    folders_[place].folder.IsSelected = false;
+    tell(readable ? std::wstring()
+                  : driver().texts.translate(
+                        L"#07125#The folder was created but cannot be read. Open this window again."));
+    SetWindowTextW(control(kControl_Name), L"");
+    focus(kControl_treeFolder);
 }
 
 }  // namespace
 
 void showFolderTree(HWND owner, FolderSelection& selection) {
-    const VisualStyles looks;
-    frmOutListFolder form(selection);
-    if (DialogBoxParamW(moduleHandle(), MAKEINTRESOURCEW(kDialogResource_frmOutListFolder), owner,
-                        frmOutListFolder::procedure, reinterpret_cast<LPARAM>(&form)) < 0)
-        throw faultOf(HRESULT_FROM_WIN32(GetLastError()), L"frmOutListFolder");
+    frmOutListFolder::show(owner, selection);
 }
 
 }  // namespace zelbar

@@ -3,20 +3,18 @@
 #include <windows.h>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
-#include "com/ModuleState.h"
 #include "core/DriverState.h"
-#include "dialogs/Anchors.h"
+#include "dialogs/Asking.h"
 #include "dialogs/CheckList.h"
 #include "dialogs/Controls.h"
-#include "dialogs/DialogFont.h"
-#include "dialogs/DialogKeys.h"
 #include "dialogs/FolderSelection.h"
+#include "dialogs/Form.h"
+#include "dialogs/SelectionTexts.h"
 #include "dialogs/VisualStyles.h"
 #include "dialogs/frmOutListFolder.h"
-#include "module/OwnModule.h"
+#include "support/Lasting.h"
 
 namespace zelbar {
 
@@ -31,99 +29,69 @@ constexpr DWORD kFirstSliceMilliseconds = 250;
 
 constexpr UINT kShowTree = WM_APP + 1;
 
-/// Marks the time in which a question to Outlook is under way: messages may come in while it is answered.
-class Asking {
+class frmOutSelFolder final : public Form {
   public:
-    explicit Asking(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Asking() { flag_ = false; }
-    Asking(const Asking&) = delete;
-    Asking& operator=(const Asking&) = delete;
-
-  private:
-    bool& flag_;
-};
-
-class frmOutSelFolder {
-  public:
+    frmOutSelFolder() : Form(L"frmOutSelFolder") {}
     static void show();
 
   private:
-    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept;
-    INT_PTR handle(UINT message, WPARAM wide, LPARAM parameter);
-    INT_PTR command(WPARAM wide);
+    INT_PTR handle(UINT message, WPARAM wide, LPARAM parameter) override;
+    INT_PTR command(int id);
 
+    static std::shared_ptr<frmOutSelFolder> make();
+    void comeBack();
     void load();
-    void setTexts();
     void arrange();
+    void startSearch();
     void search(DWORD milliseconds);
     bool ask(DWORD milliseconds);
     void searched();
-    void tell(const wchar_t* text);
+    void fill(size_t current);
+    void count();
+    void hint(const std::wstring& text);
     void enable(bool usable);
-    void fill();
-    void focus(int id);
+    bool isRisky() const { return found_.empty() || !selection_->complete(); }
     void showTree();
     void save();
     void close();
 
-    HWND control(int id) const { return GetDlgItem(window_, id); }
-
-    HWND window_ = nullptr;
-    LiveObject live_;
-    FolderSelection selection_;
+    std::unique_ptr<FolderSelection> selection_;
     std::vector<cfolder*> found_;  // the lines of the list
     CheckList list_;
-    Anchors anchors_;
-    Font font_;
-    std::optional<DialogKeys> keys_;
     bool searching_ = true;
     bool asking_ = false;
     bool closing_ = false;  // the user has closed the window while Outlook was asked
 };
 
-/// The window that is open. Never destroyed: when the process ends, its window is gone, and references to
-/// Outlook may not be released any more.
-std::shared_ptr<frmOutSelFolder>& current() {
-    static auto& instance = *new std::shared_ptr<frmOutSelFolder>;
-    return instance;
-}
-
 void frmOutSelFolder::show() {
-    if (const auto form = current()) {
-        if (IsIconic(form->window_)) ShowWindow(form->window_, SW_RESTORE);
-        SetForegroundWindow(GetLastActivePopup(form->window_));
-        return;
-    }
-    const auto form = current() = std::make_shared<frmOutSelFolder>();
-    const VisualStyles looks;
-    if (!CreateDialogParamW(moduleHandle(), MAKEINTRESOURCEW(kDialogResource_frmOutSelFolder), nullptr,
-                            procedure, reinterpret_cast<LPARAM>(form.get()))) {
-        const Fault fault = faultOf(HRESULT_FROM_WIN32(GetLastError()), L"frmOutSelFolder");
-        current().reset();
-        throw fault;
-    }
+    auto& last = lasting<std::weak_ptr<frmOutSelFolder>>();
+    if (const auto form = last.lock(); form && form->window()) return form->comeBack();
+    const auto form = make();
+    last = form;
     form->load();
 }
 
-INT_PTR CALLBACK frmOutSelFolder::procedure(HWND window, UINT message, WPARAM wide,
-                                            LPARAM parameter) noexcept {
-    // What a message leads to may close the window.
-    const auto form = current();
-    if (!form) return FALSE;
-    if (message == WM_INITDIALOG) form->window_ = window;
-    if (form->window_ != window) return FALSE;
-    if (message == WM_NCDESTROY) {
-        form->window_ = nullptr;
-        form->keys_.reset();
-        current().reset();
-        return TRUE;
-    }
-    try {
-        return form->handle(message, wide, parameter);
-    } catch (...) {
-        driver().log.fault(L"Error (frmOutSelFolder): ", caughtFault());
-        return FALSE;
-    }
+std::shared_ptr<frmOutSelFolder> frmOutSelFolder::make() {
+    const VisualStyles looks;
+    const auto form = std::make_shared<frmOutSelFolder>();
+    open(form, kDialogResource_frmOutSelFolder);
+    form->list_.attach(
+        form->window(), kControl_listFolder,
+        {[self = form.get()] { return self->found_.size(); },
+         [self = form.get()](size_t line) -> const std::wstring& { return self->found_[line]->FullName; },
+         [self = form.get()](size_t line) { return self->found_[line]->IsSelected; },
+         [self = form.get()](size_t line, bool checked) {
+             self->found_[line]->IsSelected = checked;
+             self->count();
+         }});
+    return form;
+}
+
+/// Also when its user has closed it, but Outlook has not yet answered what it was asked before.
+void frmOutSelFolder::comeBack() {
+    closing_ = false;
+    ShowWindow(window(), IsIconic(window()) ? SW_RESTORE : SW_SHOW);
+    SetForegroundWindow(GetLastActivePopup(window()));
 }
 
 INT_PTR frmOutSelFolder::handle(UINT message, WPARAM wide, LPARAM parameter) {
@@ -131,7 +99,7 @@ INT_PTR frmOutSelFolder::handle(UINT message, WPARAM wide, LPARAM parameter) {
         case WM_INITDIALOG:
             return TRUE;
         case WM_COMMAND:
-            return command(wide);
+            return command(LOWORD(wide));
         case WM_NOTIFY:
             return list_.notified(*reinterpret_cast<NMHDR*>(parameter));
         case WM_TIMER:
@@ -140,13 +108,7 @@ INT_PTR frmOutSelFolder::handle(UINT message, WPARAM wide, LPARAM parameter) {
         case WM_SETCURSOR:
             if (!searching_ || LOWORD(parameter) != HTCLIENT) return FALSE;
             SetCursor(LoadCursorW(nullptr, IDC_APPSTARTING));
-            SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
-            return TRUE;
-        case WM_SIZE:
-            anchors_.move();
-            return TRUE;
-        case WM_GETMINMAXINFO:
-            anchors_.limit(*reinterpret_cast<MINMAXINFO*>(parameter));
+            SetWindowLongPtrW(window(), DWLP_MSGRESULT, TRUE);
             return TRUE;
         case kShowTree:
             showTree();
@@ -156,8 +118,8 @@ INT_PTR frmOutSelFolder::handle(UINT message, WPARAM wide, LPARAM parameter) {
     }
 }
 
-INT_PTR frmOutSelFolder::command(WPARAM wide) {
-    switch (LOWORD(wide)) {
+INT_PTR frmOutSelFolder::command(int id) {
+    switch (id) {
         case IDOK:
             if (searching_) return TRUE;
             save();
@@ -168,7 +130,10 @@ INT_PTR frmOutSelFolder::command(WPARAM wide) {
             return TRUE;
         case kControl_CmdSelect:
             // Not from within the keyboard hook, in which this may have been called.
-            PostMessageW(window_, kShowTree, 0, 0);
+            PostMessageW(window(), kShowTree, 0, 0);
+            return TRUE;
+        case kControl_CmdRetry:
+            if (!searching_) startSearch();
             return TRUE;
         default:
             return FALSE;
@@ -176,63 +141,60 @@ INT_PTR frmOutSelFolder::command(WPARAM wide) {
 }
 
 void frmOutSelFolder::load() {
-    DriverState& state = driver();
-    state.log.trace(L"frmOutSelFolder_Load()");
-    font_ = ApplyCharset(window_, state.languages.CurrentCharset());
-    setTexts();
+    driver().log.trace(L"frmOutSelFolder_Load()");
     arrange();
-    list_.attach(window_, kControl_listFolder,
-                 {[this] { return found_.size(); },
-                  [this](size_t line) -> const std::wstring& { return found_[line]->FullName; },
-                  [this](size_t line) { return found_[line]->IsSelected; },
-                  [this](size_t line, bool checked) { found_[line]->IsSelected = checked; }});
-    keys_.emplace(window_);
-    tell(L"#07112#Searching for contacts folders...");
-    ShowWindow(window_, SW_SHOWNORMAL);
-    SetForegroundWindow(window_);
-    focus(IDCANCEL);
-    enable(false);
-    UpdateWindow(window_);
-    search(kFirstSliceMilliseconds);
-}
-
-void frmOutSelFolder::setTexts() {
-    cLocalizedText& texts = driver().texts;
-    SetWindowTextW(window_, texts.translate(L"#07100#Outlook contacts folders selection").c_str());
-    struct Text {
-        int control;
-        const wchar_t* text;
-    };
-    for (const Text& line :
-         {Text{kControl_Label1, L"#07101#Contacts folders :"},
-          Text{kControl_Label2, L"#07102#If the selection is modified, the database must be reinitialized."},
-          Text{kControl_ReinitCheck, L"#07111#Reinitialize (Close and restart application)"},
-          Text{kControl_CmdSelect, L"#01008#&Select"}, Text{IDOK, L"#01000#&OK"},
-          Text{IDCANCEL, L"#01001#&Cancel"}})
-        SetWindowTextW(control(line.control), texts.translate(line.text).c_str());
+    takeKeys();
+    ShowWindow(window(), SW_SHOWNORMAL);
+    SetForegroundWindow(window());
+    startSearch();
 }
 
 void frmOutSelFolder::arrange() {
     using enum Anchors::Edge;
-    anchors_.record(window_, {{kControl_Label1, kLeft | kTop | kRight},
-                              {kControl_listFolder, kLeft | kTop | kRight | kBottom},
-                              {kControl_PSTLabel, kLeft | kRight | kBottom},
-                              {kControl_Label2, kLeft | kRight | kBottom},
-                              {kControl_ReinitCheck, kLeft | kRight | kBottom},
-                              {kControl_CmdSelect, kLeft | kBottom},
-                              {IDOK, kRight | kBottom},
-                              {IDCANCEL, kRight | kBottom}});
+    dress({{0, L"#07100#Outlook contacts folders selection"},
+           {kControl_Label1, L"#07101#Contacts folders :"},
+           {kControl_Label2, L"#07102#If the selection is modified, the database must be reinitialized."},
+           {kControl_ReinitCheck, L"#07111#Reinitialize (Close and restart application)"},
+           {kControl_CmdSelect, L"#01008#&Select"},
+           {kControl_CmdRetry, L"#07119#&Try again"},
+           {IDOK, L"#01000#&OK"},
+           {IDCANCEL, L"#01001#&Cancel"}},
+          {{kControl_Label1, kLeft | kTop | kRight},
+           {kControl_Count, kTop | kRight},
+           {kControl_listFolder, kLeft | kTop | kRight | kBottom},
+           {kControl_PSTLabel, kLeft | kRight | kBottom},
+           {kControl_Label2, kLeft | kRight | kBottom},
+           {kControl_ReinitCheck, kLeft | kRight | kBottom},
+           {kControl_CmdSelect, kLeft | kBottom},
+           {kControl_CmdRetry, kLeft | kBottom},
+           {IDOK, kRight | kBottom},
+           {IDCANCEL, kRight | kBottom}});
+}
+
+void frmOutSelFolder::startSearch() {
+    searching_ = true;
+    found_.clear();
+    selection_ = std::make_unique<FolderSelection>();
+    list_.fill(0);
+    focus(IDCANCEL);
+    enable(false);
+    ShowWindow(control(kControl_CmdRetry), SW_HIDE);
+    SetWindowTextW(control(kControl_Count), L"");
+    hint(searchingText(0));
+    UpdateWindow(window());
+    search(kFirstSliceMilliseconds);
 }
 
 void frmOutSelFolder::search(DWORD milliseconds) {
     if (!searching_ || asking_) return;
-    KillTimer(window_, kSearchTimer);
+    KillTimer(window(), kSearchTimer);
     const bool more = ask(milliseconds);
-    if (!window_) return;
+    if (!window()) return;
     if (closing_) {
-        DestroyWindow(window_);
+        DestroyWindow(window());
     } else if (more) {
-        SetTimer(window_, kSearchTimer, kPauseMilliseconds, nullptr);
+        hint(searchingText(selection_->seen()));
+        SetTimer(window(), kSearchTimer, kPauseMilliseconds, nullptr);
     } else {
         searched();
     }
@@ -241,9 +203,9 @@ void frmOutSelFolder::search(DWORD milliseconds) {
 bool frmOutSelFolder::ask(DWORD milliseconds) {
     const Asking asking(asking_);
     const DWORD start = GetTickCount();
-    while (!closing_ && GetTickCount() - start < milliseconds) {
-        if (selection_.search()) continue;
-        if (!closing_) selection_.load();
+    while (window() && !closing_ && GetTickCount() - start < milliseconds) {
+        if (selection_->search()) continue;
+        if (window() && !closing_) selection_->load();
         return false;
     }
     return true;
@@ -251,32 +213,36 @@ bool frmOutSelFolder::ask(DWORD milliseconds) {
 
 void frmOutSelFolder::searched() {
     searching_ = false;
-    ShowWindow(control(kControl_PSTLabel), SW_HIDE);
-    if (!selection_.reached())
-        tell(L"#07113#Outlook is not running: its folders cannot be shown.");
-    else if (!selection_.complete())
-        tell(L"#07114#Some folders could not be read and are missing here.");
-    else if (selection_.StoresChanged())
-        tell(L"#07103#The selection has changed because of contacts files added or removed in Outlook.");
-    CheckDlgButton(window_, kControl_ReinitCheck, selection_.reinitialize() ? BST_CHECKED : BST_UNCHECKED);
-    fill();
+    CheckDlgButton(window(), kControl_ReinitCheck, selection_->reinitialize() ? BST_CHECKED : BST_UNCHECKED);
+    found_ = selection_->folders();
+    fill(firstSelected(found_));
     enable(true);
+    ShowWindow(control(kControl_CmdRetry), selection_->complete() ? SW_HIDE : SW_SHOWNA);
+    makeDefault(isRisky() ? IDCANCEL : IDOK);
     // The client's own window keeps the keyboard when the user has gone on with it meanwhile.
-    if (GetActiveWindow() == window_) focus(kControl_listFolder);
+    if (GetActiveWindow() == window()) focus(isRisky() ? IDCANCEL : kControl_listFolder);
+    // The pointer is another one from now on, and not only when it is moved.
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    const HWND below = WindowFromPoint(pointer);
+    if (below == window() || IsChild(window(), below))
+        SendMessageW(below, WM_SETCURSOR, reinterpret_cast<WPARAM>(below),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
 }
 
-void frmOutSelFolder::fill() {
-    found_ = selection_.folders();
-    list_.fill();
+void frmOutSelFolder::fill(size_t current) {
+    list_.fill(current);
+    count();
+    hint(hintText(*selection_, found_.size()));
 }
 
-void frmOutSelFolder::focus(int id) {
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(id)), TRUE);
+void frmOutSelFolder::count() {
+    SetWindowTextW(control(kControl_Count), countText(found_).c_str());
 }
 
-void frmOutSelFolder::tell(const wchar_t* text) {
-    SetWindowTextW(control(kControl_PSTLabel), driver().texts.translate(text).c_str());
-    ShowWindow(control(kControl_PSTLabel), SW_SHOWNA);
+void frmOutSelFolder::hint(const std::wstring& text) {
+    SetWindowTextW(control(kControl_PSTLabel), text.c_str());
+    ShowWindow(control(kControl_PSTLabel), text.empty() ? SW_HIDE : SW_SHOWNA);
 }
 
 void frmOutSelFolder::enable(bool usable) {
@@ -286,22 +252,30 @@ void frmOutSelFolder::enable(bool usable) {
 
 void frmOutSelFolder::showTree() {
     // A second click may have come before the first one was served.
-    if (searching_ || !IsWindowEnabled(window_)) return;
-    showFolderTree(window_, selection_);
-    if (window_) fill();
+    if (searching_ || !IsWindowEnabled(window())) return;
+    const auto line = list_.current();
+    const std::wstring before = line ? found_[*line]->FullName : L"";
+    showFolderTree(window(), *selection_);
+    found_ = selection_->folders();
+    if (!window()) return;
+    size_t current = found_.size();
+    while (current > 0 && found_[current - 1]->FullName != before) --current;
+    fill(current > 0 ? current - 1 : 0);
 }
 
 void frmOutSelFolder::save() {
-    selection_.save(IsDlgButtonChecked(window_, kControl_ReinitCheck) == BST_CHECKED);
+    selection_->save(IsDlgButtonChecked(window(), kControl_ReinitCheck) == BST_CHECKED);
 }
 
 void frmOutSelFolder::close() {
+    // The tree is open on top of it.
+    if (!IsWindowEnabled(window())) return;
     if (asking_) {
         closing_ = true;
-        ShowWindow(window_, SW_HIDE);
+        ShowWindow(window(), SW_HIDE);
         return;
     }
-    DestroyWindow(window_);
+    DestroyWindow(window());
 }
 
 }  // namespace

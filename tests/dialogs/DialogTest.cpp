@@ -4,33 +4,24 @@
 
 namespace zelbar {
 
-namespace {
-
-/// Another test's Outlook may be about to leave still, and a person may have left one running.
-void awaitNoOutlook() {
-    Com<IUnknown> running;
-    if (FAILED(GetActiveObject(standin::outlook::kApplicationClsid, nullptr, running.put()))) return;
-    running.reset();
-    harness::run(L"\"" + harness::programFolder() + L"\\outlook_standin.exe\" quit");
-}
-
-}  // namespace
-
-DialogTest::DialogTest() : contacts(outlook.mailbox().specialFolder(SpecialFolder::Contacts)) {
+DialogTest::DialogTest()
+    : contacts(outlook.mailbox().specialFolder(standin::outlook::SpecialFolder::Contacts)) {
     startOutlook();
 }
 
-DialogTest::~DialogTest() {
-    if (running_ != 0) RevokeActiveObject(running_, nullptr);
-}
-
 void DialogTest::TearDown() {
+    for (const HWND left : openDialogs()) DestroyWindow(left);
     if (running_ != 0) quitOutlook();
     DriverTest::TearDown();
 }
 
 void DialogTest::startOutlook() {
-    awaitNoOutlook();
+    // Another test's Outlook may be about to leave still, and a person may have left one running.
+    Com<IUnknown> other;
+    if (SUCCEEDED(GetActiveObject(standin::outlook::kApplicationClsid, nullptr, other.put()))) {
+        other.reset();
+        harness::run(L"\"" + harness::programFolder() + L"\\outlook_standin.exe\" quit");
+    }
     const auto application = outlook.application();
     ASSERT_EQ(RegisterActiveObject(application.Get(), standin::outlook::kApplicationClsid,
                                    ACTIVEOBJECT_STRONG, &running_),
@@ -38,7 +29,7 @@ void DialogTest::startOutlook() {
 }
 
 void DialogTest::quitOutlook() {
-    RevokeActiveObject(running_, nullptr);
+    if (running_ != 0) RevokeActiveObject(running_, nullptr);
     running_ = 0;
     outlook.quit();
 }
@@ -47,15 +38,16 @@ FolderRecord DialogTest::addFolder(const std::wstring& name, ItemType type) {
     return outlook.mailbox().addFolder(outlook.mailbox().defaultStore().root, name, type);
 }
 
-FolderRecord DialogTest::addFolderBelow(const FolderRecord& parent, const std::wstring& name, ItemType type) {
-    return outlook.mailbox().addFolder(parent.id, name, type);
+FolderRecord DialogTest::addFolderBelow(const FolderRecord& parent, const std::wstring& name) {
+    return outlook.mailbox().addFolder(parent.id, name, ItemType::Contact);
 }
 
 void DialogTest::store(int number, const FolderRecord& which, const wchar_t* selectId) {
-    const std::wstring digits = std::to_wstring(number);
-    registry.set(HKEY_CURRENT_USER, kSelectionKey, L"entryId" + digits, entryId(which));
-    registry.set(HKEY_CURRENT_USER, kSelectionKey, L"storeId" + digits, storeId(which));
-    registry.set(HKEY_CURRENT_USER, kSelectionKey, L"selectId" + digits, selectId);
+    const std::wstring digits = std::to_wstring(number),
+                       values[] = {entryId(which), outlook.mailbox().storeId(which.store), selectId};
+    const wchar_t* const names[] = {L"entryId", L"storeId", L"selectId"};
+    for (size_t i = 0; i < 3; ++i)
+        registry.set(HKEY_CURRENT_USER, kSelectionKey, names[i] + digits, values[i]);
 }
 
 void DialogTest::setPopup(const wchar_t* name, const wchar_t* value) {
@@ -67,22 +59,22 @@ std::wstring DialogTest::stored(const std::wstring& name) const {
 }
 
 std::wstring DialogTest::storedStates() const {
-    std::wstring result;
-    for (int number = 1;; ++number) {
-        const auto state =
-            registry.get(HKEY_CURRENT_USER, kSelectionKey, L"selectId" + std::to_wstring(number));
-        if (!state) return result;
-        result += (result.empty() ? L"" : L" ") + *state;
-    }
+    std::wstring result, state;
+    for (int number = 1; (state = stored(L"selectId" + std::to_wstring(number))) != L"(none)"; ++number)
+        result += (result.empty() ? L"" : L" ") + state;
+    return result;
 }
 
-FolderSelection DialogTest::loaded() {
-    driver().log.load();
-    FolderSelection selection;
-    while (selection.search()) {
-    }
-    selection.load();
-    return selection;
+void SelectionWindow::open() {
+    ASSERT_EQ(connector().ConfigPIM(), S_OK);
+    ASSERT_EQ(openDialogs().size(), 1u);
+    window = openDialogs()[0];
+    ASSERT_TRUE(serveUntil([&] { return IsWindowEnabled(control(IDOK)); }));
+}
+
+std::wstring SelectionWindow::hint() const {
+    const HWND label = control(kControl_PSTLabel);
+    return IsWindowVisible(label) ? windowText(label) : L"";
 }
 
 }  // namespace zelbar

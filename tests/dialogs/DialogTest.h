@@ -1,18 +1,20 @@
 #pragma once
 
-#include <optional>
+#include <windows.h>
+
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "core/DriverState.h"
+#include "dialogs/Controls.h"
 #include "dialogs/FolderSelection.h"
+#include "tests/dialogs/Windows.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
 
 using standin::outlook::FolderRecord;
 using standin::outlook::ItemType;
-using standin::outlook::SpecialFolder;
 
 inline constexpr wchar_t kSelectionKey[] = L"Software\\Norvane\\7316\\Popup\\zelbar00folder";
 
@@ -20,20 +22,16 @@ inline constexpr wchar_t kSelectionKey[] = L"Software\\Norvane\\7316\\Popup\\zel
 class DialogTest : public DriverTest {
   protected:
     DialogTest();
-    ~DialogTest() override;
     void TearDown() override;
 
     /// As when the user starts and closes Outlook.
     void startOutlook();
     void quitOutlook();
-    bool running() const { return running_ != 0; }
     standin::FaultScript& faults() { return outlook.server().faults(); }
 
     FolderRecord addFolder(const std::wstring& name, ItemType type = ItemType::Contact);
-    FolderRecord addFolderBelow(const FolderRecord& parent, const std::wstring& name,
-                                ItemType type = ItemType::Contact);
+    FolderRecord addFolderBelow(const FolderRecord& parent, const std::wstring& name);
     std::wstring entryId(const FolderRecord& which) { return outlook.mailbox().entryId(which); }
-    std::wstring storeId(const FolderRecord& which) { return outlook.mailbox().storeId(which.store); }
 
     /// Stores a folder as number `number` of the selection.
     void store(int number, const FolderRecord& which, const wchar_t* selectId = L"-1");
@@ -43,13 +41,23 @@ class DialogTest : public DriverTest {
     /// The stored check states in their order, as in "-1 0 -1".
     std::wstring storedStates() const;
 
-    /// A selection that has been searched and loaded.
-    static FolderSelection loaded();
-
     FolderRecord contacts;
 
   private:
     DWORD running_ = 0;
+};
+
+/// The folder selection as its user sees it.
+class SelectionWindow : public DialogTest {
+  protected:
+    /// Opens it through the client's interface and waits until the folders are there.
+    void open();
+    HWND control(int id) const { return GetDlgItem(window, id); }
+    HWND list() const { return control(kControl_listFolder); }
+    std::wstring hint() const;
+    bool isOpen() const { return IsWindow(window); }
+
+    HWND window = nullptr;
 };
 
 }  // namespace zelbar

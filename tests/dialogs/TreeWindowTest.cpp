@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "tests/dialogs/SelectionWindowTest.h"
+#include "tests/dialogs/DialogTest.h"
 
 namespace zelbar {
 
@@ -12,120 +12,103 @@ namespace {
 /// while it is open.
 class TreeWindow : public SelectionWindow {
   protected:
-    /// Presses "Select" and does the step in the tree, which must close it.
-    void choose(const std::function<void(HWND)>& step) {
-        EXPECT_TRUE(pressForModal(control(kControl_CmdSelect), step));
+    /// Opens both windows, does the step in the tree and closes that with the button.
+    void choose(const std::function<void()>& step, int button = IDOK) {
+        if (!isOpen()) open();
+        EXPECT_TRUE(pressForModal(control(kControl_CmdSelect), [&](HWND opened) {
+            dialog = opened;
+            tree = GetDlgItem(dialog, kControl_treeFolder);
+            EXPECT_FALSE(IsWindowEnabled(window));
+            step();
+            PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        }));
         EXPECT_EQ(openDialogs(), std::vector<HWND>{window});
         EXPECT_TRUE(IsWindowEnabled(window));
     }
-    static HWND treeOf(HWND dialog) { return GetDlgItem(dialog, kControl_treeFolder); }
-    static std::wstring nameOf(HWND tree, HTREEITEM item) {
+    std::wstring nameOf(HTREEITEM item) const {
         wchar_t text[100] = {};
-        TVITEMW question{};
-        question.mask = TVIF_TEXT;
-        question.hItem = item;
-        question.pszText = text;
-        question.cchTextMax = 100;
+        TVITEMW question{TVIF_TEXT, item, 0, 0, text, 100, 0, 0, 0, 0};
         TreeView_GetItem(tree, &question);
         return text;
     }
     /// The tree as text: each folder with its box before it, and those below it in brackets.
-    static std::wstring drawn(HWND tree, HTREEITEM first) {
+    std::wstring drawn(HTREEITEM first) const {
         std::wstring result;
         for (HTREEITEM item = first; item; item = TreeView_GetNextSibling(tree, item)) {
             const UINT box = TreeView_GetItemState(tree, item, TVIS_STATEIMAGEMASK) >> 12;
-            result += std::wstring(L" +*").substr(box, 1) + nameOf(tree, item);
-            if (HTREEITEM child = TreeView_GetChild(tree, item)) result += L"(" + drawn(tree, child) + L")";
+            result += std::wstring(L" +*").substr(box, 1) + nameOf(item);
+            if (HTREEITEM child = TreeView_GetChild(tree, item)) result += L"(" + drawn(child) + L")";
         }
         return result;
     }
-    static void expectDrawn(HWND dialog, const std::wstring& part) {
-        const std::wstring all = drawn(treeOf(dialog), TreeView_GetRoot(treeOf(dialog)));
-        EXPECT_NE(all.find(part), std::wstring::npos) << all;
-    }
-    /// Goes to the folder with that name.
-    static void goTo(HWND dialog, const std::wstring& name) {
-        const HWND tree = treeOf(dialog);
-        SetFocus(tree);
+    std::wstring drawn() const { return drawn(TreeView_GetRoot(tree)); }
+    /// Goes to the folder with that name, which must be in sight, and perhaps presses Space.
+    void goTo(const std::wstring& name, bool space = false) const {
         HTREEITEM item = TreeView_GetRoot(tree);
-        while (item && nameOf(tree, item) != name) item = TreeView_GetNextVisible(tree, item);
+        while (item && nameOf(item) != name) item = TreeView_GetNextVisible(tree, item);
         EXPECT_TRUE(item) << "no folder in sight";
         TreeView_SelectItem(tree, item);
-    }
-    static void space(HWND dialog) {
-        const HWND tree = treeOf(dialog);
-        SendMessageW(tree, WM_KEYDOWN, VK_SPACE, 0);
-        SendMessageW(tree, WM_CHAR, L' ', 0);
+        if (space) SendMessageW(tree, WM_KEYDOWN, VK_SPACE, 0);
+        if (space) SendMessageW(tree, WM_CHAR, L' ', 0);
         serveMessages();
     }
-    static void create(HWND dialog, const wchar_t* name) {
+    /// Types a name and presses what Enter presses there; the answer.
+    std::wstring create(const wchar_t* name) const {
         SetFocus(GetDlgItem(dialog, kControl_Name));
         SetDlgItemTextW(dialog, kControl_Name, name);
-        SendMessageW(dialog, WM_COMMAND, kControl_CmdCreate, 0);
+        EXPECT_EQ(LOWORD(SendMessageW(dialog, DM_GETDEFID, 0, 0)), *name ? kControl_CmdCreate : IDOK);
+        if (*name) SendDlgItemMessageW(dialog, kControl_CmdCreate, BM_CLICK, 0, 0);
+        return windowText(GetDlgItem(dialog, kControl_Answer));
     }
-    static void ok(HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDOK, 0); }
-    static void cancel(HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); }
-    static std::wstring answer(HWND dialog) { return windowText(GetDlgItem(dialog, kControl_Answer)); }
+
+    HWND dialog = nullptr;
+    HWND tree = nullptr;
 };
 
 TEST_F(TreeWindow, ChecksContactsFoldersAndNoOthers) {
-    const auto mail = addFolder(L"Łódź", ItemType::Mail);
-    addFolderBelow(mail, L"Ügyfelek");
+    addFolderBelow(addFolder(L"Łódź", ItemType::Mail), L"Ügyfelek");
     store(1, contacts);
-    open();
-    const long before = outlook.server().calls().invocations();
-    choose([&](HWND dialog) {
-        EXPECT_FALSE(IsWindowEnabled(window));
-        expectDrawn(dialog, L"*Contacts");
-        expectDrawn(dialog, L" Łódź(+Ügyfelek)");
-        goTo(dialog, L"Contacts");
-        space(dialog);
-        goTo(dialog, L"Łódź");
-        space(dialog);
-        TreeView_Expand(treeOf(dialog), TreeView_GetSelection(treeOf(dialog)), TVE_EXPAND);
-        goTo(dialog, L"Ügyfelek");
-        space(dialog);
-        expectDrawn(dialog, L" Łódź(*Ügyfelek)");
-        ok(dialog);
-    });
-    EXPECT_EQ(checksOf(list()), L"01");
-    EXPECT_EQ(outlook.server().calls().invocations(), before) << "everything has been asked already";
+    HIMAGELIST boxes = nullptr;
+    for (const int button : {IDCANCEL, IDOK}) {
+        choose(
+            [&] {
+                EXPECT_NE(drawn().find(L" Łódź(+Ügyfelek)"), std::wstring::npos) << drawn();
+                goTo(L"Contacts", true);
+                goTo(L"Łódź", true);
+                TreeView_Expand(tree, TreeView_GetSelection(tree), TVE_EXPAND);
+                goTo(L"Ügyfelek", true);
+                EXPECT_NE(drawn().find(L" Łódź(*Ügyfelek)"), std::wstring::npos) << drawn();
+                EXPECT_NE(drawn().find(L"+Contacts"), std::wstring::npos) << drawn();
+                EXPECT_EQ(create(L""), L"");
+                boxes = TreeView_GetImageList(tree, TVSIL_STATE);
+                EXPECT_GT(ImageList_GetImageCount(boxes), 0);
+            },
+            button);
+        EXPECT_EQ(checksOf(list()), button == IDOK ? L"01" : L"10");
+        EXPECT_EQ(ImageList_GetImageCount(boxes), 0) << "its pictures have gone with it";
+    }
     press(VK_RETURN);
     EXPECT_EQ(storedStates(), L"0 -1");
     EXPECT_EQ(stored(L"ConfigChanged"), L"1");
-}
-
-TEST_F(TreeWindow, CancelLeavesTheListAlone) {
-    store(1, contacts);
-    open();
-    choose([&](HWND dialog) {
-        goTo(dialog, L"Contacts");
-        space(dialog);
-        cancel(dialog);
-    });
-    EXPECT_EQ(checksOf(list()), L"1");
-    press(VK_RETURN);
-    EXPECT_EQ(storedStates(), L"-1");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"0") << "looking at the tree changes nothing";
 }
 
 TEST_F(TreeWindow, MakesAContactsFolder) {
     store(1, contacts);
     for (const bool taken : {true, false}) {
         const std::wstring name = taken ? L"Nowe źródła" : L"Unused";
-        open();
-        choose([&](HWND dialog) {
-            goTo(dialog, L"Contacts");
-            create(dialog, (L"  " + name + L" ").c_str());
-            EXPECT_EQ(answer(dialog), L"");
-            expectDrawn(dialog, L"*" + name);
-            taken ? ok(dialog) : cancel(dialog);
-        });
+        choose(
+            [&] {
+                goTo(L"Contacts");
+                EXPECT_EQ(windowText(GetDlgItem(dialog, kControl_NameLabel)),
+                          L"New contacts folder below \"Contacts\":");
+                EXPECT_EQ(create((L"  " + name + L" ").c_str()), L"");
+                EXPECT_NE(drawn().find(L"*" + name), std::wstring::npos) << drawn();
+            },
+            taken ? IDOK : IDCANCEL);
         const auto made = outlook.mailbox().findFolder(contacts.id, name);
         ASSERT_TRUE(made);
         EXPECT_EQ(made->type, ItemType::Contact);
         EXPECT_EQ(linesOf(list())[taken ? 1u : 2u], L"\\Personal Folders\\Contacts\\" + name);
-        EXPECT_EQ(checksOf(list()), taken ? L"11" : L"110");
         press(VK_RETURN);
         EXPECT_EQ(stored(L"ConfigChanged"), L"1");
         EXPECT_EQ(stored(taken ? L"entryId2" : L"entryId3"), entryId(*made));
@@ -136,22 +119,28 @@ TEST_F(TreeWindow, MakesAContactsFolder) {
 TEST_F(TreeWindow, TellsWhyAFolderIsNotMade) {
     addFolderBelow(contacts, L"Old");
     store(1, contacts);
-    open();
-    choose([&](HWND dialog) {
-        const HWND button = GetDlgItem(dialog, kControl_CmdCreate);
-        EXPECT_FALSE(IsWindowEnabled(button));
-        goTo(dialog, L"Contacts");
-        create(dialog, L"OLD");
-        EXPECT_TRUE(IsWindowEnabled(button));
-        EXPECT_EQ(answer(dialog), L"A folder with this name already exists. Please use another name.");
-        faults().failMember(L"Folders.Add", {E_FAIL, L"No rights."});
-        create(dialog, L"New");
-        EXPECT_EQ(answer(dialog), L"The folder could not be created.\nNo rights.");
-        faults().clear();
-        ok(dialog);
+    const standin::Failure refused{E_FAIL, L"No rights & none to come."};
+    const std::wstring answer = L"The folder could not be created.\r\n" + *refused.description;
+    choose([&] {
+        goTo(L"Contacts");
+        EXPECT_EQ(create(L"OLD"), L"A folder with this name already exists. Please use another name.");
+        faults().failMember(L"Folders.Add", refused, 1);
+        EXPECT_EQ(create(L"New"), answer);
+        faults().failMember(L"MAPIFolder.EntryID", refused, 1);
+        EXPECT_EQ(create(L"New"), answer) << "taken back, since nobody could choose it";
+        EXPECT_FALSE(outlook.mailbox().findFolder(contacts.id, L"New"));
     });
     press(VK_RETURN);
     EXPECT_EQ(stored(L"ConfigChanged"), L"0");
+    choose([&] {
+        goTo(L"Contacts");
+        faults().failMember(L"MAPIFolder.EntryID", refused, 1);
+        faults().failMember(L"MAPIFolder.Delete", refused, 1);
+        EXPECT_EQ(create(L"New"), L"The folder was created but cannot be read. Open this window again.");
+        EXPECT_NE(drawn().find(L" New"), std::wstring::npos) << drawn();
+    });
+    press(VK_RETURN);
+    EXPECT_EQ(stored(L"ConfigChanged"), L"1");
 }
 
 }  // namespace

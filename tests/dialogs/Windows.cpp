@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace zelbar {
 
@@ -10,29 +11,28 @@ namespace {
 
 constexpr DWORD kPatienceMilliseconds = 10'000;
 
-ModalSteps* running = nullptr;
+std::function<void(HWND)> modalStep;
+std::vector<HWND> openBefore;
+
+void CALLBACK doModalStep(HWND, UINT, UINT_PTR, DWORD) {
+    for (const HWND dialog : openDialogs())
+        if (modalStep && std::find(openBefore.begin(), openBefore.end(), dialog) == openBefore.end())
+            return std::exchange(modalStep, nullptr)(dialog);
+}
 
 }  // namespace
 
-std::vector<HWND> windowsOfClass(const wchar_t* name) {
+std::vector<HWND> openDialogs() {
     std::vector<HWND> result;
     EnumThreadWindows(
         GetCurrentThreadId(), [](HWND window, LPARAM found) __stdcall->BOOL {
-            reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+            wchar_t name[32] = {};
+            GetClassNameW(window, name, 32);
+            if (IsWindowVisible(window) && std::wstring(name) == L"#32770")
+                reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&result));
-    std::erase_if(result, [&](HWND window) {
-        wchar_t own[32] = {};
-        GetClassNameW(window, own, 32);
-        return std::wstring(own) != name;
-    });
-    return result;
-}
-
-std::vector<HWND> openDialogs() {
-    auto result = windowsOfClass(L"#32770");
-    std::erase_if(result, [](HWND window) { return !IsWindowVisible(window); });
     return result;
 }
 
@@ -66,12 +66,6 @@ void press(WPARAM key) {
     serveMessages();
 }
 
-void pressAlt(wchar_t letter) {
-    constexpr LPARAM kAltIsDown = 1 << 29;
-    PostMessageW(GetFocus(), WM_SYSCHAR, letter, kAltIsDown);
-    serveMessages();
-}
-
 std::vector<std::wstring> linesOf(HWND list) {
     std::vector<std::wstring> result;
     for (int i = 0; i < ListView_GetItemCount(list); ++i) {
@@ -89,37 +83,23 @@ std::wstring checksOf(HWND list) {
     return result;
 }
 
-void toggleLine(HWND list, int line) {
-    SetFocus(list);
-    ListView_SetItemState(list, line, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
-    press(VK_SPACE);
-}
-
-ModalSteps::ModalSteps(std::vector<Step> steps) : steps_(std::move(steps)), before_(openDialogs()) {
-    running = this;
-    timer_ = SetTimer(
-        nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) __stdcall->void { running->next(); });
-}
-
-ModalSteps::~ModalSteps() {
-    KillTimer(nullptr, timer_);
-}
-
-void ModalSteps::next() {
-    for (const HWND dialog : openDialogs()) {
-        if (std::find(before_.begin(), before_.end(), dialog) != before_.end() || steps_.empty()) continue;
-        const Step step = steps_.front();
-        steps_.erase(steps_.begin());
-        step(dialog);
-        return;
-    }
-}
-
-bool pressForModal(HWND button, const ModalSteps::Step& step) {
-    ModalSteps steps({step});
-    SendMessageW(button, BM_CLICK, 0, 0);
+bool duringModal(const std::function<void()>& open, const std::function<void(HWND)>& step) {
+    openBefore = openDialogs();
+    modalStep = step;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 20, doModalStep);
+    open();
     serveMessages();
-    return steps.done();
+    KillTimer(nullptr, timer);
+    return !std::exchange(modalStep, nullptr);
+}
+
+bool pressForModal(HWND button, const std::function<void(HWND)>& step) {
+    return duringModal(
+        [&] {
+            SendMessageW(button, BM_CLICK, 0, 0);
+            serveMessages();
+        },
+        step);
 }
 
 }  // namespace zelbar
