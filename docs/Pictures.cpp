@@ -7,11 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "connector/cDataConnector.h"
 #include "core/DriverState.h"
 #include "dialogs/Controls.h"
-#include "dialogs/FLogWindow.h"
 #include "dialogs/frmMessageForm.h"
 #include "dialogs/frmOutSelFolder.h"
+#include "standin/dao/Host.h"
 #include "standin/outlook/host/Host.h"
 #include "support/mLogError.h"
 #include "tests/dialogs/Windows.h"
@@ -90,6 +91,7 @@ class Scene {
         : folder_(folder), suffix_(suffix), outlook_(files_.file(L"mailbox.db")) {
         registry_.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\VEXPhone\\Settings", L"lang", language);
         registry_.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"InitPSTnumber", L"2");
+        registry_.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\VEXPhone", L"DataPath", files_.path());
         registry_.useProfile(files_);
         driver().languages.CurrentCharset(driver().languages.GetChartset());
         fillMailbox();
@@ -131,13 +133,17 @@ class Scene {
         take(topmost(), L"message");
         DestroyWindow(topmost());
     }
+    /// What the driver traces while it starts and the user chooses folders.
     void takeLog() {
-        logWindow().show();
-        for (const wchar_t* line : {L"=>FindFirst()", L"  EntryId=00000000C67C233A6FA3", L"=>FindNext()",
-                                    L"  FindNext() End Of File"})
-            logWindow().add(std::wstring(L"24/05/2002 14:03:11: ") + line, LogWindow::Follow::kRefresh);
-        take(topmost(), L"log");
-        DestroyWindow(topmost());
+        registry_.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"Developper", L"1");
+        const auto connector = makeObject<cDataConnector>();
+        const HWND log = topmost();
+        check(connector->ConfigPIM());
+        const HWND folders = topmost();
+        serveUntil([&] { return IsWindowEnabled(GetDlgItem(folders, IDOK)); });
+        DestroyWindow(folders);
+        take(log, L"log");
+        DestroyWindow(log);
     }
 
   private:
@@ -170,6 +176,7 @@ class Scene {
     harness::TemporaryFolder files_;
     harness::RegistrySandbox registry_;
     standin::outlook::Host outlook_;
+    standin::dao::Host dao_;
     DWORD running_ = 0;
 };
 
