@@ -79,6 +79,7 @@ TEST_F(ContactWindow, ClosingTakesTheContactAwayInEveryCase) {
         traced("Error (ExecuteAction - ActionCloseContact): Object variable or With block variable not set"));
     outlook.server().calls().reset();
     EXPECT_FALSE(run(*action(kClose), unknown()));
+    EXPECT_FALSE(trace().back().starts_with("Error")) << "nothing to close";
     EXPECT_FALSE(run(*action(kClose), {}));
     EXPECT_EQ(outlook.server().calls().invocations(), 0);
     EXPECT_EQ(trace().back(), "Closing ");

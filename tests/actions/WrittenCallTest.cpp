@@ -73,6 +73,7 @@ TEST_F(WrittenCall, IsWrittenWhole) {
 }
 
 TEST_F(WrittenCall, AnEntryEndsNowAndStartsWhereACallOfSomeLengthBegan) {
+    EXPECT_EQ(dayText(39000.25) + L" " + timeText(39000.25), dateText(39000.25));
     const struct {
         std::wstring fields;
         double start;  // 0: now
