@@ -10,7 +10,6 @@ std::vector<Member> Collection::rows() {
         daoReadOnly<&Collection::item>(L"Item", 0, 1, 1),
         daoReadOnly<&Collection::count>(L"Count", 1610743808),
         daoReadOnly<&Collection::newEnum>(L"_NewEnum", DISPID_NEWENUM),
-        daoMethod<&Collection::refresh>(L"Refresh", 1610743810),
     };
 }
 

@@ -16,8 +16,6 @@ class Collection : public DaoObject {
     Value count() { return Value(static_cast<short>(size())); }
     Ref<IDispatch> item(const Arguments& arguments);
     Ref<IEnumVARIANT> newEnum();
-    /// Elements are always found as they are now.
-    void refresh() {}
 
     /// The rows that every collection's table has.
     static std::vector<Member> rows();

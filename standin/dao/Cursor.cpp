@@ -12,11 +12,8 @@ constexpr int kRecordDeleted = 3167;
 
 }  // namespace
 
-Cursor::Cursor(JetFile& file, SelectPlan plan, CursorKind kind, bool readOnly)
-    : file_(file),
-      plan_(std::move(plan)),
-      kind_(plan_.keysSql.empty() ? CursorKind::snapshot : kind),
-      readOnly_(readOnly || file.isReadOnly()) {
+Cursor::Cursor(JetFile& file, SelectPlan plan, CursorKind kind)
+    : file_(file), plan_(std::move(plan)), kind_(kind) {
     const bool keyed = kind_ == CursorKind::table || kind_ == CursorKind::dynaset;
     if (keyed) {
         loadKeys();
@@ -56,7 +53,7 @@ void Cursor::loadRows() {
 }
 
 bool Cursor::isUpdatable() const {
-    return rowStatement_ && plan_.tables.size() == 1 && !readOnly_;
+    return rowStatement_ && plan_.tables.size() == 1 && !file_.isReadOnly();
 }
 
 void Cursor::moveFirst() {
@@ -80,7 +77,7 @@ void Cursor::movePrevious() {
 }
 
 void Cursor::settle(std::ptrdiff_t index, int direction) {
-    pending_ = Pending::none;
+    adding_ = false;
     current_.clear();
     const auto end = static_cast<std::ptrdiff_t>(rowCount());
     while (index >= 0 && index < end && states_[static_cast<std::size_t>(index)] == RowState::removed) {
@@ -143,14 +140,14 @@ void Cursor::checkUpdatable() const {
 }
 
 const Cell& Cursor::value(std::size_t field) {
-    if (pending_ != Pending::none) return buffer_[field];
+    if (adding_) return buffer_[field];
     checkCurrent();
     return current_[field];
 }
 
 void Cursor::setValue(std::size_t field, Cell value) {
     checkUpdatable();
-    if (pending_ == Pending::none) raise(3020);
+    if (!adding_) raise(3020);
     const auto* text = std::get_if<std::wstring>(&value);
     const int size = plan_.fields[field].column.size;
     if (text && size > 0 && text->size() > static_cast<std::size_t>(size)) raise(3163);
@@ -168,7 +165,7 @@ void Cursor::remove() {
     states_[at_] = RowState::removed;
     --count_;
     --live_;
-    pending_ = Pending::none;
+    adding_ = false;
     current_.clear();
 }
 
@@ -179,29 +176,13 @@ void Cursor::addNew() {
         Cell& cell = buffer_.emplace_back();
         if (field.column.type == JetType::yesNo) cell = std::int64_t{0};
     }
-    pending_ = Pending::adding;
-}
-
-void Cursor::edit() {
-    checkUpdatable();
-    checkCurrent();
-    buffer_ = current_;
-    pending_ = Pending::editing;
+    adding_ = true;
 }
 
 void Cursor::update() {
-    if (pending_ == Pending::none) raise(3020);
-    if (pending_ == Pending::adding) {
-        insertRow();
-    } else {
-        updateRow();
-    }
-    pending_ = Pending::none;
-}
-
-void Cursor::cancelUpdate() {
-    if (pending_ == Pending::none) raise(3020);
-    pending_ = Pending::none;
+    if (!adding_) raise(3020);
+    insertRow();
+    adding_ = false;
 }
 
 void Cursor::insertRow() {
@@ -223,23 +204,6 @@ void Cursor::insertRow() {
     states_.push_back(RowState::there);
     ++live_;
     ++count_;
-}
-
-void Cursor::updateRow() {
-    std::wstring assignments;
-    for (std::size_t field = 0; field < plan_.fields.size(); ++field) {
-        assignments += (field == 0 ? L"" : L", ") + quoted(plan_.fields[field].column.name) + L" = ?" +
-                       std::to_wstring(field + 1);
-    }
-    const int keyPosition = static_cast<int>(plan_.fields.size()) + 1;
-    Statement statement =
-        file_.connection().prepare(L"UPDATE " + quoted(plan_.tables.front()) + L" SET " + assignments +
-                                   L" WHERE _rowid_ = ?" + std::to_wstring(keyPosition));
-    statement.bind(buffer_);
-    statement.bind(keyPosition, Cell(keys_[at_]));
-    statement.step();
-    if (file_.connection().changes() == 0) raise(kRecordDeleted);
-    readRow();
 }
 
 }  // namespace standin::dao

@@ -15,7 +15,7 @@ enum class CursorKind : short { table = 1, dynaset = 2, snapshot = 4, forwardOnl
 /// on it. Throws DaoError.
 class Cursor {
   public:
-    Cursor(JetFile& file, SelectPlan plan, CursorKind kind, bool readOnly);
+    Cursor(JetFile& file, SelectPlan plan, CursorKind kind);
 
     const std::vector<ResultField>& fields() const { return plan_.fields; }
     CursorKind kind() const { return kind_; }
@@ -31,19 +31,16 @@ class Cursor {
     void moveNext();
     void movePrevious();
 
-    /// What a field holds: of the row being edited or added, else of the current one.
+    /// What a field holds: of the row being added, else of the current one.
     const Cell& value(std::size_t field);
     void setValue(std::size_t field, Cell value);
 
     void remove();
     void addNew();
-    void edit();
     void update();
-    void cancelUpdate();
 
   private:
     enum class RowState : char { there, goneByOthers, removed };
-    enum class Pending { none, adding, editing };
 
     std::size_t rowCount() const { return states_.size(); }
     void loadRows();
@@ -56,12 +53,10 @@ class Cursor {
     void checkCurrent();
     void checkUpdatable() const;
     void insertRow();
-    void updateRow();
 
     JetFile& file_;
     SelectPlan plan_;
     CursorKind kind_;
-    bool readOnly_;
     std::vector<std::int64_t> keys_;       // as many for each row as there are tables
     std::vector<std::vector<Cell>> rows_;  // of a snapshot
     std::vector<RowState> states_;
@@ -76,7 +71,7 @@ class Cursor {
     long count_ = 0;
     std::size_t visited_ = 0;  // rows before this one have been visited
     std::vector<Cell> current_;
-    Pending pending_ = Pending::none;
+    bool adding_ = false;
     std::vector<Cell> buffer_;
 };
 

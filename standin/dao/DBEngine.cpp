@@ -28,11 +28,10 @@ Ref<IDispatch> DBEngine::workspaces() {
 }
 
 Ref<IDispatch> DBEngine::createWorkspace(const Arguments& arguments) {
-    std::wstring user = arguments.text(1);
-    if (!sameText(user, L"admin") || !arguments.text(2).empty()) raise(3029);
+    if (!sameText(arguments.text(1), L"admin") || !arguments.text(2).empty()) raise(3029);
     constexpr long kJet = 2;
     if (arguments.number(3, kJet) != kJet) raise(3001);
-    return makeObject<Workspace>(server(), arguments.text(0), std::move(user), false);
+    return makeObject<Workspace>(server(), arguments.text(0), false);
 }
 
 void DBEngine::setOption(const Arguments& arguments) {

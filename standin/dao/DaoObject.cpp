@@ -44,43 +44,14 @@ Value toClient(const Cell& cell, JetType type) {
         return text ? toValue(*text) : typed(VT_BSTR, toNumber(cell));
     }
     const Value number = toNumber(cell);
-    switch (type) {
-        case JetType::yesNo:
-            return typed(VT_BOOL, number);
-        case JetType::byte:
-            return typed(VT_UI1, number);
-        case JetType::integer:
-            return typed(VT_I2, number);
-        case JetType::longInteger:
-            return typed(VT_I4, number);
-        case JetType::currency:
-            return typed(VT_CY, number);
-        case JetType::single:
-            return typed(VT_R4, number);
-        case JetType::date:
-            return typed(VT_DATE, number);
-        default:
-            return number;
-    }
+    return typed(type == JetType::yesNo ? VT_BOOL : VT_I4, number);
 }
 
 Cell fromClient(const Value& value, JetType type) {
     if (value.vt == VT_NULL || value.vt == VT_EMPTY) return {};
     if (isText(type)) return toText(typed(VT_BSTR, value));
-    switch (type) {
-        case JetType::yesNo:
-            return std::int64_t{toBool(typed(VT_BOOL, value)) ? -1 : 0};
-        case JetType::byte:
-            return std::int64_t{toLong(typed(VT_UI1, value))};
-        case JetType::integer:
-            return std::int64_t{toLong(typed(VT_I2, value))};
-        case JetType::longInteger:
-            return std::int64_t{toLong(typed(VT_I4, value))};
-        case JetType::date:
-            return toDouble(typed(VT_R8, typed(VT_DATE, value)));
-        default:
-            return toDouble(typed(VT_R8, value));
-    }
+    if (type == JetType::yesNo) return std::int64_t{toBool(typed(VT_BOOL, value)) ? -1 : 0};
+    return std::int64_t{toLong(typed(VT_I4, value))};
 }
 
 }  // namespace standin::dao

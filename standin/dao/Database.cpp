@@ -2,13 +2,11 @@
 
 #include "standin/dao/Cursor.h"
 #include "standin/dao/Recordset.h"
-#include "standin/dao/TableDefs.h"
 #include "standin/dao/Workspace.h"
 
 namespace standin::dao {
 namespace {
 
-constexpr long kReadOnlyOption = 4;
 constexpr long kFailOnErrorOption = 128;
 
 CursorKind kindFor(long type) {
@@ -42,41 +40,28 @@ void Database::release() {
 
 const MemberTable& Database::members() const {
     static const MemberTable table(
-        L"Database",
-        {
-            daoReadOnly<&Database::tableDefs>(L"TableDefs", 0),
-            daoReadOnly<&Database::name>(L"Name", 1610743812),
-            daoReadOnly<&Database::updatable>(L"Updatable", 1610743816),
-            daoReadOnly<&Database::version>(L"Version", 1610743818),
-            daoReadOnly<&Database::recordsAffected>(L"RecordsAffected", 1610743819),
-            daoMethod<&Database::close>(L"Close", 1610809358),
-            daoMethod<&Database::execute>(L"Execute", 1610809359, 1, 2),
-            daoMethod<&Database::openRecordset>(L"_30_OpenRecordset", 1610809360, 1, 3),
-            daoMethod<&Database::openRecordset>(L"OpenRecordset", 1610809383, 1, 4),
-        },
-        L"TableDefs");
+        L"Database", {
+                         daoReadOnly<&Database::updatable>(L"Updatable", 1610743816),
+                         daoMethod<&Database::close>(L"Close", 1610809358),
+                         daoMethod<&Database::execute>(L"Execute", 1610809359, 1, 2),
+                         daoMethod<&Database::openRecordset>(L"OpenRecordset", 1610809383, 1, 4),
+                     });
     return table;
 }
 
-Ref<IDispatch> Database::tableDefs() {
-    return makeObject<TableDefs>(server(), Ref<Database>(this));
-}
-
 Ref<IDispatch> Database::openRecordset(const Arguments& arguments) {
-    std::wstring source = arguments.text(0);
+    const std::wstring source = arguments.text(0);
     const bool isQuery = isSelect(source);
     const CursorKind usual = isQuery ? CursorKind::dynaset : CursorKind::table;
     const CursorKind kind = arguments.has(1) ? kindFor(arguments.number(1)) : usual;
     if (kind == CursorKind::table && isQuery) raise(3219);
-    const bool readOnly =
-        (arguments.number(2, 0) & kReadOnlyOption) != 0 || arguments.number(3, 0) == kReadOnlyOption;
-    auto cursor = std::make_unique<Cursor>(*file_, file_->plan(source), kind, readOnly);
-    return makeObject<Recordset>(server(), Ref<Database>(this), std::move(source), std::move(cursor));
+    auto cursor = std::make_unique<Cursor>(*file_, file_->plan(source), kind);
+    return makeObject<Recordset>(server(), Ref<Database>(this), std::move(cursor));
 }
 
 void Database::execute(const Arguments& arguments) {
     const bool failOnError = (arguments.number(1, 0) & kFailOnErrorOption) != 0;
-    recordsAffected_ = file_->execute(arguments.text(0), failOnError);
+    file_->execute(arguments.text(0), failOnError);
 }
 
 }  // namespace standin::dao

@@ -30,11 +30,7 @@ class Database : public DaoObject {
     const MemberTable& members() const override;
 
   private:
-    const std::wstring& name() const { return file_->path(); }
     bool updatable() const { return !file_->isReadOnly(); }
-    std::wstring version() const { return L"4.0"; }
-    long recordsAffected() const { return recordsAffected_; }
-    Ref<IDispatch> tableDefs();
     Ref<IDispatch> openRecordset(const Arguments& arguments);
     void execute(const Arguments& arguments);
     void close() { release(); }
@@ -42,7 +38,6 @@ class Database : public DaoObject {
     Ref<Workspace> workspace_;
     std::unique_ptr<JetFile> file_;
     std::vector<Recordset*> recordsets_;
-    long recordsAffected_ = 0;
 };
 
 }  // namespace standin::dao

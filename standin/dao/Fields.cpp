@@ -14,20 +14,16 @@ const MemberTable& Field::members() const {
                                    {
                                        daoProperty<&Field::value, &Field::setValue>(L"Value", 0),
                                        daoReadOnly<&Field::name>(L"Name", 1610809347),
-                                       daoReadOnly<&Field::type>(L"Type", 1610809345),
-                                       daoReadOnly<&Field::size>(L"Size", 1610809348),
                                    },
                                    L"Value");
     return table;
 }
 
 Value Field::value() const {
-    if (!recordset_) raise(3219);
     return toClient(recordset_->cursor().value(index_), column_.type);
 }
 
 void Field::setValue(const Value& value) {
-    if (!recordset_) raise(3219);
     recordset_->cursor().setValue(index_, fromClient(value, column_.type));
 }
 
@@ -42,15 +38,6 @@ std::wstring Fields::nameOf(long index) {
 
 Ref<IDispatch> Fields::element(long index) {
     return makeObject<Field>(server(), recordset_, static_cast<std::size_t>(index));
-}
-
-const MemberTable& TableFields::members() const {
-    static const MemberTable table(L"Fields", rows(), L"Item");
-    return table;
-}
-
-Ref<IDispatch> TableFields::element(long index) {
-    return makeObject<Field>(server(), table_.columns[static_cast<std::size_t>(index)]);
 }
 
 }  // namespace standin::dao

@@ -9,7 +9,7 @@ const CLSID kEngineClass = {0x00000100, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA,
 class DefaultWorkspace : public Workspace {
   public:
     explicit DefaultWorkspace(Engine& engine)
-        : Workspace(engine.server_, L"#Default Workspace#", L"admin", true), engine_(engine) {
+        : Workspace(engine.server_, L"#Default Workspace#", true), engine_(engine) {
         engine_.workspace_ = this;
     }
     ~DefaultWorkspace() override { engine_.workspace_ = nullptr; }

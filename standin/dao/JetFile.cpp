@@ -87,25 +87,21 @@ SelectPlan JetFile::plan(const std::wstring& source) {
     return selectWholeTable(*table);
 }
 
-long JetFile::execute(const std::wstring& sql, bool failOnError) {
+void JetFile::execute(const std::wstring& sql, bool failOnError) {
     const Command command = translateCommand(sql, schema());
     if (isReadOnly()) raise(3027);
     begin();
-    long changed = 0;
     try {
         for (const std::wstring& text : command.statements) {
             Statement statement = connection_.prepare(text);
             statement.bind(command.values);
             statement.step();
-            changed = connection_.changes();
         }
         commit();
     } catch (const DaoError& error) {
         rollback();
         if (failOnError || command.changesTables || !isRowError(error.number)) throw;
-        return 0;
     }
-    return command.changesTables ? 0 : changed;
 }
 
 void JetFile::begin() {

@@ -26,9 +26,9 @@ class JetFile {
     /// What a Recordset opened on a Select statement or on a table's name shows.
     SelectPlan plan(const std::wstring& source);
 
-    /// Runs any other statement; returns the number of rows changed. Unless `failOnError`, rows that Jet
-    /// cannot change are left alone without a word, as DAO does.
-    long execute(const std::wstring& sql, bool failOnError);
+    /// Runs any other statement. Unless `failOnError`, rows that Jet cannot change are left alone without a
+    /// word, as DAO does.
+    void execute(const std::wstring& sql, bool failOnError);
 
     void begin();
     void commit();

@@ -11,7 +11,7 @@ class Database;
 
 class Recordset : public DaoObject {
   public:
-    Recordset(Server& server, Ref<Database> database, std::wstring source, std::unique_ptr<Cursor> cursor);
+    Recordset(Server& server, Ref<Database> database, std::unique_ptr<Cursor> cursor);
     ~Recordset() override;
 
     bool isOpen() const override { return cursor_ != nullptr; }
@@ -27,15 +27,7 @@ class Recordset : public DaoObject {
     bool bof() const { return cursor_->isBeforeFirst(); }
     bool eof() const { return cursor_->isAfterLast(); }
     long recordCount() const { return cursor_->count(); }
-    /// Searches inside a recordset are not offered, so none has failed.
-    bool noMatch() const { return false; }
-    bool updatable() const { return cursor_->isUpdatable(); }
-    Value type() const { return Value(static_cast<short>(cursor_->kind())); }
-    const std::wstring& name() const { return source_; }
     Ref<IDispatch> fields();
-    Value collect(const Arguments& arguments);
-    void setCollect(const Arguments& arguments);
-    std::size_t fieldIndex(const Arguments& arguments) const;
 
     void moveFirst();
     void moveLast();
@@ -43,14 +35,11 @@ class Recordset : public DaoObject {
     void movePrevious();
     void remove() { cursor_->remove(); }
     void addNew() { cursor_->addNew(); }
-    void edit() { cursor_->edit(); }
     void update() { cursor_->update(); }
-    void cancelUpdate() { cursor_->cancelUpdate(); }
     void close() { release(); }
     void refuseIfForwardOnly() const;
 
     Ref<Database> database_;
-    std::wstring source_;
     std::unique_ptr<Cursor> cursor_;
 };
 

@@ -15,42 +15,17 @@ struct TypeWord {
 
 constexpr std::array kTypeWords{
     TypeWord{L"TEXT", JetType::text},
-    TypeWord{L"VARCHAR", JetType::text},
-    TypeWord{L"CHAR", JetType::text},
-    TypeWord{L"STRING", JetType::text},
     TypeWord{L"MEMO", JetType::memo},
-    TypeWord{L"LONGTEXT", JetType::memo},
     TypeWord{L"LONG", JetType::longInteger},
-    TypeWord{L"INTEGER", JetType::longInteger},
-    TypeWord{L"INT", JetType::longInteger},
-    TypeWord{L"COUNTER", JetType::longInteger},
-    TypeWord{L"AUTOINCREMENT", JetType::longInteger},
-    TypeWord{L"SHORT", JetType::integer},
-    TypeWord{L"SMALLINT", JetType::integer},
-    TypeWord{L"BYTE", JetType::byte},
-    TypeWord{L"DOUBLE", JetType::real},
-    TypeWord{L"FLOAT", JetType::real},
-    TypeWord{L"NUMBER", JetType::real},
-    TypeWord{L"SINGLE", JetType::single},
-    TypeWord{L"REAL", JetType::single},
-    TypeWord{L"CURRENCY", JetType::currency},
-    TypeWord{L"MONEY", JetType::currency},
-    TypeWord{L"DATETIME", JetType::date},
-    TypeWord{L"DATE", JetType::date},
     TypeWord{L"YESNO", JetType::yesNo},
-    TypeWord{L"BIT", JetType::yesNo},
-    TypeWord{L"LOGICAL", JetType::yesNo},
 };
 
 constexpr std::array kStoredTypes{
-    TypeWord{L"YESNO_INT", JetType::yesNo},     TypeWord{L"BYTE_INT", JetType::byte},
-    TypeWord{L"SHORT_INT", JetType::integer},   TypeWord{L"LONG_INT", JetType::longInteger},
-    TypeWord{L"MONEY_REAL", JetType::currency}, TypeWord{L"SINGLE_REAL", JetType::single},
-    TypeWord{L"DOUBLE_REAL", JetType::real},    TypeWord{L"DATE_REAL", JetType::date},
+    TypeWord{L"YESNO_INT", JetType::yesNo},
+    TypeWord{L"LONG_INT", JetType::longInteger},
     TypeWord{L"MEMO_TEXT", JetType::memo},
 };
 
-constexpr std::wstring_view kCounter = L"INTEGER";
 constexpr std::wstring_view kPrefixIndexMark = L".prefix";
 constexpr int kDefaultTextSize = 255;
 
@@ -83,12 +58,10 @@ bool typeFromSql(std::wstring_view word, Column& column) {
     if (found == kTypeWords.end()) return false;
     column.type = found->type;
     column.size = found->type == JetType::text ? kDefaultTextSize : 0;
-    column.isCounter = sameText(word, L"COUNTER") || sameText(word, L"AUTOINCREMENT");
     return true;
 }
 
 std::wstring storedType(const Column& column) {
-    if (column.isCounter) return std::wstring(kCounter);
     if (column.type == JetType::text) return L"TEXT(" + std::to_wstring(column.size) + L")";
     const auto found = std::find_if(kStoredTypes.begin(), kStoredTypes.end(),
                                     [&](const TypeWord& w) { return w.type == column.type; });
@@ -97,11 +70,6 @@ std::wstring storedType(const Column& column) {
 
 Column columnFromStored(std::wstring name, std::wstring_view storedType) {
     Column column{std::move(name)};
-    if (storedType == kCounter) {
-        column.type = JetType::longInteger;
-        column.isCounter = true;
-        return column;
-    }
     const auto found = std::find_if(kStoredTypes.begin(), kStoredTypes.end(),
                                     [&](const TypeWord& w) { return storedType == w.word; });
     if (found != kStoredTypes.end()) {

@@ -8,22 +8,11 @@
 
 namespace standin::dao {
 
-/// One stored value. Yes/No is 0 or -1, a date a number of days, as in OLE Automation.
+/// One stored value. Yes/No is 0 or -1, as in OLE Automation.
 using Cell = std::variant<std::monostate, std::int64_t, double, std::wstring>;
 
-/// The numbers are those that Field.Type reports.
-enum class JetType : short {
-    yesNo = 1,
-    byte = 2,
-    integer = 3,
-    longInteger = 4,
-    currency = 5,
-    single = 6,
-    real = 7,
-    date = 8,
-    text = 10,
-    memo = 12
-};
+/// The numbers are DAO's own.
+enum class JetType : short { yesNo = 1, longInteger = 4, text = 10, memo = 12 };
 
 bool isText(JetType type);
 
@@ -31,7 +20,6 @@ struct Column {
     std::wstring name;
     JetType type = JetType::text;
     int size = 0;  ///< greatest number of characters of a text; 0 elsewhere
-    bool isCounter = false;
 };
 
 struct Table {

@@ -4,7 +4,6 @@
 #include "standin/dao/SqlDefinition.h"
 #include "standin/dao/SqlExpression.h"
 #include "standin/dao/SqlReader.h"
-#include "standin/dao/SqlSelect.h"
 
 namespace standin::dao {
 namespace {
@@ -54,33 +53,21 @@ Command translateInsert(SqlReader& reader) {
         sql += (&target == &targets.front() ? L"" : L", ") + quoted(target);
     sql += L") ";
 
+    reader.expectWord(L"VALUES", kBadInsert);
+    reader.expectSymbol(L"(", kBadInsert);
+    sql += L"VALUES (";
     std::size_t count = 0;
-    if (reader.isWord(L"SELECT")) {
-        const SelectPlan rows = translateSelect(reader);
-        sql += rows.rowsSql;
-        count = rows.fields.size();
-    } else {
-        reader.expectWord(L"VALUES", kBadInsert);
-        reader.expectSymbol(L"(", kBadInsert);
-        sql += L"VALUES (";
-        const std::vector<Source> none;
-        do {
-            sql += (count++ == 0 ? L"" : L", ") + ExpressionTranslator(reader, none).translate().sql;
-        } while (reader.acceptSymbol(L","));
-        reader.expectSymbol(L")", kBadInsert);
-        sql += L")";
-    }
+    const std::vector<Source> none;
+    do {
+        sql += (count++ == 0 ? L"" : L", ") + ExpressionTranslator(reader, none).translate().sql;
+    } while (reader.acceptSymbol(L","));
+    reader.expectSymbol(L")", kBadInsert);
+    sql += L")";
     if (count != targets.size()) raise(3346);
     return finish(reader, std::move(sql));
 }
 
 Command translateDelete(SqlReader& reader) {
-    // "Delete * From" and "Delete T.* From" say the same as "Delete From".
-    if (reader.isSymbol(L".", 1)) {
-        reader.next();
-        reader.next();
-    }
-    reader.acceptSymbol(L"*");
     reader.expectWord(L"FROM", kBadFrom);
     const Table& table = findTable(reader, reader.expectName(kBadFrom), 3078);
     const std::vector<Source> sources{{table.name, &table}};
@@ -93,8 +80,7 @@ Command translateUpdate(SqlReader& reader) {
     reader.expectWord(L"SET", kBadUpdate);
     std::wstring assignments;
     do {
-        std::wstring target = reader.expectName(kBadUpdate);
-        if (reader.acceptSymbol(L".")) target = reader.expectName(kBadUpdate);
+        const std::wstring target = reader.expectName(kBadUpdate);
         reader.expectSymbol(L"=", kBadUpdate);
         if (table.find(target) < 0) reader.addUnknown(target);
         assignments += (assignments.empty() ? L"" : L", ") + quoted(target) + L" = " +

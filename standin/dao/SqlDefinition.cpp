@@ -18,53 +18,29 @@ constexpr int kUnknownTable = 3376;
 constexpr int kGreatestTextSize = 255;
 constexpr const wchar_t* kPrimaryKey = L"PrimaryKey";
 
-struct IndexPart {
-    std::wstring column;
-    bool descending = false;
-};
-
 struct IndexDefinition {
     std::wstring name;
+    std::wstring column;
     bool unique = false;
-    std::vector<IndexPart> parts;
 };
-
-std::vector<IndexPart> readParts(SqlReader& reader, int error) {
-    std::vector<IndexPart> parts;
-    reader.expectSymbol(L"(", error);
-    do {
-        IndexPart part{reader.expectName(error)};
-        part.descending = reader.acceptWord(L"DESC");
-        if (!part.descending) reader.acceptWord(L"ASC");
-        parts.push_back(std::move(part));
-    } while (reader.acceptSymbol(L","));
-    reader.expectSymbol(L")", error);
-    return parts;
-}
 
 /// Besides the index itself, whose order is that of the language, a second one by which texts that begin
 /// alike are found.
 void addIndex(Command& command, const Table& table, const IndexDefinition& index) {
-    std::wstring parts;
-    for (const IndexPart& part : index.parts) {
-        if (table.find(part.column) < 0) raise(kBadIndex);
-        parts += (parts.empty() ? L"" : L", ") + quoted(part.column) + (part.descending ? L" DESC" : L"");
-    }
+    const int position = table.find(index.column);
+    if (position < 0) raise(kBadIndex);
     command.statements.push_back((index.unique ? L"CREATE UNIQUE INDEX " : L"CREATE INDEX ") +
                                  quoted(storedIndexName(table.name, index.name)) + L" ON " +
-                                 quoted(table.name) + L" (" + parts + L")");
-    const Column& first = table.columns[static_cast<std::size_t>(table.find(index.parts.front().column))];
-    if (!isText(first.type)) return;
+                                 quoted(table.name) + L" (" + quoted(index.column) + L")");
+    if (!isText(table.columns[static_cast<std::size_t>(position)].type)) return;
     command.statements.push_back(L"CREATE INDEX " + quoted(storedPrefixIndexName(table.name, index.name)) +
-                                 L" ON " + quoted(table.name) + L" (" + quoted(first.name) +
+                                 L" ON " + quoted(table.name) + L" (" + quoted(index.column) +
                                  L" COLLATE JET_PREFIX)");
 }
 
-std::wstring columnDefinition(const Column& column, bool required) {
+std::wstring columnDefinition(const Column& column) {
     const std::wstring name = quoted(column.name);
     std::wstring sql = name + L" " + storedType(column);
-    if (column.isCounter) return sql + L" PRIMARY KEY AUTOINCREMENT";
-    if (required) sql += L" NOT NULL";
     if (column.type == JetType::yesNo) sql += L" DEFAULT 0";
     if (isText(column.type)) {
         sql += L" COLLATE JET";
@@ -87,13 +63,7 @@ class TableTranslator {
         if (reader_.schema().find(table_.name)) raise(3010, table_.name);
         reader_.expectSymbol(L"(", kBadTable);
         do {
-            if (reader_.acceptWord(L"CONSTRAINT")) {
-                tableConstraint(reader_.expectName(kBadConstraint));
-            } else if (reader_.isWord(L"PRIMARY") || reader_.isWord(L"UNIQUE")) {
-                tableConstraint(kPrimaryKey);
-            } else {
-                field();
-            }
+            field();
         } while (reader_.acceptSymbol(L","));
         reader_.expectSymbol(L")", kBadTable);
         reader_.expectEnd(kBadTable);
@@ -115,35 +85,11 @@ class TableTranslator {
             if (column.size < 1 || column.size > kGreatestTextSize) raise(kBadField);
             reader_.expectSymbol(L")", kBadField);
         }
-        const bool required = reader_.acceptWord(L"NOT");
-        if (required) {
-            reader_.expectWord(L"NULL", kBadField);
-        } else {
-            reader_.acceptWord(L"NULL");
-        }
-        definitions_ += (definitions_.empty() ? L"" : L", ") + columnDefinition(column, required);
+        definitions_ += (definitions_.empty() ? L"" : L", ") + columnDefinition(column);
         table_.columns.push_back(column);
-        fieldConstraint(column.name);
-    }
-
-    void fieldConstraint(const std::wstring& column) {
-        std::wstring name = reader_.isWord(L"UNIQUE") ? column : kPrimaryKey;
-        if (reader_.acceptWord(L"CONSTRAINT")) name = reader_.expectName(kBadConstraint);
-        if (reader_.acceptWord(L"PRIMARY")) {
-            reader_.expectWord(L"KEY", kBadConstraint);
-        } else if (!reader_.acceptWord(L"UNIQUE")) {
-            return;
-        }
-        indexes_.push_back({std::move(name), true, {{column}}});
-    }
-
-    void tableConstraint(std::wstring name) {
-        if (reader_.acceptWord(L"PRIMARY")) {
-            reader_.expectWord(L"KEY", kBadConstraint);
-        } else {
-            reader_.expectWord(L"UNIQUE", kBadConstraint);
-        }
-        indexes_.push_back({std::move(name), true, readParts(reader_, kBadConstraint)});
+        if (!reader_.acceptWord(L"PRIMARY")) return;
+        reader_.expectWord(L"KEY", kBadConstraint);
+        indexes_.push_back({kPrimaryKey, column.name, true});
     }
 
     SqlReader& reader_;
@@ -152,23 +98,16 @@ class TableTranslator {
     std::vector<IndexDefinition> indexes_;
 };
 
-Command translateCreateIndex(SqlReader& reader, bool unique) {
-    IndexDefinition index{reader.expectName(kBadIndex), unique, {}};
+Command translateCreateIndex(SqlReader& reader) {
+    IndexDefinition index{reader.expectName(kBadIndex), {}};
     reader.expectWord(L"ON", kBadIndex);
     const std::wstring name = reader.expectName(kBadIndex);
     const Table* table = reader.schema().find(name);
     if (!table) raise(kUnknownTable, name);
     if (reader.schema().hasIndex(name, index.name)) raise(3375, name, index.name);
-    index.parts = readParts(reader, kBadIndex);
-    if (reader.acceptWord(L"WITH")) {
-        if (reader.acceptWord(L"PRIMARY")) {
-            index.unique = true;
-        } else {
-            // "Disallow Null" and "Ignore Null" do not change what is found.
-            if (!reader.acceptWord(L"DISALLOW")) reader.expectWord(L"IGNORE", kBadIndex);
-            reader.expectWord(L"NULL", kBadIndex);
-        }
-    }
+    reader.expectSymbol(L"(", kBadIndex);
+    index.column = reader.expectName(kBadIndex);
+    reader.expectSymbol(L")", kBadIndex);
     reader.expectEnd(kBadIndex);
     Command command;
     command.changesTables = true;
@@ -180,28 +119,16 @@ Command translateCreateIndex(SqlReader& reader, bool unique) {
 
 Command translateCreate(SqlReader& reader) {
     if (reader.acceptWord(L"TABLE")) return TableTranslator(reader).run();
-    const bool unique = reader.acceptWord(L"UNIQUE");
     reader.expectWord(L"INDEX", kBadTable);
-    return translateCreateIndex(reader, unique);
+    return translateCreateIndex(reader);
 }
 
 Command translateDrop(SqlReader& reader) {
-    if (reader.acceptWord(L"TABLE")) {
-        const std::wstring name = reader.expectName(kBadDrop);
-        reader.expectEnd(kBadDrop);
-        if (!reader.schema().find(name)) raise(kUnknownTable, name);
-        return {{L"DROP TABLE " + quoted(name)}, {}, true};
-    }
-    reader.expectWord(L"INDEX", kBadDrop);
-    const std::wstring index = reader.expectName(kBadDrop);
-    reader.expectWord(L"ON", kBadDrop);
-    const std::wstring table = reader.expectName(kBadDrop);
+    reader.expectWord(L"TABLE", kBadDrop);
+    const std::wstring name = reader.expectName(kBadDrop);
     reader.expectEnd(kBadDrop);
-    if (!reader.schema().hasIndex(table, index)) raise(3372, index, table);
-    return {{L"DROP INDEX " + quoted(storedIndexName(table, index)),
-             L"DROP INDEX IF EXISTS " + quoted(storedPrefixIndexName(table, index))},
-            {},
-            true};
+    if (!reader.schema().find(name)) raise(kUnknownTable, name);
+    return {{L"DROP TABLE " + quoted(name)}, {}, true};
 }
 
 }  // namespace standin::dao

@@ -1,7 +1,5 @@
 #include "standin/dao/SqlExpression.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <array>
 #include <cwchar>
@@ -21,18 +19,7 @@ constexpr wchar_t kBar = L'|';
 constexpr std::size_t kNowhere = std::wstring::npos;
 
 Yield yieldOf(JetType type) {
-    if (isText(type)) return Yield::text;
-    return type == JetType::date ? Yield::date : Yield::number;
-}
-
-double parseDate(std::wstring text, bool& valid) {
-    DATE date = 0;
-    valid = SUCCEEDED(VarDateFromStr(text.data(), MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), 0, &date));
-    return date;
-}
-
-std::wstring negate(const std::wstring& condition, bool negated) {
-    return negated ? L"(NOT " + condition + L")" : condition;
+    return isText(type) ? Yield::text : Yield::number;
 }
 
 }  // namespace
@@ -44,8 +31,7 @@ Expression ExpressionTranslator::translate() {
     // What follows an expression is a keyword, a comma, a parenthesis or the end; anything else lacks an
     // operator.
     const bool isValue = rest.kind == TokenKind::number || rest.kind == TokenKind::text ||
-                         rest.kind == TokenKind::bracketed || rest.kind == TokenKind::date ||
-                         rest.kind == TokenKind::broken ||
+                         rest.kind == TokenKind::bracketed || rest.kind == TokenKind::broken ||
                          (rest.kind == TokenKind::word && !isReserved(rest.text));
     if (isValue) fail(kMissingOperator);
     return whole;
@@ -87,25 +73,15 @@ Expression ExpressionTranslator::negation() {
 }
 
 Expression ExpressionTranslator::comparison() {
-    Expression left = sum();
+    Expression left = joined();
     for (;;) {
-        const bool negated =
-            reader_.isWord(L"NOT") &&
-            (reader_.isWord(L"LIKE", 1) || reader_.isWord(L"BETWEEN", 1) || reader_.isWord(L"IN", 1));
-        if (negated) reader_.next();
         static constexpr std::array kOperators{L"=", L"<>", L"<=", L">=", L"<", L">"};
         const auto isNext = [this](const wchar_t* symbol) { return reader_.isSymbol(symbol); };
         if (reader_.acceptWord(L"LIKE")) {
-            left = like(left, negated);
-        } else if (reader_.acceptWord(L"BETWEEN")) {
-            left = between(left, negated);
-        } else if (reader_.acceptWord(L"IN")) {
-            left = list(left, negated);
-        } else if (reader_.acceptWord(L"IS")) {
-            left = nullTest(left);
+            left = like(left);
         } else if (std::any_of(kOperators.begin(), kOperators.end(), isNext)) {
             const std::wstring symbol = reader_.next().text;
-            const Expression right = sum();
+            const Expression right = joined();
             checkComparable(left, right);
             left = {L"(" + left.sql + L" " + symbol + L" " + right.sql + L")", Yield::number};
         } else {
@@ -114,13 +90,13 @@ Expression ExpressionTranslator::comparison() {
     }
 }
 
-Expression ExpressionTranslator::like(const Expression& left, bool negated) {
+Expression ExpressionTranslator::like(const Expression& left) {
     const Token pattern = reader_.peek();
     const bool isLiteral =
         pattern.kind == TokenKind::text && !reader_.isSymbol(L"&", 1) && pattern.text.find(kBar) == kNowhere;
-    const Expression right = sum();
+    const Expression right = joined();
     const std::wstring match = L"jet_like(" + right.sql + L", " + left.sql + L")";
-    if (!isLiteral) return {negate(match, negated), Yield::number};
+    if (!isLiteral) return {match, Yield::number};
 
     bool readable = true;
     std::wstring prefix;
@@ -135,7 +111,7 @@ Expression ExpressionTranslator::like(const Expression& left, bool negated) {
     }
     if (!readable) fail(prefix);
     const bool canUseIndex = left.column && isText(left.column->type) && (exact || !prefix.empty());
-    if (!canUseIndex) return {negate(match, negated), Yield::number};
+    if (!canUseIndex) return {match, Yield::number};
 
     const std::wstring key = left.sql + L" COLLATE JET_PREFIX";
     std::wstring condition;
@@ -147,69 +123,20 @@ Expression ExpressionTranslator::like(const Expression& left, bool negated) {
         if (!end.empty()) condition += L" AND " + key + L" < " + reader_.bind(end);
         condition += L" AND " + match + L")";
     }
-    return {negate(condition, negated), Yield::number};
+    return {condition, Yield::number};
 }
 
-Expression ExpressionTranslator::between(const Expression& left, bool negated) {
-    const Expression low = sum();
-    if (!reader_.acceptWord(L"AND")) fail(L"Between operator without And");
-    const Expression high = sum();
-    checkComparable(left, low);
-    checkComparable(left, high);
-    return {negate(L"(" + left.sql + L" BETWEEN " + low.sql + L" AND " + high.sql + L")", negated),
-            Yield::number};
-}
-
-Expression ExpressionTranslator::list(const Expression& left, bool negated) {
-    if (!reader_.acceptSymbol(L"(")) fail(L"In operator without ()");
-    std::wstring members;
-    do {
-        const Expression member = sum();
-        checkComparable(left, member);
-        members += (members.empty() ? L"" : L", ") + member.sql;
-    } while (reader_.acceptSymbol(L","));
-    if (!reader_.acceptSymbol(L")")) fail(kMissingOperator);
-    return {negate(L"(" + left.sql + L" IN (" + members + L"))", negated), Yield::number};
-}
-
-Expression ExpressionTranslator::nullTest(const Expression& left) {
-    const bool negated = reader_.acceptWord(L"NOT");
-    if (!reader_.acceptWord(L"NULL")) fail(L"Invalid use of Is operator");
-    return {L"(" + left.sql + (negated ? L" IS NOT NULL)" : L" IS NULL)"), Yield::number};
-}
-
-Expression ExpressionTranslator::sum() {
-    Expression left = product();
-    for (;;) {
-        if (reader_.acceptSymbol(L"&")) {
-            // Unlike +, & takes Null for an empty text.
-            left = {L"(ifnull(" + left.sql + L", '') || ifnull(" + product().sql + L", ''))", Yield::text};
-        } else if (reader_.isSymbol(L"+") || reader_.isSymbol(L"-")) {
-            const std::wstring symbol = reader_.next().text;
-            const Expression right = product();
-            const bool joinsTexts =
-                symbol == L"+" && (left.yield == Yield::text || right.yield == Yield::text);
-            left = {L"(" + left.sql + (joinsTexts ? L" || " : L" " + symbol + L" ") + right.sql + L")",
-                    joinsTexts ? Yield::text : Yield::number};
-        } else {
-            return left;
-        }
-    }
-}
-
-Expression ExpressionTranslator::product() {
+Expression ExpressionTranslator::joined() {
     Expression left = sign();
-    while (reader_.isSymbol(L"*") || reader_.isSymbol(L"/")) {
-        const bool divides = reader_.next().text == L"/";
-        // Division of whole numbers yields fractions in Jet.
-        left = {L"(" + left.sql + (divides ? L" * 1.0 / " : L" * ") + sign().sql + L")", Yield::number};
+    while (reader_.acceptSymbol(L"&")) {
+        // & takes Null for an empty text.
+        left = {L"(ifnull(" + left.sql + L", '') || ifnull(" + sign().sql + L", ''))", Yield::text};
     }
     return left;
 }
 
 Expression ExpressionTranslator::sign() {
     if (reader_.acceptSymbol(L"-")) return {L"(- " + primary().sql + L")", Yield::number};
-    reader_.acceptSymbol(L"+");
     return primary();
 }
 
@@ -224,7 +151,8 @@ Expression ExpressionTranslator::primary() {
         token.kind == TokenKind::bracketed || (token.kind == TokenKind::word && !isReserved(token.text));
     if (!isName) return literal();
     if (!reader_.isSymbol(L"(", 1)) return column();
-    return sameText(token.text, L"CHR") ? character() : aggregate();
+    if (!sameText(token.text, L"CHR")) raise(3085, token.text);
+    return character();
 }
 
 Expression ExpressionTranslator::literal() {
@@ -241,13 +169,6 @@ Expression ExpressionTranslator::literal() {
     if (token.kind == TokenKind::text) {
         reader_.next();
         return {textWithNames(token.text), Yield::text};
-    }
-    if (token.kind == TokenKind::date) {
-        bool valid = false;
-        const double date = parseDate(token.text, valid);
-        if (!valid) fail(L"Syntax error in date");
-        reader_.next();
-        return {reader_.bind(date), Yield::date};
     }
     if (isWord(L"NULL") || isWord(L"TRUE") || isWord(L"FALSE")) {
         reader_.next();
@@ -279,20 +200,6 @@ Expression ExpressionTranslator::character() {
     if (number < 0 || number > kLastAscii) fail(L"Invalid procedure call");
     if (!reader_.acceptSymbol(L")")) fail(kMissingOperator);
     return {reader_.bind(std::wstring(1, static_cast<wchar_t>(number))), Yield::text};
-}
-
-Expression ExpressionTranslator::aggregate() {
-    static constexpr std::array kFunctions{L"COUNT", L"MIN", L"MAX", L"SUM", L"AVG"};
-    const std::wstring name = reader_.next().text;
-    const bool known = std::any_of(kFunctions.begin(), kFunctions.end(),
-                                   [&](const wchar_t* function) { return sameText(function, name); });
-    if (!known) raise(3085, name);
-    reader_.next();
-    const bool counts = sameText(name, L"COUNT");
-    const Expression inner =
-        counts && reader_.acceptSymbol(L"*") ? Expression{L"*", Yield::number} : disjunction();
-    if (!reader_.acceptSymbol(L")")) fail(kMissingOperator);
-    return {foldCase(name) + L"(" + inner.sql + L")", counts ? Yield::number : inner.yield};
 }
 
 Expression ExpressionTranslator::column() {

@@ -14,7 +14,7 @@ struct Source {
 };
 
 /// What an expression yields, as far as it can be told without running it.
-enum class Yield { any, number, text, date };
+enum class Yield { any, number, text };
 
 struct Expression {
     std::wstring sql;
@@ -43,21 +43,16 @@ class ExpressionTranslator {
     Expression conjunction();
     Expression negation();
     Expression comparison();
-    Expression sum();
-    Expression product();
+    Expression joined();
     Expression sign();
     Expression primary();
 
-    Expression like(const Expression& left, bool negated);
-    Expression between(const Expression& left, bool negated);
-    Expression list(const Expression& left, bool negated);
-    Expression nullTest(const Expression& left);
+    Expression like(const Expression& left);
     Expression literal();
     /// Inside a literal a name between vertical bars stands for the value of that column.
     std::wstring textWithNames(const std::wstring& text);
     /// Chr(code), for ASCII.
     Expression character();
-    Expression aggregate();
     Expression find(const std::wstring& table, const std::wstring& name);
     void checkComparable(const Expression& left, const Expression& right) const;
     [[noreturn]] void fail(const std::wstring& message) const;

@@ -9,7 +9,7 @@
 
 namespace standin::dao {
 
-/// A column of a query's result. `table` and `column` are empty for a computed one.
+/// A column of a query's result.
 struct ResultField {
     std::wstring name;
     std::wstring table;
@@ -22,18 +22,12 @@ struct SelectPlan {
     std::vector<std::wstring> tables;
     std::vector<Cell> values;  ///< for rowsSql and keysSql
     std::wstring rowsSql;      ///< all rows with their fields
-    /// All rows as row numbers, one for each table; empty when rows cannot be told apart (Distinct, Count,
-    /// ...).
-    std::wstring keysSql;
-    std::wstring rowSql;  ///< the fields of the row with the row numbers ?1, ?2, ...
+    std::wstring keysSql;      ///< all rows as row numbers, one for each table
+    std::wstring rowSql;       ///< the fields of the row with the row numbers ?1, ?2, ...
 };
 
 bool isSelect(std::wstring_view sql);
 SelectPlan translateSelect(std::wstring_view sql, const Schema& schema);
 SelectPlan selectWholeTable(const Table& table);
-
-/// The same inside another statement (Insert Into ... Select): only rowsSql and the number of fields matter,
-/// values go to the reader.
-SelectPlan translateSelect(SqlReader& reader);
 
 }  // namespace standin::dao

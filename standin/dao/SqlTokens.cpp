@@ -29,9 +29,7 @@ class Tokenizer {
             } else if (c == L'"' || c == L'\'') {
                 quoted(c);
             } else if (c == L'[') {
-                enclosed(TokenKind::bracketed, L']');
-            } else if (c == L'#') {
-                enclosed(TokenKind::date, L'#');
+                bracketed();
             } else if (isDigit(c) || (c == L'.' && isDigit(peek(1)))) {
                 number();
             } else if (isNameStart(c)) {
@@ -69,12 +67,12 @@ class Tokenizer {
         add(TokenKind::broken, begin, std::move(text));
     }
 
-    void enclosed(TokenKind kind, wchar_t close) {
+    void bracketed() {
         const std::size_t begin = at_;
-        const std::size_t end = sql_.find(close, begin + 1);
+        const std::size_t end = sql_.find(L']', begin + 1);
         at_ = end == std::wstring_view::npos ? sql_.size() : end + 1;
         const bool closed = end != std::wstring_view::npos && end > begin + 1;
-        add(closed ? kind : TokenKind::broken, begin,
+        add(closed ? TokenKind::bracketed : TokenKind::broken, begin,
             closed ? std::wstring(sql_.substr(begin + 1, end - begin - 1)) : std::wstring());
     }
 

@@ -12,7 +12,6 @@ enum class TokenKind {
     bracketed,  ///< a name in [brackets]; never a keyword
     number,
     text,  ///< a literal in either kind of quotes, quotes removed and doubled ones single
-    date,  ///< what stands between two #
     symbol,
     broken,  ///< a literal or a bracket that is not closed, or a character that SQL has no use for
     end

@@ -10,26 +10,21 @@ constexpr int kDeepestTransaction = 5;
 
 }  // namespace
 
-Workspace::Workspace(Server& server, std::wstring name, std::wstring user, bool isDefault)
-    : DaoObject(server), name_(std::move(name)), user_(std::move(user)), isDefault_(isDefault) {}
+Workspace::Workspace(Server& server, std::wstring name, bool isDefault)
+    : DaoObject(server), name_(std::move(name)), isDefault_(isDefault) {}
 
 Workspace::~Workspace() = default;
 
 const MemberTable& Workspace::members() const {
     static const MemberTable table(
-        L"Workspace",
-        {
-            daoReadOnly<&Workspace::databases>(L"Databases", 0),
-            daoReadOnly<&Workspace::name>(L"Name", 1610743808),
-            daoReadOnly<&Workspace::userName>(L"UserName", 1610743810),
-            daoMethod<&Workspace::beginTrans>(L"BeginTrans", 1610809353),
-            daoMethod<&Workspace::commitTrans>(L"CommitTrans", 1610809354, 0, 1),
-            daoMethod<&Workspace::rollback>(L"Rollback", 1610809355),
-            daoMethod<&Workspace::close>(L"Close", 1610809356),
-            daoMethod<&Workspace::openDatabase>(L"OpenDatabase", 1610809358, 1, 4),
-            daoMethod<&Workspace::createDatabase>(L"CreateDatabase", 1610809359, 2, 3),
-        },
-        L"Databases");
+        L"Workspace", {
+                          daoMethod<&Workspace::beginTrans>(L"BeginTrans", 1610809353),
+                          daoMethod<&Workspace::commitTrans>(L"CommitTrans", 1610809354, 0, 1),
+                          daoMethod<&Workspace::rollback>(L"Rollback", 1610809355),
+                          daoMethod<&Workspace::close>(L"Close", 1610809356),
+                          daoMethod<&Workspace::openDatabase>(L"OpenDatabase", 1610809358, 1, 4),
+                          daoMethod<&Workspace::createDatabase>(L"CreateDatabase", 1610809359, 2, 3),
+                      });
     return table;
 }
 
@@ -56,10 +51,6 @@ Ref<IDispatch> Workspace::openDatabase(const Arguments& arguments) {
 
 Ref<IDispatch> Workspace::createDatabase(const Arguments& arguments) {
     return attach(arguments.text(0), Access::create);
-}
-
-Ref<IDispatch> Workspace::databases() {
-    return makeObject<Databases>(server(), Ref<Workspace>(this));
 }
 
 void Workspace::beginTrans() {
@@ -90,19 +81,6 @@ void Workspace::close() {
     for (Database* database : openDatabases()) database->release();
     level_ = 0;
     open_ = false;
-}
-
-const MemberTable& Databases::members() const {
-    static const MemberTable table(L"Databases", rows(), L"Item");
-    return table;
-}
-
-std::wstring Databases::nameOf(long index) {
-    return workspace_->openDatabases()[static_cast<std::size_t>(index)]->file().path();
-}
-
-Ref<IDispatch> Databases::element(long index) {
-    return Ref<IDispatch>(workspace_->openDatabases()[static_cast<std::size_t>(index)]);
 }
 
 }  // namespace standin::dao

@@ -12,7 +12,7 @@ namespace standin::dao {
 class Workspace : public DaoObject {
   public:
     /// The default workspace cannot be closed by clients.
-    Workspace(Server& server, std::wstring name, std::wstring user, bool isDefault);
+    Workspace(Server& server, std::wstring name, bool isDefault);
     ~Workspace() override;
 
     bool isOpen() const override { return open_; }
@@ -35,33 +35,14 @@ class Workspace : public DaoObject {
 
   private:
     Ref<IDispatch> attach(const std::wstring& name, Access access);
-    Ref<IDispatch> databases();
-    const std::wstring& userName() const { return user_; }
     void close();
     void raiseIfNoTransaction() const;
 
     std::wstring name_;
-    std::wstring user_;
     bool isDefault_;
     bool open_ = true;
     int level_ = 0;
     std::vector<Database*> databases_;
-};
-
-/// The databases that are open in a workspace.
-class Databases : public Collection {
-  public:
-    Databases(Server& server, Ref<Workspace> workspace)
-        : Collection(server), workspace_(std::move(workspace)) {}
-
-  protected:
-    const MemberTable& members() const override;
-    long size() override { return static_cast<long>(workspace_->openDatabases().size()); }
-    std::wstring nameOf(long index) override;
-    Ref<IDispatch> element(long index) override;
-
-  private:
-    Ref<Workspace> workspace_;
 };
 
 }  // namespace standin::dao

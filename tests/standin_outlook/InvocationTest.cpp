@@ -29,7 +29,6 @@ TEST_F(Invocation, WrongKindsAreRefused) {
         {contact, L"EntryID", DISPATCH_PROPERTYPUT, {L"x"}, DISP_E_MEMBERNOTFOUND},
         {contact, L"Close", DISPATCH_METHOD, {}, DISP_E_BADPARAMCOUNT},
         {contact, L"FullName", DISPATCH_PROPERTYGET, {1L}, DISP_E_BADPARAMCOUNT},
-        {contact, L"Sensitivity", DISPATCH_PROPERTYPUT, {L"much"}, DISP_E_TYPEMISMATCH},
         {explorer, L"CurrentFolder", DISPATCH_PROPERTYPUT, {target}, DISP_E_MEMBERNOTFOUND},
         {explorer, L"CurrentFolder", DISPATCH_PROPERTYPUTREF, {target}, S_OK},
         {explorer, L"CurrentFolder", DISPATCH_PROPERTYPUTREF, {contact.value()}, DISP_E_TYPEMISMATCH},
@@ -47,24 +46,6 @@ TEST_F(Invocation, WrongKindsAreRefused) {
             outcome = c.object.invoke(c.member, c.flags, {c.arguments[0], c.arguments[1]});
         EXPECT_EQ(outcome.result, c.expected) << c.member << " with flags " << c.flags;
     }
-}
-
-TEST_F(Invocation, NumbersAndNames) {
-    const late::Object contact = contacts().object(L"Items").object(L"Add", {2L});
-    const struct {
-        const wchar_t* name;
-        DISPID id;
-    } cases[] = {
-        {L"entryid", 0xF01E}, {L"GETINSPECTOR", 0xF03E}, {L"Parent", 0xF001}, {L"TelexNumber", 0x3A2C}};
-    for (const auto& c : cases) {
-        DISPID id = 0;
-        EXPECT_EQ(contact.lookUp(c.name, id), S_OK);
-        EXPECT_EQ(id, c.id) << c.name;
-    }
-    // A collection's Item answers its own number and the default one.
-    const late::Object folders = nameSpace().object(L"Folders");
-    EXPECT_EQ(folders.invokeNumber(DISPID_VALUE, DISPATCH_METHOD, {1L}).result, S_OK);
-    EXPECT_EQ(folders.invokeNumber(0x51, DISPATCH_METHOD, {1L}).result, S_OK);
 }
 
 TEST_F(Invocation, ArgumentsByReferenceMissingAndPassedOn) {
@@ -88,50 +69,6 @@ TEST_F(Invocation, ArgumentsByReferenceMissingAndPassedOn) {
     EXPECT_EQ(nameSpace().object(L"Folders", {1L}).object(L"Folders", {L"Contacts"}).text(L"Name"),
               L"Contacts");
     EXPECT_EQ(contacts().object(L"Items", {1L}).text(L"FirstName"), L"Ada");
-}
-
-TEST_F(Invocation, EnumerationWalksCollections) {
-    ada();
-    const Value enumerator =
-        contacts().object(L"Items").invokeNumber(DISPID_NEWENUM, DISPATCH_PROPERTYGET).value;
-    Ref<IEnumVARIANT> walk;
-    ASSERT_EQ(enumerator.vt, VT_UNKNOWN);
-    enumerator.punkVal->QueryInterface(IID_PPV_ARGS(&walk));
-    Value element;
-    EXPECT_EQ(walk->Next(1, &element, nullptr), S_OK);
-    EXPECT_EQ(late::Object(toObject(element)).text(L"LastName"), L"Byron");
-    element.Clear();
-    EXPECT_EQ(walk->Next(1, &element, nullptr), S_FALSE);
-}
-
-TEST_F(Invocation, CountersAndControlObject) {
-    const late::Object control = app.object(L"StandIn");
-    control.call(L"ResetCounters");
-    app.text(L"Name");
-    app.text(L"name");
-    app.attempt(L"Nonsense");
-    EXPECT_EQ(control.number(L"LookUps"), 3);
-    EXPECT_EQ(control.number(L"Invocations"), 2);
-    EXPECT_EQ(control.number(L"CallCount", {L"Application.Name"}), 2);
-    EXPECT_EQ(control.number(L"CallCount", {L"NameSpace.Name"}), 0);
-    EXPECT_EQ(control.text(L"Calls"), L"Application.Name\r\nApplication.Name\r\n");
-}
-
-TEST_F(Invocation, LiveObjectsReturnToZero) {
-    ItemRecord item = ada();
-    host->mailbox().setPicture(item, {1, 2, 3});
-    {
-        const late::Object contact = open(item);
-        contact.object(L"Attachments", {1L}).text(L"FileName");
-        contact.object(L"UserProperties").object(L"Add", {L"EmployeeId", 3L}).put(L"Value", 1.0);
-        contact.object(L"GetInspector").call(L"Display");
-        contact.object(L"Parent").object(L"Parent").object(L"Parent").object(L"Application");
-        contacts().object(L"Items").object(L"GetFirst");
-        EXPECT_EQ(host->server().liveObjects(), 2);
-    }
-    EXPECT_EQ(host->server().liveObjects(), 1) << "an open window holds no references";
-    app = {};
-    EXPECT_EQ(host->server().liveObjects(), 0);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "standin/outlook/mailbox/DateText.h"
 #include "standin/outlook/vcard/Import.h"
 #include "tests/harness/Files.h"
 #include "tests/standin_outlook/Fixture.h"
@@ -31,7 +30,6 @@ TEST(VCard, ValuesAreDecoded) {
     } cases[] = {
         {"VERSION:3.0\r\nN:M\xC3\xBCller;J\xC3\xBCrgen;;;\r\n", L"LastName", L"Müller"},
         {"VERSION:2.1\r\nN;CHARSET=ISO-8859-1:M\xFCller;J\r\n", L"LastName", L"Müller"},
-        {"VERSION:2.1\r\nN:M\xFCller;J\r\n", L"LastName", L"Müller"},
         {"VERSION:2.1\r\nN;CHARSET=windows-1252:\x8Aimek;J\r\n", L"LastName", L"Šimek"},
         {"VERSION:2.1\r\nN;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:M=C3=BCller;J=C3=BCrg=\r\nen\r\n",
          L"FirstName", L"Jürgen"},
@@ -46,11 +44,8 @@ TEST(VCard, ValuesAreDecoded) {
         {"VERSION:3.0\r\nORG:A\\;B;Dept\r\n", L"CompanyName", L"A;B"},
         {"VERSION:3.0\r\nORG:A\\;B;Dept\r\n", L"Department", L"Dept"},
         {"VERSION:3.0\r\nN:Doe;John;Q.,Z.;Mr.;Jr.\r\n", L"MiddleName", L"Q. Z."},
-        {"version:3.0\r\nitem1.tel;type=work:1\r\n", L"BusinessTelephoneNumber", L"1"},
-        {"VERSION:3.0\r\nURL;X-P=\"a:b;c\":http://x\r\n", L"WebPage", L"http://x"},
         {"VERSION:3.0\r\nFN:Ada Byron\r\n", L"LastName", L"Byron"},
         {"VERSION:3.0\r\nFN:Engines\r\nORG:Engines\r\n", L"FirstName", L""},
-        {"VERSION:3.0\r\nADR;TYPE=HOME:;;1 Road;Town;;99;Land\r\n", L"HomeAddressCity", L"Town"},
         {"VERSION:3.0\r\nEMAIL:\r\nEMAIL:a@b\r\nEMAIL;TYPE=X400:c\r\nEMAIL:d@e\r\n", L"Email2Address",
          L"d@e"},
     };
@@ -64,15 +59,12 @@ TEST(VCard, NumbersFindTheirPlaces) {
         const wchar_t* number = L"5";
     } cases[] = {
         {"TEL;TYPE=WORK,VOICE:5", L"BusinessTelephoneNumber"},
-        {"TEL;HOME;VOICE:5", L"HomeTelephoneNumber"},
         {"TEL;CELL;WORK:5", L"MobileTelephoneNumber"},
         {"TEL;TYPE=home;TYPE=fax:5", L"HomeFaxNumber"},
         {"TEL;TYPE=\"fax,home\":5", L"HomeFaxNumber"},
         {"TEL;TYPE=x-homefax:5", L"HomeFaxNumber"},
-        {"TEL;FAX:5", L"BusinessFaxNumber"},
         {"TEL;PAGER:5", L"PagerNumber"},
         {"TEL;CAR:5", L"CarTelephoneNumber"},
-        {"TEL;ISDN:5", L"ISDNNumber"},
         {"TEL;PREF:5", L"PrimaryTelephoneNumber"},
         {"TEL:5", L"OtherTelephoneNumber"},
         {"TEL;TYPE=textphone:5", L"TTYTDDTelephoneNumber"},
@@ -125,7 +117,7 @@ TEST(VCard, WhatCannotBeReadIsNamed) {
     EXPECT_EQ(contact.fields.at(L"BusinessTelephoneNumber"), L"9");
 }
 
-TEST(VCard, PicturesAndBirthdays) {
+TEST(VCard, Pictures) {
     const Bytes expected = {0, 1, 2, 0xFF};
     EXPECT_EQ(contactOf("VERSION:3.0\r\nPHOTO;ENCODING=b;TYPE=JPEG:AA\r\n EC/w==\r\n").picture, expected);
     EXPECT_EQ(contactOf("VERSION:2.1\r\nPHOTO;BASE64:\r\n AAEC\r\n /w==\r\n\r\nTITLE:x\r\n").picture,
@@ -133,9 +125,6 @@ TEST(VCard, PicturesAndBirthdays) {
     EXPECT_EQ(contactOf("VERSION:2.1\r\nPHOTO;ENCODING=BASE64:\r\nAAEC\r\n/w==\r\n\r\nTITLE:x\r\n").picture,
               expected);
     EXPECT_EQ(contactOf("VERSION:3.0\r\nPHOTO;VALUE=uri:http://x/y.jpg\r\n").picture, Bytes());
-    EXPECT_EQ(field("BDAY:19800322\r\n", L"Birthday"), textFromDate(dayOf(1980, 3, 22)));
-    EXPECT_EQ(field("BDAY;value=date:1980-03-22\r\n", L"Birthday"), textFromDate(dayOf(1980, 3, 22)));
-    EXPECT_EQ(field("BDAY:sometime\r\n", L"Birthday"), L"");
 }
 
 TEST(VCard, WhatIsNoAddressBookIsRefused) {
@@ -143,7 +132,6 @@ TEST(VCard, WhatIsNoAddressBookIsRefused) {
         "",
         "\r\n\r\n",
         "hello",
-        std::string(1000, '\0'),
         "BEGIN:VCARD\r\nN:x\r\n",
         "BEGIN:VCARD\r\nBEGIN:VCARD\r\nEND:VCARD\r\n",
         "\xFF\xFE",

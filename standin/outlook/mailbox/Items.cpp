@@ -11,17 +11,6 @@ std::vector<RowId> Mailbox::items(RowId folder) {
     return ids;
 }
 
-std::vector<RowId> Mailbox::itemsSorted(RowId folder, std::wstring_view field, bool descending) {
-    std::vector<RowId> ids;
-    const std::string sql =
-        "SELECT i.id FROM items i LEFT JOIN fields f ON f.item = i.id AND f.name = ? COLLATE NOCASE "
-        "WHERE i.folder = ? ORDER BY f.value COLLATE NOCASE";
-    Query query(database_, sql + (descending ? " DESC, i.id" : ", i.id"));
-    query.bind(field).bind(folder);
-    while (query.next()) ids.push_back(query.number(0));
-    return ids;
-}
-
 std::optional<ItemRecord> Mailbox::item(RowId id) {
     Query query(database_, "SELECT folder, type, hasParts FROM items WHERE id = ?");
     if (!query.bind(id).next()) return {};

@@ -50,8 +50,6 @@ class Mailbox {
 
     // Items
     std::vector<RowId> items(RowId folder);
-    // In the order of a field's text.
-    std::vector<RowId> itemsSorted(RowId folder, std::wstring_view field, bool descending);
     std::optional<ItemRecord> item(RowId id);
     // Inserts or updates; a new item gets its id. False when the item has been erased meanwhile.
     bool save(ItemRecord& item);

@@ -33,7 +33,6 @@ const MemberTable& Application::members() const {
                                        method<&Self::activeInspector>(L"ActiveInspector", 0x112),
                                        method<&Self::getNamespace>(L"GetNamespace", 0x110, 1),
                                        method<&Self::createItem>(L"CreateItem", 0x10A, 1),
-                                       readOnly<&Self::explorers>(L"Explorers", 0x119),
                                        readOnly<&Self::inspectors>(L"Inspectors", 0x11A),
                                        method<&Self::quit>(L"Quit", 0x113),
                                        controlMember<&Self::standIn>(),
@@ -64,10 +63,6 @@ Ref<Object> Application::getNamespace(const Arguments& arguments) {
 
 Ref<Object> Application::createItem(const Arguments& arguments) {
     return newItem(sharedSession(), static_cast<ItemType>(arguments.number(0)), 0);
-}
-
-Ref<Object> Application::explorers() {
-    return makeOf<Explorers>(*this);
 }
 
 Ref<Object> Application::inspectors() {

@@ -27,7 +27,6 @@ class Application final : public OutlookObject {
     Ref<Object> activeInspector();
     Ref<Object> getNamespace(const Arguments& arguments);
     Ref<Object> createItem(const Arguments& arguments);
-    Ref<Object> explorers();
     Ref<Object> inspectors();
     void quit() { server().quit(); }
     Ref<ControlObject> standIn() { return makeObject<ControlObject>(server()); }

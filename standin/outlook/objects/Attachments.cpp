@@ -69,7 +69,6 @@ const MemberTable& AttachmentObject::members() const {
         {
             readOnly<&Self::application>(L"Application", 0xF000),
             readOnly<&Self::objectClass>(L"Class", 0xF00A),
-            readOnly<&Self::nameSpace>(L"Session", 0xF00B),
             readOnly<&Self::parentMember>(L"Parent", 0x71),
             property<&Self::displayName, &Self::setDisplayName>(L"DisplayName", 0x3001),
             readOnly<&Self::fileName>(L"FileName", 0x3704),

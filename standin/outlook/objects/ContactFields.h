@@ -45,29 +45,8 @@ inline constexpr FieldName kEmails[] = {
 };
 
 inline constexpr FieldName kTextFields[] = {
-    {L"Department", 0x3A18},
-    {L"JobTitle", 0x3A17},
-    {L"NickName", 0x3A4F},
-    {L"Profession", 0x3A46},
-    {L"ManagerName", 0x3A4E},
-    {L"AssistantName", 0x3A30},
-    {L"Spouse", 0x3A48},
-    {L"WebPage", 0x802B},
-    {L"BusinessAddressStreet", 0x8045},
-    {L"BusinessAddressCity", 0x8046},
-    {L"BusinessAddressState", 0x8047},
-    {L"BusinessAddressPostalCode", 0x8048},
-    {L"BusinessAddressCountry", 0x8049},
-    {L"HomeAddressStreet", 0x3A5D},
-    {L"HomeAddressCity", 0x3A59},
-    {L"HomeAddressState", 0x3A5C},
-    {L"HomeAddressPostalCode", 0x3A5B},
-    {L"HomeAddressCountry", 0x3A5A},
-    {L"OtherAddressStreet", 0x3A63},
-    {L"OtherAddressCity", 0x3A5F},
-    {L"OtherAddressState", 0x3A62},
-    {L"OtherAddressPostalCode", 0x3A61},
-    {L"OtherAddressCountry", 0x3A60},
+    {L"Department", 0x3A18},  {L"JobTitle", 0x3A17},      {L"NickName", 0x3A4F}, {L"Profession", 0x3A46},
+    {L"ManagerName", 0x3A4E}, {L"AssistantName", 0x3A30}, {L"Spouse", 0x3A48},   {L"WebPage", 0x802B},
 };
 
 }  // namespace standin::outlook

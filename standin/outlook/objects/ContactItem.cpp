@@ -12,8 +12,6 @@ namespace standin::outlook {
 namespace {
 
 constexpr DISPID kHasPicture = 0xFABF;
-constexpr DISPID kAddPicture = 0xFABD;
-constexpr DISPID kRemovePicture = 0xFABE;
 constexpr long kFirstVersionWithPictures = 11;
 
 }  // namespace
@@ -28,8 +26,6 @@ const MemberTable& ContactItem::members() const {
             property<&Self::subject, &Self::setTextField>(L"Subject", 0x37),
             property<&Self::birthday, &Self::setBirthday>(L"Birthday", 0x3A42),
             readOnly<&Self::hasPicture>(L"HasPicture", kHasPicture),
-            method<&Self::addPicture>(L"AddPicture", kAddPicture, 1),
-            method<&Self::removePicture>(L"RemovePicture", kRemovePicture),
         };
         for (const FieldName& field : kNameParts) {
             rows.push_back(property<&Self::textField, &Self::setNamePart>(field.name, field.id));
@@ -49,7 +45,7 @@ const MemberTable& ContactItem::members() const {
 }
 
 bool ContactItem::offers(const Member& member) const {
-    if (member.id != kHasPicture && member.id != kAddPicture && member.id != kRemovePicture) return true;
+    if (member.id != kHasPicture) return true;
     const std::wstring version = server().option(L"Version");
     return version.empty() || std::wcstol(version.c_str(), nullptr, 10) >= kFirstVersionWithPictures;
 }
@@ -104,27 +100,13 @@ bool ContactItem::hasPicture() const {
                                [](const Attachment& a) { return sameText(a.fileName, kPictureName); });
 }
 
-void ContactItem::addPicture(const Arguments& arguments) {
-    Bytes image = readFile(server(), arguments.text(0));
-    removePicture();
-    record().attachments.push_back({kPictureName, kPictureName, std::move(image)});
-}
-
-void ContactItem::removePicture() {
-    std::erase_if(record().attachments,
-                  [](const Attachment& a) { return sameText(a.fileName, kPictureName); });
-    touch();
-}
-
 const MemberTable& DistListItem::members() const {
     using Self = DistListItem;
     static const MemberTable table(L"DistListItem",
                                    {
-                                       property<&Self::textField, &Self::setTextField>(L"DLName", 0x8053),
                                        property<&Self::textField, &Self::setTextField>(L"Subject", 0x37),
-                                       readOnly<&Self::memberCount>(L"MemberCount", 0x804B),
                                    },
-                                   L"DLName", &itemMembers());
+                                   L"Subject", &itemMembers());
     return table;
 }
 

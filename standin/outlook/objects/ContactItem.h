@@ -15,7 +15,6 @@ class ContactItem final : public Item {
     bool offers(const Member& member) const override;
 
   private:
-    const wchar_t* messageClass() const override { return L"IPM.Contact"; }
     void beforeSave() override;
 
     void setNamePart(const Arguments& arguments);
@@ -27,8 +26,6 @@ class ContactItem final : public Item {
     Date birthday() const;
     void setBirthday(Date date);
     bool hasPicture() const;
-    void addPicture(const Arguments& arguments);
-    void removePicture();
 };
 
 class DistListItem final : public Item {
@@ -40,8 +37,6 @@ class DistListItem final : public Item {
     const MemberTable& members() const override;
 
   private:
-    const wchar_t* messageClass() const override { return L"IPM.DistList"; }
-    long memberCount() const { return 0; }
 };
 
 }  // namespace standin::outlook

@@ -110,11 +110,6 @@ const MemberTable& FolderList::members() const {
                                        readOnly<&Self::count>(L"Count", 0x50),
                                        method<&Self::item>(L"Item", 0x51, 1),
                                        method<&Self::add>(L"Add", 0x5F, 1, 2),
-                                       method<&Self::remove>(L"Remove", 0x54, 1),
-                                       method<&Self::getFirst>(L"GetFirst", 0x56),
-                                       method<&Self::getLast>(L"GetLast", 0x58),
-                                       method<&Self::getNext>(L"GetNext", 0x57),
-                                       method<&Self::getPrevious>(L"GetPrevious", 0x59),
                                        readOnly<&Self::newEnum>(L"_NewEnum", DISPID_NEWENUM),
                                    },
                                    L"Item", &commonMembers());
@@ -163,18 +158,6 @@ Ref<Object> FolderList::add(const Arguments& arguments) {
     if (name.empty()) throw badParameter(server());
     if (mailbox().findFolder(parent_, name)) throw nameTaken(server());
     return makeOf<Folder>(*this, mailbox().addFolder(parent_, name, type).id);
-}
-
-void FolderList::remove(const Arguments& arguments) {
-    const std::vector<FolderRecord> all = records();
-    const long position = arguments.number(0);
-    if (position < 1 || position > static_cast<long>(all.size())) throw outOfBounds(server());
-    deleteFolder(session(), all[static_cast<std::size_t>(position) - 1]);
-}
-
-Ref<Object> FolderList::step(long position) {
-    position_ = std::clamp(position, 0L, count() + 1);
-    return position_ >= 1 && position_ <= count() ? at(position_) : Ref<Object>();
 }
 
 Ref<IEnumVARIANT> FolderList::newEnum() {

@@ -49,16 +49,9 @@ class FolderList final : public OutlookObject {
     long count() const { return static_cast<long>(records().size()); }
     Ref<Object> item(const Arguments& arguments);
     Ref<Object> add(const Arguments& arguments);
-    void remove(const Arguments& arguments);
-    Ref<Object> getFirst() { return step(1); }
-    Ref<Object> getNext() { return step(position_ + 1); }
-    Ref<Object> getLast() { return step(count()); }
-    Ref<Object> getPrevious() { return step(position_ - 1); }
-    Ref<Object> step(long position);
     Ref<IEnumVARIANT> newEnum();
 
     RowId parent_;
-    long position_ = 0;
 };
 
 bool isSpecialFolder(SpecialFolder special);

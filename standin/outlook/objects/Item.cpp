@@ -25,13 +25,10 @@ const MemberTable& Item::itemMembers() {
         L"Item",
         {
             readOnly<&Self::entryId>(L"EntryID", 0xF01E),
-            readOnly<&Self::messageClassMember>(L"MessageClass", 0x1A),
-            readOnly<&Self::saved>(L"Saved", 0xF0A3),
             readOnly<&Self::attachments>(L"Attachments", 0xF815),
             readOnly<&Self::userProperties>(L"UserProperties", 0xF816),
             readOnly<&Self::getInspector>(L"GetInspector", 0xF03E),
             property<&Self::sensitivity, &Self::setSensitivity>(L"Sensitivity", 0x36),
-            property<&Self::importance, &Self::setImportance>(L"Importance", 0x17),
             property<&Self::textField, &Self::setTextField>(L"BillingInformation", 0x8535),
             property<&Self::textField, &Self::setTextField>(L"Categories", 0x9001),
             property<&Self::guardedField, &Self::setTextField>(L"Body", 0x9100),
@@ -39,8 +36,6 @@ const MemberTable& Item::itemMembers() {
             method<&Self::close>(L"Close", 0xF023, 1),
             method<&Self::display>(L"Display", 0xF0A6, 0, 1),
             method<&Self::remove>(L"Delete", 0xF04A),
-            method<&Self::move>(L"Move", 0xF034, 1),
-            method<&Self::copy>(L"Copy", 0xF032),
         },
         nullptr, &commonMembers());
     return table;
@@ -69,20 +64,14 @@ std::wstring Item::guardedField(const Arguments& arguments) {
     return textField(arguments);
 }
 
-long Item::numberField(std::wstring_view name, long whenMissing) const {
-    const std::wstring text = record().field(name);
-    return text.empty() ? whenMissing : std::stol(text);
+long Item::sensitivity() const {
+    const std::wstring text = record().field(L"Sensitivity");
+    return text.empty() ? 0 : std::stol(text);
 }
 
 void Item::setSensitivity(long value) {
     if (value < 0 || value > 3) throw badParameter(server());
     record().fields[L"Sensitivity"] = std::to_wstring(value);
-    touch();
-}
-
-void Item::setImportance(long value) {
-    if (value < 0 || value > 2) throw badParameter(server());
-    record().fields[L"Importance"] = std::to_wstring(value);
     touch();
 }
 
@@ -113,25 +102,6 @@ void Item::save() {
 
 void Item::remove() {
     deleteItem(session(), *state_);
-}
-
-Ref<Object> Item::move(const Arguments& arguments) {
-    const Ref<Object> target = Object::from(toObject(arguments[0]).Get());
-    const auto* folder = dynamic_cast<Folder*>(target.Get());
-    if (!folder) throw Error::plain(DISP_E_TYPEMISMATCH);
-    save();
-    const RowId moved = mailbox().moveItem(record().id, folder->row());
-    state_->gone = moved != record().id;
-    record().folder = folder->row();
-    return openItem(sharedSession(), moved);
-}
-
-Ref<Object> Item::copy() {
-    auto twin = std::make_shared<ItemState>();
-    twin->record = record();
-    twin->record.id = 0;
-    saveItem(session(), *twin);
-    return wrapItem(sharedSession(), std::move(twin));
 }
 
 Ref<Object> wrapItem(const std::shared_ptr<Session>& session, std::shared_ptr<ItemState> state) {

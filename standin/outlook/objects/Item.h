@@ -34,24 +34,16 @@ class Item : public OutlookObject {
     void remove();
 
   private:
-    virtual const wchar_t* messageClass() const = 0;
     virtual void beforeSave() {}
 
     std::wstring entryId() const { return mailbox().entryId(record()); }
-    std::wstring messageClassMember() const { return messageClass(); }
-    long sensitivity() const { return numberField(L"Sensitivity", 0); }
+    long sensitivity() const;
     void setSensitivity(long value);
-    long importance() const { return numberField(L"Importance", 1); }
-    void setImportance(long value);
-    long numberField(std::wstring_view name, long whenMissing) const;
-    bool saved() const { return !state_->changed; }
     Ref<Object> attachments();
     Ref<Object> userProperties();
     Ref<Object> getInspector();
     void display(const Arguments&);
     void close(const Arguments& arguments);
-    Ref<Object> move(const Arguments& arguments);
-    Ref<Object> copy();
 
     std::shared_ptr<ItemState> state_;
 };

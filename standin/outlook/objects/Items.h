@@ -21,21 +21,11 @@ class Items final : public OutlookObject {
     long count() { return static_cast<long>(rows().size()); }
     Ref<Object> item(const Arguments& arguments);
     Ref<Object> add(const Arguments& arguments);
-    void remove(const Arguments& arguments);
-    void sort(const Arguments& arguments);
-    Ref<Object> getFirst() { return step(1); }
-    Ref<Object> getNext() { return step(position_ + 1); }
-    Ref<Object> getLast() { return step(count()); }
-    Ref<Object> getPrevious() { return step(position_ - 1); }
-    Ref<Object> step(long position);
     Ref<IEnumVARIANT> newEnum();
 
     RowId folder_;
     std::vector<RowId> rows_;
     long version_ = -1;
-    std::wstring sortField_;
-    bool descending_ = false;
-    long position_ = 0;
 };
 
 }  // namespace standin::outlook

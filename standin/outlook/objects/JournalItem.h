@@ -13,8 +13,6 @@ class JournalItem final : public Item {
     const MemberTable& members() const override;
 
   private:
-    const wchar_t* messageClass() const override { return L"IPM.Activity"; }
-
     Date start() const;
     void setStart(Date date);
     Date end() const;

@@ -13,7 +13,6 @@ const MemberTable& MailItem::members() const {
                                    {
                                        property<&Self::textField, &Self::setTextField>(L"Subject", 0x37),
                                        readOnly<&Self::recipients>(L"Recipients", 0xF814),
-                                       readOnly<&Self::sent>(L"Sent", 0xF402),
                                        method<&Self::send>(L"Send", 0xF075),
                                    },
                                    L"Subject", &itemMembers());
@@ -31,7 +30,6 @@ void MailItem::send() {
     const auto known = [this](const Recipient& recipient) { return isResolvable(mailbox(), recipient.name); };
     if (all.empty() || !std::ranges::all_of(all, known)) throw unknownRecipients(server());
     const RowId destination = mailbox().specialFolder(SpecialFolder::SentMail).id;
-    record().fields[L"Sent"] = L"1";
     if (record().id == 0) record().folder = destination;
     saveItem(session(), *state());
     mailbox().moveItem(record().id, destination);

@@ -13,10 +13,7 @@ class MailItem final : public Item {
     const MemberTable& members() const override;
 
   private:
-    const wchar_t* messageClass() const override { return L"IPM.Note"; }
-
     Ref<Object> recipients();
-    bool sent() const { return record().field(L"Sent") == L"1"; }
     // Leaves the mail in Sent Items; every reference to the item is dead then.
     void send();
 };

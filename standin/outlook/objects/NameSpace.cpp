@@ -15,8 +15,6 @@ const MemberTable& NameSpace::members() const {
                                        method<&Self::getDefaultFolder>(L"GetDefaultFolder", 0x210B, 1),
                                        method<&Self::getFolderFromId>(L"GetFolderFromID", 0x2108, 1, 2),
                                        method<&Self::getItemFromId>(L"GetItemFromID", 0x2109, 1, 2),
-                                       method<&Self::logon>(L"Logon", 0x210C, 0, 4),
-                                       method<&Self::logoff>(L"Logoff", 0x210D),
                                    },
                                    nullptr, &commonMembers());
     return table;

@@ -20,9 +20,6 @@ class NameSpace final : public OutlookObject {
     Ref<Object> getDefaultFolder(const Arguments& arguments);
     Ref<Object> getFolderFromId(const Arguments& arguments);
     Ref<Object> getItemFromId(const Arguments& arguments);
-    // A profile is always logged on.
-    void logon(const Arguments&) {}
-    void logoff() {}
 
     // The row that the arguments "EntryID, [StoreID]" name; throws as Outlook does when they cannot name one.
     // Whether an item is still there shows when it is opened.

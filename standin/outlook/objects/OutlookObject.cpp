@@ -13,7 +13,6 @@ const MemberTable& OutlookObject::commonMembers() {
     static const MemberTable table(L"Object", {
                                                   readOnly<&Self::application>(L"Application", 0xF000),
                                                   readOnly<&Self::objectClass>(L"Class", 0xF00A),
-                                                  readOnly<&Self::nameSpace>(L"Session", 0xF00B),
                                                   readOnly<&Self::parentMember>(L"Parent", 0xF001),
                                               });
     return table;

@@ -22,12 +22,11 @@ enum class ObjectClass : long {
     Contact = 40,
     Journal = 42,
     Mail = 43,
-    Explorers = 60,
     Inspectors = 61,
     DistributionList = 69
 };
 
-// What every object of the model has: Application, Class, Session, Parent.
+// What every object of the model has: Application, Class, Parent.
 class OutlookObject : public Object {
   public:
     Session& session() const noexcept { return *session_; }

@@ -22,8 +22,6 @@ const MemberTable& Recipients::members() const {
                                        readOnly<&Self::count>(L"Count", 0x50),
                                        method<&Self::item>(L"Item", 0x51, 1),
                                        method<&Self::add>(L"Add", 0x6F, 1),
-                                       method<&Self::remove>(L"Remove", 0x54, 1),
-                                       method<&Self::resolveAll>(L"ResolveAll", 0x7E),
                                    },
                                    L"Item", &commonMembers());
     return table;
@@ -48,17 +46,6 @@ Ref<Object> Recipients::add(const Arguments& arguments) {
     return makeOf<RecipientObject>(*this, mail_, entries.size() - 1);
 }
 
-void Recipients::remove(const Arguments& arguments) {
-    auto& entries = mail_->record().recipients;
-    entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(indexFrom(arguments)));
-    mail_->touch();
-}
-
-bool Recipients::resolveAll() {
-    return std::ranges::all_of(mail_->record().recipients,
-                               [this](const Recipient& r) { return isResolvable(mailbox(), r.name); });
-}
-
 const MemberTable& RecipientObject::members() const {
     using Self = RecipientObject;
     // Parent has a number of its own here, so the common members are not inherited.
@@ -66,13 +53,10 @@ const MemberTable& RecipientObject::members() const {
                                    {
                                        readOnly<&Self::application>(L"Application", 0xF000),
                                        readOnly<&Self::objectClass>(L"Class", 0xF00A),
-                                       readOnly<&Self::nameSpace>(L"Session", 0xF00B),
                                        readOnly<&Self::parentMember>(L"Parent", 0x6D),
                                        readOnly<&Self::name>(L"Name", 0x3001),
                                        readOnly<&Self::name>(L"Address", 0x3003),
                                        property<&Self::type, &Self::setType>(L"Type", 0xC15),
-                                       readOnly<&Self::resolve>(L"Resolved", 0x64),
-                                       method<&Self::resolve>(L"Resolve", 0x71),
                                    },
                                    L"Name");
     return table;

@@ -22,8 +22,6 @@ class Recipients final : public OutlookObject {
     long count() const { return static_cast<long>(mail_->record().recipients.size()); }
     Ref<Object> item(const Arguments& arguments);
     Ref<Object> add(const Arguments& arguments);
-    void remove(const Arguments& arguments);
-    bool resolveAll();
     // 0-based; throws when the argument is out of range.
     std::size_t indexFrom(const Arguments& arguments) const;
 
@@ -45,7 +43,6 @@ class RecipientObject final : public OutlookObject {
     std::wstring name() const { return entry().name; }
     long type() const { return entry().type; }
     void setType(long type);
-    bool resolve() { return isResolvable(mailbox(), entry().name); }
 
     Ref<Item> mail_;
     std::size_t index_;

@@ -12,9 +12,7 @@ const MemberTable& Explorer::members() const {
         L"Explorer",
         {
             reference<&Self::currentFolder, &Self::setCurrentFolder>(L"CurrentFolder", 0x2101),
-            readOnly<&Self::caption>(L"Caption", 0x2111),
             method<&Self::display>(L"Display", 0x2104),
-            method<&Self::display>(L"Activate", 0x2113),
             method<&Self::close>(L"Close", 0x2103),
         },
         nullptr, &commonMembers());
@@ -30,11 +28,6 @@ void Explorer::setCurrentFolder(const Ref<IDispatch>& folder) {
     const auto* chosen = dynamic_cast<Folder*>(object.Get());
     if (!chosen) throw Error::plain(DISP_E_TYPEMISMATCH);
     window_->folder = chosen->row();
-}
-
-std::wstring Explorer::caption() const {
-    const std::optional<FolderRecord> folder = mailbox().folder(window_->folder);
-    return (folder ? folder->name + L" - " : L"") + L"Microsoft Outlook";
 }
 
 const MemberTable& Inspector::members() const {
@@ -57,29 +50,6 @@ void Inspector::close(const Arguments& arguments) {
     closeItem(session(), window_->item, static_cast<CloseMode>(arguments.number(0)));
 }
 
-namespace {
-
-template <class List>
-auto& windowAt(Server& server, const List& windows, const Arguments& arguments) {
-    const long position = arguments.number(0);
-    if (position < 1 || position > static_cast<long>(windows.size())) throw outOfBounds(server);
-    return windows[static_cast<std::size_t>(position) - 1];
-}
-
-}  // namespace
-
-const MemberTable& Explorers::members() const {
-    static const MemberTable table(
-        L"Explorers",
-        {readOnly<&Explorers::count>(L"Count", 0x50), method<&Explorers::item>(L"Item", 0x51, 1)}, L"Item",
-        &commonMembers());
-    return table;
-}
-
-Ref<Object> Explorers::item(const Arguments& arguments) {
-    return makeOf<Explorer>(*this, windowAt(server(), session().explorers(), arguments));
-}
-
 const MemberTable& Inspectors::members() const {
     static const MemberTable table(
         L"Inspectors",
@@ -89,7 +59,10 @@ const MemberTable& Inspectors::members() const {
 }
 
 Ref<Object> Inspectors::item(const Arguments& arguments) {
-    return makeOf<Inspector>(*this, windowAt(server(), session().inspectors(), arguments));
+    const auto& windows = session().inspectors();
+    const long position = arguments.number(0);
+    if (position < 1 || position > static_cast<long>(windows.size())) throw outOfBounds(server());
+    return makeOf<Inspector>(*this, windows[static_cast<std::size_t>(position) - 1]);
 }
 
 }  // namespace standin::outlook

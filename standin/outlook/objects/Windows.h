@@ -17,7 +17,6 @@ class Explorer final : public OutlookObject {
   private:
     Ref<Object> currentFolder();
     void setCurrentFolder(const Ref<IDispatch>& folder);
-    std::wstring caption() const;
     void display() { session().show(window_); }
     void close() { session().close(*window_); }
 
@@ -42,21 +41,7 @@ class Inspector final : public OutlookObject {
     std::shared_ptr<InspectorWindow> window_;
 };
 
-// The open folder windows and item windows.
-class Explorers final : public OutlookObject {
-  public:
-    explicit Explorers(std::shared_ptr<Session> session)
-        : OutlookObject(std::move(session), ObjectClass::Explorers) {}
-
-  protected:
-    const MemberTable& members() const override;
-    Ref<Object> parent() override { return application(); }
-
-  private:
-    long count() const { return static_cast<long>(session().explorers().size()); }
-    Ref<Object> item(const Arguments& arguments);
-};
-
+// The open item windows.
 class Inspectors final : public OutlookObject {
   public:
     explicit Inspectors(std::shared_ptr<Session> session)

@@ -36,7 +36,7 @@ void setParts(Fields& fields, const std::vector<std::wstring>& parts,
     auto part = parts.begin();
     for (const wchar_t* name : names) {
         if (part == parts.end()) return;
-        if (name) set(fields, name, *part);
+        set(fields, name, *part);
         ++part;
     }
 }
@@ -65,21 +65,6 @@ void setEmails(const Card& card, ImportedContact& contact) {
             contact.leftOut.push_back(L"no place for " + address);
         else
             contact.fields[L"Email" + std::to_wstring(slot++) + L"Address"] = address;
-    }
-}
-
-void setAddresses(const Card& card, Fields& fields) {
-    for (const Property& property : card.properties) {
-        if (property.name != "ADR") continue;
-        const std::wstring prefix = property.has("HOME")   ? L"Home"
-                                    : property.has("WORK") ? L"Business"
-                                                           : L"Other";
-        const std::vector<std::wstring> parts = card.parts(property);
-        const wchar_t* const names[] = {nullptr,  nullptr,       L"Street", L"City",
-                                        L"State", L"PostalCode", L"Country"};
-        for (std::size_t i = 2; i < parts.size() && i < std::size(names); ++i) {
-            set(fields, prefix + L"Address" + names[i], parts[i]);
-        }
     }
 }
 
@@ -118,7 +103,6 @@ ImportedContact contactFrom(const Card& card) {
     for (const std::wstring& number : placeTelephones(card, fields))
         contact.leftOut.push_back(L"no place for " + number);
     setEmails(card, contact);
-    setAddresses(card, fields);
     setBirthday(card, fields);
     for (const SimpleField& simple : kSimpleFields) {
         if (const Property* property = card.find(simple.property))
