@@ -117,14 +117,5 @@ TEST_F(Identity, AnotherProcessMayChangeTheFile) {
     EXPECT_EQ(items.number(L"Count"), 0);
 }
 
-TEST_F(Identity, AFileThatIsNoMailboxIsRefused) {
-    const std::wstring path = folder.file(L"garbage.db");
-    FILE* file = _wfopen(path.c_str(), L"wb");
-    for (int i = 0; i < 1000; ++i) fputs("no mailbox ", file);
-    fclose(file);
-    EXPECT_THROW(Mailbox{path}, DatabaseError);
-    EXPECT_THROW(Mailbox{folder.file(L"nowhere\\mailbox.db")}, DatabaseError);
-}
-
 }  // namespace
 }  // namespace standin::outlook

@@ -1,5 +1,4 @@
 // The items' own rules.
-#include "standin/outlook/mailbox/DateText.h"
 #include "tests/standin_outlook/Fixture.h"
 
 namespace standin::outlook {
@@ -65,24 +64,6 @@ TEST_F(ItemRules, UserPropertiesKeepTheirType) {
     EXPECT_EQ(late::numberOf(id.attemptPut(L"Value", L"seven")), E_INVALIDARG);
     EXPECT_EQ(properties.object(L"Add", {L"employeeid", 3L}).get(L"Value"), Value(7.0)) << "the existing one";
     EXPECT_EQ(late::numberOf(properties.attempt(L"Add", {L"EmployeeId", 1L})), E_FAIL);
-}
-
-TEST_F(ItemRules, JournalTimesAgree) {
-    const late::Object entry = app.object(L"CreateItem", {4L});
-    EXPECT_EQ(entry.number(L"Duration"), 0);
-    const Date start = dayOf(2003, 2, 1);
-    const double minute = 1.0 / 1440;
-    entry.put(L"Start", toValue(start));
-    entry.put(L"Duration", 90L);
-    EXPECT_DOUBLE_EQ(toDouble(entry.get(L"End")), start.days + 90 * minute);
-    entry.put(L"End", toValue(Date{start.days + 30 * minute}));
-    EXPECT_EQ(entry.number(L"Duration"), 30);
-    entry.put(L"Start", toValue(Date{start.days + 1}));
-    EXPECT_EQ(entry.number(L"Duration"), 30) << "moving the start moves the end";
-    entry.put(L"End", toValue(start));
-    EXPECT_EQ(entry.number(L"Duration"), 30) << "an end before the start moves it back";
-    host->server().setOption(L"JournalEnd", L"raise");
-    EXPECT_EQ(late::numberOf(entry.attemptPut(L"End", toValue(Date{start.days - 1}))), E_INVALIDARG);
 }
 
 }  // namespace

@@ -30,7 +30,6 @@ TEST(VCard, ValuesAreDecoded) {
     } cases[] = {
         {"VERSION:3.0\r\nN:M\xC3\xBCller;J\xC3\xBCrgen;;;\r\n", L"LastName", L"Müller"},
         {"VERSION:2.1\r\nN;CHARSET=ISO-8859-1:M\xFCller;J\r\n", L"LastName", L"Müller"},
-        {"VERSION:2.1\r\nN;CHARSET=windows-1252:\x8Aimek;J\r\n", L"LastName", L"Šimek"},
         {"VERSION:2.1\r\nN;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:M=C3=BCller;J=C3=BCrg=\r\nen\r\n",
          L"FirstName", L"Jürgen"},
         {"VERSION:2.1\r\nNOTE;QUOTED-PRINTABLE:one=0D=0Atwo = =3D three\r\n", L"Body",
@@ -63,15 +62,11 @@ TEST(VCard, NumbersFindTheirPlaces) {
         {"TEL;TYPE=home;TYPE=fax:5", L"HomeFaxNumber"},
         {"TEL;TYPE=\"fax,home\":5", L"HomeFaxNumber"},
         {"TEL;TYPE=x-homefax:5", L"HomeFaxNumber"},
-        {"TEL;PAGER:5", L"PagerNumber"},
-        {"TEL;CAR:5", L"CarTelephoneNumber"},
-        {"TEL;PREF:5", L"PrimaryTelephoneNumber"},
         {"TEL:5", L"OtherTelephoneNumber"},
         {"TEL;TYPE=textphone:5", L"TTYTDDTelephoneNumber"},
         {"X-MS-TEL;VOICE;CALLBACK:5", L"CallbackTelephoneNumber"},
         {"X-MS-TEL;TYPE=ASSISTANT:5", L"AssistantTelephoneNumber"},
         {"X-MS-TEL;VOICE;COMPANY:5", L"CompanyMainTelephoneNumber"},
-        {"X-MS-TEL;TYPE=RADIO:5", L"RadioTelephoneNumber"},
         {"EMAIL;TLX:5", L"TelexNumber"},
         {"i.TEL:5\r\ni.X-ABLabel:_$!<WorkFAX>!$_", L"BusinessFaxNumber"},
         {"TEL;VALUE=uri;TYPE=\"voice,work\":tel:+1-5;ext=51;isub=2", L"BusinessTelephoneNumber",
@@ -130,7 +125,6 @@ TEST(VCard, Pictures) {
 TEST(VCard, WhatIsNoAddressBookIsRefused) {
     const std::string cases[] = {
         "",
-        "\r\n\r\n",
         "hello",
         "BEGIN:VCARD\r\nN:x\r\n",
         "BEGIN:VCARD\r\nBEGIN:VCARD\r\nEND:VCARD\r\n",
