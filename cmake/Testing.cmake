@@ -20,7 +20,11 @@ function(zelbar_test name)
     # Wine shows the Unix file system as drive Z:.
     add_test(NAME ${name}
         COMMAND ${program} "--gtest_output=xml:Z:${PROJECT_BINARY_DIR}/test-results/${name}.xml")
-    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+    # A program that hangs ends itself a little earlier, and says in which test.
+    math(EXPR seconds "${arg_TIMEOUT} - 5")
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${arg_TIMEOUT}
+        ENVIRONMENT "ZELBAR_TEST_SECONDS=${seconds}")
     if(arg_REGISTERED)
         set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED registered)
     endif()
