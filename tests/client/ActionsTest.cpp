@@ -113,7 +113,7 @@ TEST_F(ActionsTest, AProgramThatDoesNotStartIsToldInAWindowThatStays) {
             const HWND window = GetActiveWindow();
             wchar_t text[200] = {};
             GetDlgItemTextW(window, 0, text, ARRAYSIZE(text));
-            told = text;
+            if (*text) told = text;
             PostMessageW(window, WM_COMMAND, IDOK, 0);
         });
     EXPECT_EQ(ExitCode::Found,

@@ -21,9 +21,15 @@ std::string readFile(const std::wstring& path) {
 }
 
 std::string awaitFile(const std::wstring& path) {
+    // Whoever still writes the file is not let in beside us.
+    const auto isWritten = [&path] {
+        const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+        return file != INVALID_HANDLE_VALUE && CloseHandle(file);
+    };
     std::string bytes;
     for (int i = 0; i < 100 && bytes.empty(); ++i, Sleep(100))
-        if (exists(path)) bytes = readFile(path);
+        if (isWritten()) bytes = readFile(path);
     return bytes;
 }
 

@@ -10,8 +10,8 @@ bool exists(const std::wstring& path);
 /// All bytes of a file; fails the running test and is empty when it cannot be read.
 std::string readFile(const std::wstring& path);
 
-/// The bytes of a file that a program writes for whose end nobody waits: as soon as there are any, and none
-/// after ten seconds.
+/// The bytes of a file that a program writes for whose end nobody waits: as soon as there are any and
+/// the program has closed it, and none after ten seconds.
 std::string awaitFile(const std::wstring& path);
 
 /// Makes a file or replaces its content; fails the running test when that does not work.
