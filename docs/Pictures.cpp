@@ -136,7 +136,7 @@ class Scene {
     /// What the driver traces while it starts and the user chooses folders.
     void takeLog() {
         registry_.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"Developper", L"1");
-        const auto connector = makeObject<cDataConnector>();
+        const auto connector = makeObject<zelbar::cDataConnector>();
         const HWND log = topmost();
         check(connector->ConfigPIM());
         const HWND folders = topmost();
