@@ -59,7 +59,9 @@ std::wstring CallContact::callInformation() const {
 }
 
 void giveEmptyContact(ContactArgument& argument, bool notInPIM) {
-    const auto contact = makeObject<cContact>();
+    DriverState& state = driver();
+    const auto contact = makeObject<cContact>(ContactParts{state.log, state.outlook, state.directory,
+                                                           state.paths, state.texts, state.unifiedSearch});
     contact->setNotInPIM(notInPIM);
     argument.replace(contact);
 }

@@ -4,6 +4,7 @@
 #include "automation/Fault.h"
 #include "automation/OutlookNames.h"
 #include "connector/FolderConfiguration.h"
+#include "connector/Parts.h"
 #include "connector/StartUp.h"
 #include "core/DriverState.h"
 #include "dialogs/frmOutSelFolder.h"
@@ -82,7 +83,7 @@ Com<::PIMActions> cDataConnector::DataConnector_Actions() {
 
 Com<cContactRecord> cDataConnector::DataConnector_OpenContactRecord() {
     if (!driver().pimInstalled) return {};
-    return makeObject<cContactRecord>();
+    return makeObject<cContactRecord>(contactParts(driver()), driver().cache);
 }
 
 void cDataConnector::DataConnector_ClosePIM() {
@@ -97,7 +98,7 @@ void cDataConnector::DataConnector_ConfigPIM() {
 Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wstring& entryId) {
     FLog& log = driver().log;
     log.trace(L"GetContactByContactID: ID=", entryId);
-    auto contact = makeObject<cContact>();
+    auto contact = makeObject<cContact>(contactParts(driver()));
     std::wstring store;
     const Object item = itemInAnyStore(entryId, store);
     if (!item) {
@@ -134,7 +135,7 @@ Com<cContact> cDataConnector::DataConnector_GetActiveContact() {
     if (!driver().pimInstalled) return {};
     const Object inspector = driver().outlook.GetApp().object(outlook::ActiveInspector);
     if (!inspector) return {};
-    auto contact = makeObject<cContact>();
+    auto contact = makeObject<cContact>(contactParts(driver()));
     contact->SetValues(inspector.object(outlook::CurrentItem));
     return contact;
 }

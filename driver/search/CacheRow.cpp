@@ -1,7 +1,7 @@
 #include "search/CacheRow.h"
 
 #include "automation/DaoNames.h"
-#include "core/DriverState.h"
+#include "core/ContactCache.h"
 #include "search/ContactPicture.h"
 
 namespace zelbar {
@@ -11,13 +11,12 @@ CacheRow CacheRow::read(const Object& recordset) {
             columnText(recordset, L"Name"), columnText(recordset, L"PhoneNumber")};
 }
 
-bool deleteStaleRow(const Object& recordset, const CacheRow& row) noexcept {
-    FLog& log = driver().log;
+bool deleteStaleRow(const Object& recordset, const CacheRow& row, FLog& log, modMultiUser& paths) noexcept {
     try {
         if (CacheRow::read(recordset) != row) return false;
         recordset.call(dao::Delete);
         log.trace(L"Contact deleted from mdb cache: ", row.name, L" -  ", row.phoneNumber);
-        removePicture(row.entryId, driver().paths.DataPath());
+        removePicture(row.entryId, paths.DataPath());
         return true;
     } catch (...) {
         log.fault(L"Error (delete from mdb cache): ", caughtFault());

@@ -3,6 +3,8 @@
 #include <string>
 
 #include "automation/Object.h"
+#include "support/FLog.h"
+#include "support/modMultiUser.h"
 
 namespace zelbar {
 
@@ -22,6 +24,6 @@ struct CacheRow {
 /// Deletes the current row, provided that it is still `row`: while Outlook was asked, the client may have
 /// been called and may have moved the recordset on. The contact's saved picture goes with it. A failure is
 /// logged; the row then stays. True when the row went.
-bool deleteStaleRow(const Object& recordset, const CacheRow& row) noexcept;
+bool deleteStaleRow(const Object& recordset, const CacheRow& row, FLog& log, modMultiUser& paths) noexcept;
 
 }  // namespace zelbar

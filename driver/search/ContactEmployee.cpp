@@ -3,7 +3,6 @@
 #include "automation/Attempts.h"
 #include "automation/DaoNames.h"
 #include "automation/OutlookNames.h"
-#include "core/DriverState.h"
 
 namespace zelbar {
 
@@ -35,18 +34,17 @@ ContactEmployee::~ContactEmployee() {
 }
 
 void ContactEmployee::link(const Object& item) noexcept {
-    Attempts attempt([](const Fault& fault) { driver().log.fault(L"Error (employee link): ", fault); });
+    Attempts attempt([this](const Fault& fault) { log_.fault(L"Error (employee link): ", fault); });
     attempt([&] {
         if (const Variant id = employeeProperty(item); !id.isNothing()) open(id.integer());
     });
 }
 
 void ContactEmployee::open(long employeeId) {
-    DirectoryDatabase& directory = driver().directory;
     employee_ =
-        directory.openDynaset(L"Select * from Employees where EmployeeId = " + std::to_wstring(employeeId));
+        directory_.openDynaset(L"Select * from Employees where EmployeeId = " + std::to_wstring(employeeId));
     Attempts attempt;
-    attempt.into(labels_, [&] { return directory.openDynaset(L"select * from Default"); });
+    attempt.into(labels_, [&] { return directory_.openDynaset(L"select * from Default"); });
     exists_ = !employee_.boolean(dao::EOF_);
 }
 

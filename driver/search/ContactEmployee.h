@@ -3,6 +3,8 @@
 #include <string>
 
 #include "automation/Object.h"
+#include "core/DirectoryDatabase.h"
+#include "support/FLog.h"
 
 namespace zelbar {
 
@@ -10,7 +12,7 @@ namespace zelbar {
 /// are linked by the user property that the export folder gives them.
 class ContactEmployee {
   public:
-    ContactEmployee() = default;
+    ContactEmployee(FLog& log, DirectoryDatabase& directory) : log_(log), directory_(directory) {}
     ContactEmployee(const ContactEmployee&) = delete;
     ContactEmployee& operator=(const ContactEmployee&) = delete;
     /// Closes the rows.
@@ -30,6 +32,8 @@ class ContactEmployee {
   private:
     void open(long employeeId);
 
+    FLog& log_;
+    DirectoryDatabase& directory_;
     Object employee_;
     Object labels_;
     bool exists_ = false;

@@ -4,7 +4,6 @@
 
 #include "automation/Attempts.h"
 #include "automation/OutlookNames.h"
-#include "core/DriverState.h"
 #include "search/ContactPicture.h"
 #include "support/Settings.h"
 #include "support/TelephoneNumbers.h"
@@ -27,7 +26,7 @@ std::wstring listEntry(const std::wstring& label, const std::wstring& value) {
 }  // namespace
 
 void cContact::SetValues(const Object& item) {
-    SetValues(item, driver().unifiedSearch);
+    SetValues(item, parts_.unifiedSearch);
 }
 
 void cContact::SetValues(const Object& item, bool unified) {
@@ -36,7 +35,7 @@ void cContact::SetValues(const Object& item, bool unified) {
         load(item, unified);
         notInPIM_ = false;
     }
-    driver().log.trace(L"Contact.SetValues(Item as Object)");
+    parts_.log.trace(L"Contact.SetValues(Item as Object)");
 }
 
 void cContact::load(const Object& item, bool unified) {
@@ -116,7 +115,7 @@ std::wstring cContact::readStoreId(const Object& item) noexcept {
 }
 
 std::wstring cContact::Contact_MainPhoneNumber() {
-    if (mainPhoneNumber_.empty() && item_) SetPhoneValues(driver().unifiedSearch);
+    if (mainPhoneNumber_.empty() && item_) SetPhoneValues(parts_.unifiedSearch);
     return mainPhoneNumber_;
 }
 
@@ -145,7 +144,7 @@ Com<Collection> cContact::Contact_Emails() {
     if (emailList_ && emailList_->count() > 0) return emailList_;
     // Filled aside: the client may ask again while Outlook is asked, and gets a whole list then too.
     const auto list = makeObject<Collection>();
-    const std::wstring label = driver().texts.translate(L"#99999#");
+    const std::wstring label = parts_.texts.translate(L"#99999#");
     for (const auto& address : addresses()) list->add(listEntry(label, address));
     emailList_ = list;
     return list;
@@ -166,11 +165,11 @@ void cContact::SetPhotoUrl() noexcept {
     photoUrlIsPut_ = false;
     try {
         const Object item = item_;
-        if (std::wstring path = savePicture(item, driver().paths.DataPath()); !path.empty())
+        if (std::wstring path = savePicture(item, parts_.paths.DataPath()); !path.empty())
             photoUrl_ = std::move(path);
     } catch (...) {
         photoUrl_.clear();
-        driver().log.fault(L"Error (SetPhotoUrl): ", caughtFault());
+        parts_.log.fault(L"Error (SetPhotoUrl): ", caughtFault());
     }
 }
 
@@ -178,7 +177,7 @@ void cContact::reloadItem() noexcept {
     if (contactId_.empty()) return;
     // Where Outlook does not give the item anew, the one at hand still serves.
     Attempts().into(item_, [&] {
-        const Object session = driver().outlook.GetNameSpace();
+        const Object session = parts_.outlook.GetNameSpace();
         return storeId_.empty() ? session.object(outlook::GetItemFromID, contactId_)
                                 : session.object(outlook::GetItemFromID, contactId_, storeId_);
     });
@@ -187,13 +186,13 @@ void cContact::reloadItem() noexcept {
 std::wstring cContact::labelOf(const TelephoneProperty& property) {
     if (property.labelColumn && employee_.exists() && Contact_CategorieId() == L"2")
         if (std::wstring label = employee_.label(property.labelColumn); !label.empty()) return label;
-    return driver().texts.translate(property.labelKey);
+    return parts_.texts.translate(property.labelKey);
 }
 
 Com<Collection> cContact::Contact_PhoneNumbers() {
     if (phoneList_ && phoneList_->count() > 0) return phoneList_;
     const auto list = makeObject<Collection>();
-    driver().log.trace(L"Contact.Contact_PhoneNumbers()");
+    parts_.log.trace(L"Contact.Contact_PhoneNumbers()");
     reloadItem();
     for (const auto& property : kTelephoneProperties)
         if (const std::wstring number = read(property.member); !number.empty())

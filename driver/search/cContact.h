@@ -8,6 +8,7 @@
 #include "com/ContactBorder.h"
 #include "search/CacheSearch.h"
 #include "search/ContactEmployee.h"
+#include "search/ContactParts.h"
 
 namespace zelbar {
 
@@ -16,6 +17,8 @@ namespace zelbar {
 /// lives.
 class cContact final : public ContactBorder<cContact> {
   public:
+    explicit cContact(const ContactParts& parts) : parts_(parts) {}
+
     // What the driver's own classes do with a contact.
 
     /// Fills the contact from an Outlook item; none makes it a contact that is not in the PIM, and so does an
@@ -85,6 +88,7 @@ class cContact final : public ContactBorder<cContact> {
     void reloadItem() noexcept;
     std::wstring labelOf(const struct TelephoneProperty& property);
 
+    const ContactParts parts_;
     std::wstring firstName_;
     std::wstring lastName_;
     std::wstring fullName_;
@@ -101,7 +105,7 @@ class cContact final : public ContactBorder<cContact> {
     Object item_;
     std::wstring mainEmail_;
     Com<Collection> emailList_;
-    ContactEmployee employee_;
+    ContactEmployee employee_{parts_.log, parts_.directory};
 };
 
 }  // namespace zelbar

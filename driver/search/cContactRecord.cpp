@@ -5,7 +5,6 @@
 #include "automation/Attempts.h"
 #include "automation/DaoNames.h"
 #include "automation/OutlookNames.h"
-#include "core/DriverState.h"
 #include "core/MessageYield.h"
 #include "search/DialableContacts.h"
 #include "support/Settings.h"
@@ -32,20 +31,18 @@ const cContactRecord::Direction cContactRecord::Direction::previous{
     L"FindPrevious", L"Error (FindPrevious): ", dao::MovePrevious,
     &Ends::bof,      L"=>FindPrevious()",       L"  FindPrevious() Begin Of File"};
 
-namespace {
-
-Com<cContact> unknownContact(const CacheSearch& search) {
-    auto contact = makeObject<cContact>();
+Com<cContact> cContactRecord::unknownContact(const CacheSearch& search) {
+    auto contact = makeObject<cContact>(parts_);
     contact->MakeUnknownContact(search.kind, search.text);
     return contact;
 }
 
 /// The row's contact in Outlook. A store that the table does not know was not asked, so what the others say
 /// does not make the contact gone: the cache may have got the store while the driver ran.
-LookUp lookUp(const CacheRow& row, const wchar_t* caller) {
-    const std::wstring storeId = driver().cache.stores().storeIdOf(row.storeKey);
+LookUp cContactRecord::lookUp(const CacheRow& row, const wchar_t* caller) {
+    const std::wstring storeId = cache_.stores().storeIdOf(row.storeKey);
     LookUp result =
-        driver().outlook.GetContactFromID(row.entryId, storeId, caller, row.name + L" " + row.phoneNumber);
+        parts_.outlook.GetContactFromID(row.entryId, storeId, caller, row.name + L" " + row.phoneNumber);
     if (result.gone() && !row.storeKey.empty() && storeId.empty()) {
         result.verdict = LookUp::Verdict::Failed;
         result.fault = {fault::kSubscriptOutOfRange, L"The contact's store is not in the table of stores",
@@ -54,14 +51,12 @@ LookUp lookUp(const CacheRow& row, const wchar_t* caller) {
     return result;
 }
 
-Com<cContact> contactOf(const LookUp& found, bool unified) {
+Com<cContact> cContactRecord::contactOf(const LookUp& found, bool unified) {
     if (found.failed()) throw found.fault;
-    auto contact = makeObject<cContact>();
+    auto contact = makeObject<cContact>(parts_);
     contact->SetValues(found.item, unified);
     return contact;
 }
-
-}  // namespace
 
 cContactRecord::Ends cContactRecord::refreshEnds(const Search& search) {
     const Ends ends{search->rows.boolean(dao::BOF_), search->rows.boolean(dao::EOF_)};
@@ -89,7 +84,7 @@ cContactRecord::Search cContactRecord::begin(long searchKind, const std::wstring
 }
 
 Com<::Contact> cContactRecord::ContactRecord_FindFirst(long searchKind, const std::wstring& searchText) {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     log.trace(searchKind == kSearchByName ? L"=>FindFisrt() Name=" : L"=>FindFisrt() Phone=", searchText);
     const Search search = begin(searchKind, searchText, false);
     const Com<::Contact> result = TimerFind(search);
@@ -108,7 +103,7 @@ Com<::Contact> cContactRecord::ContactRecord_FindFirstForUnified(long searchKind
 }
 
 Com<cContact> cContactRecord::TimerFind(const Search& search) {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     log.trace(L"TimerFind()");
     useMatchCount_ = false;
     openQuery(search);
@@ -125,18 +120,18 @@ Com<cContact> cContactRecord::TimerFind(const Search& search) {
 /// The cursor takes the search over; statements that fail leave it as it was. The cache does not let the
 /// client in, so this is one step.
 void cContactRecord::openQuery(const Search& search) noexcept {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     Attempts attempt;
     // The rows of the search before go first: rows that survived would stand for a search that they do not
     // answer.
     search_.reset();
     Attempts([&](const Fault& fault) { log.fault(L"Error (TimerFind): ", fault); }).into(search->rows, [&] {
-        return driver().cache.openDynaset(search->query());
+        return cache_.openDynaset(search->query());
     });
     search_ = search;
     searchKind_ = search->kind;
     searchText_ = search->text;
-    driver().unifiedSearch = search->unified;
+    parts_.unifiedSearch = search->unified;
     if (!search->rows) return;
     // Only the last row makes the count complete.
     attempt([&] { search->rows.call(dao::MoveLast); });
@@ -152,14 +147,14 @@ Com<cContact> cContactRecord::firstMatch(const CacheSearch& search) noexcept {
     try {
         return deliver(search, CacheRow::read(search.rows));
     } catch (...) {
-        driver().log.fault(L"Error (TimerFind): ", caughtFault());
+        parts_.log.fault(L"Error (TimerFind): ", caughtFault());
     }
     return unknownContact(search);
 }
 
 /// The first row's contact. A row whose contact is gone makes the caller unknown even when later rows match.
 Com<cContact> cContactRecord::deliver(const CacheSearch& search, const CacheRow& row) {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     const LookUp found = lookUp(row, L"TimerFind");
     if (found.failed()) {
         log.trace(L"TimerFind() error with Outlook.");
@@ -167,12 +162,12 @@ Com<cContact> cContactRecord::deliver(const CacheSearch& search, const CacheRow&
     }
     if (found.gone()) {
         log.trace(L"Contact not found in Outlook...AND DELETED FROM MDB CACHE !");
-        deleteStaleRow(search.rows, row);
+        deleteStaleRow(search.rows, row, parts_.log, parts_.paths);
         return unknownContact(search);
     }
     log.trace(
         L"Contact: ", [&] { return found.item.text(outlook::FileAs); }, L" found in Outlook...");
-    auto contact = makeObject<cContact>();
+    auto contact = makeObject<cContact>(parts_);
     try {
         contact->SetValues(found.item, search.unified);
     } catch (...) {
@@ -212,16 +207,16 @@ Com<::Contact> cContactRecord::ContactRecord_FindPrevious() {
 bool cContactRecord::advance(const Search& search, const Direction& direction) {
     search->rows.call(direction.move);
     if (!(refreshEnds(search).*direction.atEnd)) return true;
-    driver().log.trace(direction.endLine);
+    parts_.log.trace(direction.endLine);
     setCurrentContact(search, {});
     return false;
 }
 
 Com<::Contact> cContactRecord::walk(const Direction& direction) {
-    driver().log.trace(direction.entryLine);
+    parts_.log.trace(direction.entryLine);
     if (!search_ || !search_->rows) return {};
     if (useMatchCount_) TimerFind(std::make_shared<CacheSearch>(searchKind_, searchText_, search_->unified));
-    return walk(Search(search_), direction, driver().unifiedSearch);
+    return walk(Search(search_), direction, parts_.unifiedSearch);
 }
 
 Com<::Contact> cContactRecord::walk(const Search& search, const Direction& direction, bool unified) {
@@ -239,7 +234,7 @@ Com<::Contact> cContactRecord::walk(const Search& search, const Direction& direc
         if (hasPassed && row.entryId == passed) continue;
         const LookUp found = lookUp(row, direction.name);
         if (found.gone()) {
-            deleteStaleRow(rows, row);
+            deleteStaleRow(rows, row, parts_.log, parts_.paths);
             continue;
         }
         const Com<::Contact> contact = contactOf(found, unified);
@@ -258,7 +253,7 @@ void cContactRecord::ContactRecord_MoveFirst() {
 }
 
 void cContactRecord::ContactRecord_MoveLast() {
-    driver().log.trace(L"=>MoveLast()");
+    parts_.log.trace(L"=>MoveLast()");
     const Search search = search_;
     if (!search || !search->rows) return;
     search->rows.call(dao::MoveLast);
@@ -267,10 +262,10 @@ void cContactRecord::ContactRecord_MoveLast() {
     const CacheRow row = CacheRow::read(search->rows);
     const LookUp found = lookUp(row, L"MoveLast");
     if (!found.gone()) {
-        setCurrentContact(search, contactOf(found, driver().unifiedSearch));
+        setCurrentContact(search, contactOf(found, parts_.unifiedSearch));
         return;
     }
-    deleteStaleRow(search->rows, row);
+    deleteStaleRow(search->rows, row, parts_.log, parts_.paths);
     Com<::Contact> dropped;
     FindPrevious(dropped.put());
     setCurrentContact(search, {});
@@ -282,7 +277,7 @@ void cContactRecord::ContactRecord_MoveLast() {
 /// are not looked at.
 Com<Collection> cContactRecord::ContactRecord_FillContactCollection(long searchKind,
                                                                     const std::wstring& searchText) {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     log.trace(L"ContactRecord_FillContactCollection()");
     OutputDebugStringW(L"ContactRecord_FillContactCollection......OutputDebugString");
     const Search search = begin(searchKind, searchText, true);

@@ -5,6 +5,7 @@
 
 #include "com/Collection.h"
 #include "com/ContactRecordBorder.h"
+#include "core/ContactCache.h"
 #include "core/LookUp.h"
 #include "core/PhoneCache.h"
 #include "search/CacheRow.h"
@@ -18,6 +19,8 @@ namespace zelbar {
 /// out on the way.
 class cContactRecord final : public ContactRecordBorder<cContactRecord> {
   public:
+    cContactRecord(const ContactParts& parts, ContactCache& cache) : parts_(parts), cache_(cache) {}
+
     bool ContactRecord_EOF() const { return ends_.eof; }
     bool ContactRecord_BOF() const { return ends_.bof; }
     short ContactRecord_RecordCount() const;
@@ -47,6 +50,9 @@ class cContactRecord final : public ContactRecordBorder<cContactRecord> {
     /// A procedure keeps the search that it works on to itself; the cursor's may be exchanged meanwhile.
     using Search = std::shared_ptr<CacheSearch>;
 
+    LookUp lookUp(const CacheRow& row, const wchar_t* caller);
+    Com<cContact> contactOf(const LookUp& found, bool unified);
+    Com<cContact> unknownContact(const CacheSearch& search);
     Search begin(long searchKind, const std::wstring& searchText, bool unified);
     Com<cContact> TimerFind(const Search& search);
     void openQuery(const Search& search) noexcept;
@@ -62,6 +68,8 @@ class cContactRecord final : public ContactRecordBorder<cContactRecord> {
     void setCurrentContact(const Search& search, Com<::Contact> contact);
     Ends refreshEnds(const Search& search);
 
+    const ContactParts parts_;
+    ContactCache& cache_;
     bool noMatch_ = true;
     Ends ends_;
     short matchCount_ = 0;

@@ -35,16 +35,16 @@ Com<::CallAction> ActionTest::opener(short choice) {
     return result;
 }
 
-Com<cContact> ActionTest::known(const std::wstring& callInformation) {
-    auto contact = makeObject<cContact>();
+Com<cContact> ActionTest::known(const std::wstring& callInformation, const std::wstring& storeId) {
+    auto contact = makeObject<cContact>(contactParts(driver()));
     contact->SetValues(
-        driver().outlook.GetContactFromID(outlook.mailbox().entryId(anna), L"", L"test", L"known").item);
+        driver().outlook.GetContactFromID(outlook.mailbox().entryId(anna), storeId, L"test", L"known").item);
     contact->Contact_PersonalData(callInformation);
     return contact;
 }
 
 Com<cContact> ActionTest::unknown(const std::wstring& callInformation) {
-    auto contact = makeObject<cContact>();
+    auto contact = makeObject<cContact>(contactParts(driver()));
     contact->MakeUnknownContact(kSearchByNumber, L"0123");
     contact->Contact_PersonalData(callInformation);
     return contact;

@@ -2,7 +2,7 @@
 
 #include "actions/cPIMActions.h"
 #include "automation/Object.h"
-#include "core/DriverState.h"
+#include "connector/Parts.h"
 #include "search/cContact.h"
 #include "tests/fixture/DriverTest.h"
 
@@ -24,7 +24,7 @@ class ActionTest : public DriverTest {
     /// The action that opens contacts, with this entry of its list chosen.
     Com<::CallAction> opener(short choice);
     /// Anna as a search delivers her, and a caller whom nobody knows.
-    Com<cContact> known(const std::wstring& callInformation = {});
+    Com<cContact> known(const std::wstring& callInformation = {}, const std::wstring& storeId = {});
     Com<cContact> unknown(const std::wstring& callInformation = {});
     /// Runs an action early bound. What the caller's variable holds afterwards; the answer must be False.
     Com<::Contact> run(::CallAction& action, Com<::Contact> contact);

@@ -4,6 +4,7 @@
 
 #include "automation/Bstr.h"
 #include "com/CallActionBorder.h"
+#include "connector/Parts.h"
 #include "search/cContactRecord.h"
 #include "support/Encoding.h"
 #include "tests/automation/StrictObject.h"
@@ -15,7 +16,7 @@ namespace {
 
 /// A cursor without a cache: each search gives an unknown caller, who tells what was searched and how.
 struct LateSearchTest : DriverTest {
-    Com<cContactRecord> cursor = makeObject<cContactRecord>();
+    Com<cContactRecord> cursor = makeObject<cContactRecord>(contactParts(driver()), driver().cache);
     Bstr text{L"Ada"};
 
     void TearDown() override {

@@ -2,21 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include "connector/Parts.h"
 #include "search/cContact.h"
 
 namespace zelbar {
 
 namespace {
 
-std::wstring number(int i) {
-    return std::to_wstring(i);
-}
-
 /// A cache with contacts 1 to `count`, number and name alike.
 PhoneCache filled(int count) {
     PhoneCache cache;
-    for (int i = 1; i <= count; ++i)
-        cache.add(L"name" + number(i), number(i), static_cast<short>(i), makeObject<cContact>());
+    const auto contact = makeObject<cContact>(contactParts(driver()));
+    for (short i = 1; i <= count; ++i)
+        cache.add(L"name" + std::to_wstring(i), std::to_wstring(i), i, contact);
     return cache;
 }
 
@@ -42,12 +40,13 @@ TEST(PhoneCacheRing, NamesIgnoreCaseAndNumbersAreExact) {
 
 TEST(PhoneCacheRing, ClearEmptiesOnlyTheSlotThatComesNext) {
     PhoneCache cache = filled(20);
+    const auto contact = cache.findByNumber(L"20");
     cache.clear();
     EXPECT_FALSE(cache.findByNumber(L"1"));
     EXPECT_TRUE(cache.findByNumber(L"2"));
-    cache.add(L"new", L"new", 0, makeObject<cContact>());
+    cache.add(L"new", L"new", 0, contact);
     EXPECT_TRUE(cache.findByNumber(L"2"));
-    cache.add(L"newer", L"newer", 0, makeObject<cContact>());
+    cache.add(L"newer", L"newer", 0, contact);
     EXPECT_FALSE(cache.findByNumber(L"2"));
 }
 
