@@ -18,6 +18,7 @@ TEST(Like, MatchesAsJetDoes) {
         {L"", L"a", false},
         {L"abc", L"abc ", false},
         {L"#", L"\x0667", false},
+        {L"##", L"09", true},
         {L"[*][?][[]", L"*?[", true},
         {L"a]b", L"a]b", true},
         {L"[abc]", L"B", true},

@@ -189,6 +189,7 @@ TEST(VCard, AFileIsImportedWholeOrNotAtAll) {
     const ItemRecord item = *mailbox.item(mailbox.items(contacts).front());
     EXPECT_EQ(item.field(L"FileAs"), L"Byron, Ada");
     EXPECT_EQ(item.attachments.at(0).fileName, kPictureName);
+    EXPECT_EQ(item.attachments.at(0).data, (Bytes{0, 1, 2}));
 }
 
 }  // namespace
