@@ -34,7 +34,7 @@ Variant Object::invoke(const Member& member, Gateway::Kind kind,
 
 Object Object::objectFrom(const Member& member, std::initializer_list<Variant> arguments) const {
     const auto source = called();
-    Com<IDispatch> result = source->invoke(member, Gateway::Kind::Call, arguments).object();
+    Com<IDispatch> result = invoke(member, Gateway::Kind::Call, arguments).object();
     return Object(source->gateway, source->server, std::move(result), member.result);
 }
 

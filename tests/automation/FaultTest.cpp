@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "automation/Attempts.h"
 #include "automation/Object.h"
 #include "tests/automation/StrictObject.h"
 
@@ -76,6 +77,14 @@ TEST(FaultTest, AServersOwnErrorKeepsItsNumberTextAndSource) {
         EXPECT_EQ(fault.description, c.expected.description);
         EXPECT_EQ(fault.source, c.expected.source);
     }
+}
+
+TEST(FaultTest, AnAttemptReportsItsFaultAndKeepsTheTarget) {
+    long reported = 0, kept = 5;
+    Attempts attempt([&](const Fault& fault) { reported = fault.number; });
+    EXPECT_FALSE(attempt.into(kept, []() -> long { throw runtimeFault(6); }));
+    EXPECT_EQ(reported, 6);
+    EXPECT_EQ(kept, 5);
 }
 
 TEST(FaultTest, TheDriversOwnFailuresHaveNumbersToo) {
