@@ -105,7 +105,7 @@ TEST_F(GatewayTest, ObjectsThatComeBackAreOwnedAndCarryTheirClass) {
 }
 
 TEST_F(GatewayTest, WhatIsCalledIsOwnedWhileItIsCalled) {
-    auto door = std::make_unique<Gateway>();
+    std::unique_ptr<Gateway> door;
     Object called;
     long owned = 0;
     StrictObject target(
@@ -116,10 +116,13 @@ TEST_F(GatewayTest, WhatIsCalledIsOwnedWhileItIsCalled) {
             *result = number == 1 ? Variant(outlook::kItems).detach() : Variant(target.reference()).detach();
             return S_OK;
         });
-    called = Object(*door, Server::Outlook, target.reference(), kAskForClass);
-    EXPECT_TRUE(called.object(kItem, L"x"));
-    EXPECT_EQ(owned, 2) << "by the test and by the call";
-    EXPECT_EQ(target.references, 1);
+    for (const bool forItsObject : {true, false}) {
+        door = std::make_unique<Gateway>();
+        called = Object(*door, Server::Outlook, target.reference(), kAskForClass);
+        forItsObject ? void(called.object(kItem)) : called.call(kItem);
+        EXPECT_EQ(owned, 2) << "by the test and by the call";
+        EXPECT_EQ(target.references, 1);
+    }
 }
 
 }  // namespace
