@@ -61,7 +61,7 @@ std::wstring DialogTest::stored(const std::wstring& name) const {
 std::wstring DialogTest::storedStates() const {
     std::wstring result, state;
     for (int number = 1; (state = stored(L"selectId" + std::to_wstring(number))) != L"(none)"; ++number)
-        result += (result.empty() ? L"" : L" ") + state;
+        result += state == L"-1" ? L'1' : state == L"0" ? L'0' : L'?';
     return result;
 }
 

@@ -38,7 +38,7 @@ class DialogTest : public DriverTest {
     void setPopup(const wchar_t* name, const wchar_t* value);
     /// A value of the stored selection; "(none)" when there is none.
     std::wstring stored(const std::wstring& name) const;
-    /// The stored check states in their order, as in "-1 0 -1".
+    /// The stored check states in their order: '1' for "-1", '0', or '?' for anything else.
     std::wstring storedStates() const;
 
     FolderRecord contacts;
