@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "actions/ActionParts.h"
 #include "actions/cActionProperties.h"
 #include "com/CallActionBorder.h"
-#include "core/DriverState.h"
 
 namespace zelbar {
 
@@ -14,22 +14,24 @@ namespace zelbar {
 template <class Self>
 class ActionBase : public CallActionBorder<Self> {
   public:
+    explicit ActionBase(const ActionParts& parts) : parts_(parts) {}
+
     /// The result means nothing to a client: it is False, whatever has happened.
     bool PIMAction_ExecuteAction(ContactArgument& contact) {
         try {
             static_cast<Self*>(this)->execute(contact);
         } catch (...) {
-            driver().log.fault(Self::kErrorPrefix, caughtFault());
+            parts_.log.fault(Self::kErrorPrefix, caughtFault());
         }
         return false;
     }
-    std::wstring PIMAction_ActionName() const { return driver().texts.translate(Self::kName); }
+    std::wstring PIMAction_ActionName() const { return parts_.texts.translate(Self::kName); }
     /// True for an action that never adds anything to the user's contacts.
     bool PIMAction_PassiveAction() const { return true; }
     long PIMAction_ActionID() const { return Self::kActionID; }
     Com<cActionProperties> PIMAction_ActionProp() const { return properties_; }
     Com<::CallAction> PIMAction_CopyAction() const {
-        const auto copy = makeObject<Self>();
+        const auto copy = makeObject<Self>(parts_);
         copy->settings().copyFrom(settings());
         return copy;
     }
@@ -38,10 +40,12 @@ class ActionBase : public CallActionBorder<Self> {
     /// Adds a setting under its key, with a numbered text as its label.
     Com<cActionProperty> addSetting(const wchar_t* key, const wchar_t* label, const Variant& value,
                                     short type) {
-        return settings().Add(key, driver().texts.translate(label), value, type);
+        return settings().Add(key, parts_.texts.translate(label), value, type);
     }
     Com<cActionProperty> setting(const wchar_t* key) const { return settings().ActionProperties_Item(key); }
     Variant value(const wchar_t* key) const { return setting(key)->ActionProperty_Value(); }
+
+    const ActionParts parts_;
 
   private:
     cActionProperties& settings() const {
@@ -49,7 +53,7 @@ class ActionBase : public CallActionBorder<Self> {
         return *properties_;
     }
 
-    Com<cActionProperties> properties_ = makeActionProperties();
+    Com<cActionProperties> properties_ = makeActionProperties(parts_.log);
 };
 
 }  // namespace zelbar

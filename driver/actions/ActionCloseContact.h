@@ -12,6 +12,8 @@ class ActionCloseContact final : public ActionBase<ActionCloseContact> {
     static constexpr wchar_t kName[] = L"#05100#";
     static constexpr wchar_t kErrorPrefix[] = L"Error (ExecuteAction - ActionCloseContact): ";
 
+    using ActionBase::ActionBase;
+
     void execute(ContactArgument& argument);
 };
 

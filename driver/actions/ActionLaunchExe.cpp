@@ -35,8 +35,8 @@ std::wstring describe(const StartResult& result, const std::wstring& command) {
 }
 
 /// Two starts that fail one after the other make one message: the open window keeps its text.
-void tellFailure(const std::wstring& text) {
-    MessageWindow& window = driver().user.messageWindow ? *driver().user.messageWindow : messageForm();
+void tellFailure(const UserDoor& user, const std::wstring& text) {
+    MessageWindow& window = user.messageWindow ? *user.messageWindow : messageForm();
     if (window.isOpen())
         window.Show();
     else
@@ -45,32 +45,32 @@ void tellFailure(const std::wstring& text) {
 
 }  // namespace
 
-ActionLaunchExe::ActionLaunchExe() {
+ActionLaunchExe::ActionLaunchExe(const ActionParts& parts) : ActionBase(parts) {
     addSetting(kPath, L"#05401#", L"", kTextSetting);
     addSetting(kArguments, L"#05402#", L"", kTextSetting);
 }
 
 void ActionLaunchExe::execute(ContactArgument& argument) {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     log.trace(L"LAUNCH EXE -------------------");
     log.trace(L"Application Path = ", [&] { return value(kPath).text(); });
     log.trace(L"Arguments = ", [&] { return value(kArguments).text(); });
     if (!argument.given()) {
-        giveEmptyContact(argument, true);
+        giveEmptyContact(argument, true, parts_.contact);
         log.trace(L"Item is nothing...");
     }
-    CommandLine line = filledArguments(CallContact(argument));
+    CommandLine line = filledArguments(CallContact(argument, parts_.gateway));
     log.trace(L"Arguments = ", line.text());
     prependFolder(line);
     if (const StartResult result = startProgram(line); result.error != ERROR_SUCCESS)
-        tellFailure(describe(result, line.text()) + L": " + line.text() + L".");
+        tellFailure(parts_.user, describe(result, line.text()) + L": " + line.text() + L".");
 }
 
 CommandLine ActionLaunchExe::filledArguments(const CallContact& contact) const {
     const std::wstring information = contact.callInformation();
     const auto read = [&](const wchar_t* key, const wchar_t* shownAs) {
         std::wstring field = GetTaggedValue(information, key);
-        driver().log.trace(L"From Popup PersonalData(", shownAs, L")=", field);
+        parts_.log.trace(L"From Popup PersonalData(", shownAs, L")=", field);
         return field;
     };
     const std::wstring origin = read(call::kOrigin, L"CALLORIGIN");

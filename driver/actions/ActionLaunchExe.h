@@ -13,7 +13,7 @@ class ActionLaunchExe final : public ActionBase<ActionLaunchExe> {
     static constexpr wchar_t kName[] = L"#05400#";
     static constexpr wchar_t kErrorPrefix[] = L"Error (ExecuteAction - ActionLaunchExe): ";
 
-    ActionLaunchExe();
+    explicit ActionLaunchExe(const ActionParts& parts);
 
     void execute(ContactArgument& argument);
 

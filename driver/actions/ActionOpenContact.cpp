@@ -14,9 +14,8 @@ void openWindow(const Object& item) {
     item.object(outlook::GetInspector).call(outlook::Display);
 }
 
-Object newItem(const std::wstring& name, const std::wstring& number) {
-    const Object item = driver()
-                            .outlook.GetNameSpace()
+Object newItem(OutlookConnection& connection, const std::wstring& name, const std::wstring& number) {
+    const Object item = connection.GetNameSpace()
                             .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
                             .object(outlook::Items)
                             .object(outlook::AddContact, outlook::kContactItemType);
@@ -28,17 +27,17 @@ Object newItem(const std::wstring& name, const std::wstring& number) {
 
 }  // namespace
 
-ActionOpenContact::ActionOpenContact() {
+ActionOpenContact::ActionOpenContact(const ActionParts& parts) : ActionBase(parts) {
     try {
         // The texts stand in the order of `Choice`.
-        auto& texts = driver().texts;
+        cLocalizedText& texts = parts_.texts;
         const std::vector<std::wstring> choices{texts.translate(L"#05002#"), texts.translate(L"#05003#"),
                                                 texts.translate(L"#05001#")};
         const auto property = addSetting(kNewOnInexistant, L"#05000#", choices.front(), kListSetting);
         property->setValues(Variant::ofTexts(choices));
         property->ActionProperty_ValueIndex(kOpenFound);
     } catch (...) {
-        driver().log.fault(L"Error (Class_Initialize - ActionOpenContact): ", caughtFault());
+        parts_.log.fault(L"Error (Class_Initialize - ActionOpenContact): ", caughtFault());
     }
 }
 
@@ -50,15 +49,15 @@ Com<::CallAction> ActionOpenContact::PIMAction_CopyAction() const {
     try {
         return ActionBase::PIMAction_CopyAction();
     } catch (...) {
-        driver().log.trace(L"Error : (CopyAction - ActionOpenContact)");
+        parts_.log.trace(L"Error : (CopyAction - ActionOpenContact)");
         return {};
     }
 }
 
 void ActionOpenContact::execute(ContactArgument& argument) {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     const bool opensFound = choice() == kOpenFound || choice() == kOpenAndCreate;
-    const CallContact contact(argument);
+    const CallContact contact(argument, parts_.gateway);
     if (!contact) {
         log.trace(L"CITem = Nothing");
         return;
@@ -67,8 +66,8 @@ void ActionOpenContact::execute(ContactArgument& argument) {
     log.trace(
         L"Opening ", name, L" (", [&] { return contact.MainPhoneNumber(); }, L")");
     log.trace(L"OPEN ------------------");
-    const LookUp lookUp = driver().outlook.GetContactFromID(contact.ContactId(), contact.StoreId(),
-                                                            L"ActionOpenContact", L"ExecuteAction");
+    const LookUp lookUp = parts_.outlook.GetContactFromID(contact.ContactId(), contact.StoreId(),
+                                                          L"ActionOpenContact", L"ExecuteAction");
     // Outlook did not answer: making a contact now would double one that it has.
     if (lookUp.failed()) throw lookUp.fault;
     if (lookUp.gone()) {
@@ -80,14 +79,14 @@ void ActionOpenContact::execute(ContactArgument& argument) {
 }
 
 void ActionOpenContact::meetUnknown(const CallContact& contact) const {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     const std::wstring name = contact.FullName();
     if (name == kManyContacts) return;
     log.trace(L"Unknown contact: ", name, L" (Not found in Outlook)...");
     if (choice() != kCreateUnknown && choice() != kOpenAndCreate) return;
     const std::wstring number = contact.MainPhoneNumber();
     log.trace(L"Creating new contact from: ", name, L" and ", number, L"...");
-    openWindow(newItem(name, number));
+    openWindow(newItem(parts_.outlook, name, number));
 }
 
 }  // namespace zelbar

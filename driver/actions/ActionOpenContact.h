@@ -12,7 +12,7 @@ class ActionOpenContact final : public ActionBase<ActionOpenContact> {
     static constexpr wchar_t kName[] = L"#05000#";
     static constexpr wchar_t kErrorPrefix[] = L"Error (ExecuteAction - ActionOpenContact): ";
 
-    ActionOpenContact();
+    explicit ActionOpenContact(const ActionParts& parts);
 
     bool PIMAction_PassiveAction() const { return choice() == kOpenFound; }
     Com<::CallAction> PIMAction_CopyAction() const;

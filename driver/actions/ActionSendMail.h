@@ -11,7 +11,7 @@ class ActionSendMail final : public ActionBase<ActionSendMail> {
     static constexpr wchar_t kName[] = L"#05200#";
     static constexpr wchar_t kErrorPrefix[] = L"Error (ExecuteAction - ActionSendMail): ";
 
-    ActionSendMail();
+    explicit ActionSendMail(const ActionParts& parts);
 
     void execute(ContactArgument& argument);
 };

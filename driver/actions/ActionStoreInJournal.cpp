@@ -27,18 +27,18 @@ void putTimes(const Object& entry, const std::wstring& callInformation) {
 }  // namespace
 
 void ActionStoreInJournal::execute(ContactArgument& argument) {
-    FLog& log = driver().log;
+    FLog& log = parts_.log;
     log.trace(L"JOURNAL ---------------");
-    if (!argument.given()) giveEmptyContact(argument, true);
-    const CallContact contact(argument);
+    if (!argument.given()) giveEmptyContact(argument, true, parts_.contact);
+    const CallContact contact(argument, parts_.gateway);
     log.trace(L"Storing in journal call from ", [&] { return contact.FullName(); });
     const CallParty party =
-        callPartyOf(contact, L"ActionStoreInJournal", L"Journal : Item get from ID is nothing !");
+        callPartyOf(parts_, contact, L"ActionStoreInJournal", L"Journal : Item get from ID is nothing !");
     const Object entry =
-        driver().outlook.GetApp().object(outlook::CreateJournalEntry, outlook::kJournalItemType);
+        parts_.outlook.GetApp().object(outlook::CreateJournalEntry, outlook::kJournalItemType);
     const std::wstring information = contact.callInformation();
     putTimes(entry, information);
-    const std::wstring text = callText(GetTaggedValue(information, call::kType), party.name);
+    const std::wstring text = callText(parts_.texts, GetTaggedValue(information, call::kType), party.name);
     entry.put(outlook::Subject, text);
     std::wstring body = text;
     if (party.item) {

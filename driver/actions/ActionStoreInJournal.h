@@ -11,6 +11,8 @@ class ActionStoreInJournal final : public ActionBase<ActionStoreInJournal> {
     static constexpr wchar_t kName[] = L"#05300#";
     static constexpr wchar_t kErrorPrefix[] = L"Error (ExecuteAction - ActionStoreInJournal): ";
 
+    using ActionBase::ActionBase;
+
     void execute(ContactArgument& argument);
 };
 

@@ -1,7 +1,6 @@
 #include "actions/CallContact.h"
 
 #include "automation/Bstr.h"
-#include "core/DriverState.h"
 #include "search/cContact.h"
 
 namespace zelbar {
@@ -14,12 +13,11 @@ void checked(HRESULT result) {
 
 }  // namespace
 
-CallContact::CallContact(const ContactArgument& argument) {
+CallContact::CallContact(const ContactArgument& argument, Gateway& gateway) {
     const Com<IUnknown> object = argument.given();
     given_ = static_cast<bool>(object);
     contact_ = object.as<::Contact>();
-    if (!contact_)
-        lateBound_ = Object(driver().gateway, Server::Client, object.as<IDispatch>(), kUnknownClass);
+    if (!contact_) lateBound_ = Object(gateway, Server::Client, object.as<IDispatch>(), kUnknownClass);
 }
 
 std::wstring CallContact::text(TextGetter getter, const wchar_t* name) const {
@@ -58,10 +56,8 @@ std::wstring CallContact::callInformation() const {
     return data.type() == VT_BSTR ? data.text() : std::wstring();
 }
 
-void giveEmptyContact(ContactArgument& argument, bool notInPIM) {
-    DriverState& state = driver();
-    const auto contact = makeObject<cContact>(ContactParts{state.log, state.outlook, state.directory,
-                                                           state.paths, state.texts, state.unifiedSearch});
+void giveEmptyContact(ContactArgument& argument, bool notInPIM, const ContactParts& parts) {
+    const auto contact = makeObject<cContact>(parts);
     contact->setNotInPIM(notInPIM);
     argument.replace(contact);
 }

@@ -4,8 +4,10 @@
 
 #include <string>
 
+#include "automation/Gateway.h"
 #include "automation/Object.h"
 #include "com/ContactArgument.h"
+#include "search/ContactParts.h"
 
 namespace zelbar {
 
@@ -13,7 +15,8 @@ namespace zelbar {
 /// and by name otherwise. It need not be the driver's own, so every reading may throw.
 class CallContact {
   public:
-    explicit CallContact(const ContactArgument& argument);
+    /// `gateway` must outlive the object.
+    CallContact(const ContactArgument& argument, Gateway& gateway);
 
     explicit operator bool() const { return given_; }
 
@@ -35,6 +38,6 @@ class CallContact {
 };
 
 /// Puts a new, empty contact into the variable of a caller who gave none.
-void giveEmptyContact(ContactArgument& argument, bool notInPIM);
+void giveEmptyContact(ContactArgument& argument, bool notInPIM, const ContactParts& parts);
 
 }  // namespace zelbar

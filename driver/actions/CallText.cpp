@@ -2,7 +2,6 @@
 
 #include "actions/CallInformation.h"
 #include "automation/OutlookNames.h"
-#include "core/DriverState.h"
 
 namespace zelbar {
 
@@ -25,15 +24,15 @@ std::wstring folderPath(const Object& item) {
 
 }  // namespace
 
-CallParty callPartyOf(const CallContact& contact, const wchar_t* asker, const wchar_t* notFoundLine) {
-    FLog& log = driver().log;
+CallParty callPartyOf(const ActionParts& parts, const CallContact& contact, const wchar_t* asker,
+                      const wchar_t* notFoundLine) {
+    FLog& log = parts.log;
     CallParty party;
     if (contact.NotInPIM()) {
         log.trace(L"Not in PIM: Reinit...");
     } else {
         party.item =
-            driver()
-                .outlook.GetContactFromID(contact.ContactId(), contact.StoreId(), asker, L"ExecuteAction")
+            parts.outlook.GetContactFromID(contact.ContactId(), contact.StoreId(), asker, L"ExecuteAction")
                 .item;
         if (party.item)
             party.name = party.item.text(outlook::FullName);
@@ -45,14 +44,14 @@ CallParty callPartyOf(const CallContact& contact, const wchar_t* asker, const wc
     return party;
 }
 
-std::wstring neutralCallText(const std::wstring& name) {
-    return driver().texts.translate(L"#05203#") + L" " + name;
+std::wstring neutralCallText(cLocalizedText& texts, const std::wstring& name) {
+    return texts.translate(L"#05203#") + L" " + name;
 }
 
-std::wstring callText(const std::wstring& type, const std::wstring& name) {
-    if (type == call::kOutgoing) return driver().texts.translate(L"#05207#") + L" " + name;
-    if (type == call::kIncoming) return name + L" " + driver().texts.translate(L"#05204#");
-    return neutralCallText(name);
+std::wstring callText(cLocalizedText& texts, const std::wstring& type, const std::wstring& name) {
+    if (type == call::kOutgoing) return texts.translate(L"#05207#") + L" " + name;
+    if (type == call::kIncoming) return name + L" " + texts.translate(L"#05204#");
+    return neutralCallText(texts, name);
 }
 
 std::wstring contactLink(const CallParty& party) {

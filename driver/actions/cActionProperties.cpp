@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "com/Enumerator.h"
-#include "core/DriverState.h"
 
 namespace zelbar {
 
@@ -64,11 +63,11 @@ size_t cActionProperties::positionOf(const Variant& index) const {
     return position;
 }
 
-Com<cActionProperties> makeActionProperties() noexcept {
+Com<cActionProperties> makeActionProperties(FLog& log) noexcept {
     try {
         return makeObject<cActionProperties>();
     } catch (...) {
-        driver().log.trace(L"Error in creating collection (ActionProperties)");
+        log.trace(L"Error in creating collection (ActionProperties)");
         return {};
     }
 }

@@ -5,6 +5,7 @@
 
 #include "actions/cActionProperty.h"
 #include "com/ActionPropertiesBorder.h"
+#include "support/FLog.h"
 
 namespace zelbar {
 
@@ -38,6 +39,6 @@ class cActionProperties final : public ActionPropertiesBorder<cActionProperties>
 };
 
 /// A new, empty collection; none, with a line in the log, when it cannot be made.
-Com<cActionProperties> makeActionProperties() noexcept;
+Com<cActionProperties> makeActionProperties(FLog& log) noexcept;
 
 }  // namespace zelbar

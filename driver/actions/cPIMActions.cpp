@@ -6,7 +6,6 @@
 #include "actions/ActionSendMail.h"
 #include "actions/ActionStoreInJournal.h"
 #include "com/Enumerator.h"
-#include "core/DriverState.h"
 
 namespace zelbar {
 
@@ -14,12 +13,13 @@ namespace {
 
 struct Kind {
     long id;
-    Com<::CallAction> (*make)();
+    Com<::CallAction> (*make)(const ActionParts& parts);
 };
 
 template <class Action>
 constexpr Kind kindOf() {
-    return {Action::kActionID, [] { return Com<::CallAction>(makeObject<Action>()); }};
+    return {Action::kActionID,
+            [](const ActionParts& parts) { return Com<::CallAction>(makeObject<Action>(parts)); }};
 }
 
 constexpr Kind kKinds[] = {kindOf<ActionOpenContact>(), kindOf<ActionCloseContact>(),
@@ -28,11 +28,11 @@ constexpr Kind kKinds[] = {kindOf<ActionOpenContact>(), kindOf<ActionCloseContac
 
 }  // namespace
 
-cPIMActions::cPIMActions() {
+cPIMActions::cPIMActions(const ActionParts& parts) : parts_(parts) {
     try {
-        for (const Kind& kind : kKinds) actions_.push_back({kind.id, kind.make()});
+        for (const Kind& kind : kKinds) actions_.push_back({kind.id, kind.make(parts_)});
     } catch (...) {
-        driver().log.fault(L"Error (Class_Initialize - PIMActions): ", caughtFault());
+        parts_.log.fault(L"Error (Class_Initialize - PIMActions): ", caughtFault());
     }
 }
 
@@ -50,12 +50,12 @@ Com<IUnknown> cPIMActions::PIMActions_NewEnum() const {
 
 Com<::CallAction> cPIMActions::PIMActions_NewAction(long id) const {
     for (const Kind& kind : kKinds)
-        if (kind.id == id) return kind.make();
+        if (kind.id == id) return kind.make(parts_);
     return {};
 }
 
-Com<::PIMActions> makeActions() {
-    return makeObject<cPIMActions>();
+Com<::PIMActions> makeActions(const ActionParts& parts) {
+    return makeObject<cPIMActions>(parts);
 }
 
 }  // namespace zelbar

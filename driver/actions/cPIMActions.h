@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "actions/ActionParts.h"
 #include "com/PIMActionsBorder.h"
 
 namespace zelbar {
@@ -12,7 +13,7 @@ namespace zelbar {
 class cPIMActions final : public PIMActionsBorder<cPIMActions> {
   public:
     /// Fills the collection; a kind that cannot be made ends that with a line in the log.
-    cPIMActions();
+    explicit cPIMActions(const ActionParts& parts);
 
     /// Holds one further object for as long as the collection lives; nothing reads it.
     void setFurtherObject(Com<IUnknown> object) { furtherObject_ = std::move(object); }
@@ -29,11 +30,12 @@ class cPIMActions final : public PIMActionsBorder<cPIMActions> {
         Com<::CallAction> action;
     };
 
+    const ActionParts parts_;
     std::vector<Entry> actions_;
     Com<IUnknown> furtherObject_;
 };
 
 /// A new collection of the driver's actions.
-Com<::PIMActions> makeActions();
+Com<::PIMActions> makeActions(const ActionParts& parts);
 
 }  // namespace zelbar

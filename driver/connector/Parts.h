@@ -1,5 +1,6 @@
 #pragma once
 
+#include "actions/ActionParts.h"
 #include "core/DriverState.h"
 #include "search/ContactParts.h"
 
@@ -7,5 +8,8 @@ namespace zelbar {
 
 /// What contacts use of the driver's state, and cursors for theirs.
 ContactParts contactParts(DriverState& state);
+
+/// What actions use of it.
+ActionParts actionParts(DriverState& state);
 
 }  // namespace zelbar

@@ -4,6 +4,7 @@
 
 #include "actions/cPIMActions.h"
 #include "automation/Attempts.h"
+#include "connector/Parts.h"
 #include "core/DriverState.h"
 #include "dialogs/FLogWindow.h"
 #include "dialogs/FTimer.h"
@@ -93,7 +94,7 @@ void startUp() noexcept {
         waitForAddIn();
         openCache(attempt);
         state.log.trace(L"Creating default ActionList...");
-        attempt([&] { state.actions = makeActions(); });
+        attempt([&] { state.actions = makeActions(actionParts(state)); });
         state.log.trace(L"Timer initialization");
         attempt([] { timerForm().Enabled(false); });
         attempt([] { timerForm().Interval(kTimerMilliseconds); });

@@ -22,7 +22,7 @@ ActionTest::ActionTest() {
 Com<::CallAction> ActionTest::action(long id,
                                      std::initializer_list<std::pair<const wchar_t*, Variant>> settings) {
     Com<IDispatch> made;
-    EXPECT_EQ(makeActions()->NewAction(id, made.put()), S_OK);
+    EXPECT_EQ(makeActions(actionParts(driver()))->NewAction(id, made.put()), S_OK);
     const auto result = made.as<::CallAction>();
     for (const auto& [key, value] : settings)
         EXPECT_EQ(settingOf(*result, key)->put_Value(value.raw()), S_OK);

@@ -20,7 +20,7 @@ std::wstring described(const Object& action) {
 }
 
 TEST_F(Model, EveryKindHasItsDefaultSettings) {
-    const Object actions = lateBound(makeActions());
+    const Object actions = lateBound(makeActions(actionParts(driver())));
     EXPECT_EQ(actions.integer({L"Count"}), 5);
     const std::pair<long, const wchar_t*> cases[] = {
         {kOpen,
