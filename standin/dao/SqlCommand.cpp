@@ -4,7 +4,6 @@
 #include "standin/dao/SqlDefinition.h"
 #include "standin/dao/SqlExpression.h"
 #include "standin/dao/SqlReader.h"
-#include "standin/dao/SqlSelect.h"
 
 namespace standin::dao {
 namespace {
@@ -54,22 +53,16 @@ Command translateInsert(SqlReader& reader) {
         sql += (&target == &targets.front() ? L"" : L", ") + quoted(target);
     sql += L") ";
 
+    reader.expectWord(L"VALUES", kBadInsert);
+    reader.expectSymbol(L"(", kBadInsert);
+    sql += L"VALUES (";
     std::size_t count = 0;
-    if (reader.isWord(L"SELECT")) {
-        const SelectPlan rows = translateSelect(reader);
-        sql += rows.rowsSql;
-        count = rows.fields.size();
-    } else {
-        reader.expectWord(L"VALUES", kBadInsert);
-        reader.expectSymbol(L"(", kBadInsert);
-        sql += L"VALUES (";
-        const std::vector<Source> none;
-        do {
-            sql += (count++ == 0 ? L"" : L", ") + ExpressionTranslator(reader, none).translate().sql;
-        } while (reader.acceptSymbol(L","));
-        reader.expectSymbol(L")", kBadInsert);
-        sql += L")";
-    }
+    const std::vector<Source> none;
+    do {
+        sql += (count++ == 0 ? L"" : L", ") + ExpressionTranslator(reader, none).translate().sql;
+    } while (reader.acceptSymbol(L","));
+    reader.expectSymbol(L")", kBadInsert);
+    sql += L")";
     if (count != targets.size()) raise(3346);
     return finish(reader, std::move(sql));
 }

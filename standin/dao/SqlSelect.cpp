@@ -150,13 +150,9 @@ bool isSelect(std::wstring_view sql) {
     return tokens.front().kind == TokenKind::word && sameText(tokens.front().text, L"SELECT");
 }
 
-SelectPlan translateSelect(SqlReader& reader) {
-    return SelectTranslator(reader).run();
-}
-
 SelectPlan translateSelect(std::wstring_view sql, const Schema& schema) {
     SqlReader reader(sql, schema);
-    SelectPlan plan = translateSelect(reader);
+    SelectPlan plan = SelectTranslator(reader).run();
     reader.expectEnd(3142);
     reader.raiseIfUnknown();
     return plan;

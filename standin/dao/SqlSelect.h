@@ -30,8 +30,4 @@ bool isSelect(std::wstring_view sql);
 SelectPlan translateSelect(std::wstring_view sql, const Schema& schema);
 SelectPlan selectWholeTable(const Table& table);
 
-/// The rows of an Insert statement: of the plan only the fields and rowsSql count, its values go to the
-/// reader.
-SelectPlan translateSelect(SqlReader& reader);
-
 }  // namespace standin::dao
