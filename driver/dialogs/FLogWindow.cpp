@@ -79,12 +79,12 @@ void LogForm::placeList() {
 
 void LogForm::add(const std::wstring& line, LogWindow::Follow follow) {
     // A user who has scrolled back is reading there.
-    const bool follows = follow == LogWindow::Follow::kScroll || showsNewest();
+    const bool follows = follow == LogWindow::Follow::Scroll || showsNewest();
     if (ask(LB_GETCOUNT) >= kMostLogLines) dropOldest();
     const LRESULT index = ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
     widenFor(line);
     if (follows) ask(LB_SETTOPINDEX, static_cast<WPARAM>(index));
-    if (follow == LogWindow::Follow::kRefresh) UpdateWindow(list());
+    if (follow == LogWindow::Follow::Refresh) UpdateWindow(list());
 }
 
 bool LogForm::showsNewest() const {

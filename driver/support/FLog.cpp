@@ -61,14 +61,14 @@ void FLog::CloseLog() noexcept {
 
 void FLog::Addlog(std::wstring_view text) noexcept {
     try {
-        write(dateText(currentDate()).append(L": ").append(text), LogWindow::Follow::kRefresh);
+        write(dateText(currentDate()).append(L": ").append(text), LogWindow::Follow::Refresh);
     } catch (...) {
         // Out of memory: the line is lost.
     }
 }
 
 void FLog::AddSimpleLog(std::wstring_view text) noexcept {
-    write(text, LogWindow::Follow::kScroll);
+    write(text, LogWindow::Follow::Scroll);
 }
 
 void FLog::write(std::wstring_view line, LogWindow::Follow follow) noexcept {

@@ -17,7 +17,7 @@ namespace zelbar {
 class LogWindow {
   public:
     /// How the window follows a new line: by painting itself at once, or by scrolling to the line.
-    enum class Follow { kRefresh, kScroll };
+    enum class Follow { Refresh, Scroll };
 
     virtual ~LogWindow() = default;
     virtual void show() noexcept = 0;

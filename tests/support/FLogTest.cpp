@@ -15,7 +15,7 @@ class Recorder : public LogWindow {
     void show() noexcept override { events.push_back(L"show"); }
     void clear() noexcept override { events.push_back(L"clear"); }
     void add(std::wstring_view line, Follow follow) noexcept override {
-        events.push_back((follow == Follow::kRefresh ? L"refresh " : L"scroll ") + std::wstring(line));
+        events.push_back((follow == Follow::Refresh ? L"refresh " : L"scroll ") + std::wstring(line));
     }
     std::vector<std::wstring> events;
 };
