@@ -10,4 +10,9 @@ ActionParts actionParts(DriverState& state) {
     return {state.log, state.outlook, state.texts, state.user, state.gateway, contactParts(state)};
 }
 
+ExportParts exportParts(DriverState& state) {
+    return {state.log,   state.gateway, state.outlook,  state.employees,
+            state.texts, state.user,    state.exporting};
+}
+
 }  // namespace zelbar

@@ -2,6 +2,7 @@
 
 #include "actions/ActionParts.h"
 #include "core/DriverState.h"
+#include "export/ExportParts.h"
 #include "search/ContactParts.h"
 
 namespace zelbar {
@@ -11,5 +12,8 @@ ContactParts contactParts(DriverState& state);
 
 /// What actions use of it.
 ActionParts actionParts(DriverState& state);
+
+/// What an export uses of it.
+ExportParts exportParts(DriverState& state);
 
 }  // namespace zelbar

@@ -168,13 +168,13 @@ void cDataConnector::DataConnector_CreateContact(const std::wstring& name, const
 bool cDataConnector::DataConnector_InitializeExportFolder(const std::wstring& databasePath,
                                                           const std::wstring& folderName,
                                                           const Com<IDispatch>& progress) {
-    return initializeExportFolder(databasePath, folderName, progress);
+    return initializeExportFolder(exportParts(driver()), databasePath, folderName, progress);
 }
 
 bool cDataConnector::DataConnector_SynchronizeExportFolder(const std::wstring& databasePath,
                                                            const std::wstring& folderName,
                                                            const Com<IDispatch>& progress) {
-    return synchronizeExportFolder(databasePath, folderName, progress);
+    return synchronizeExportFolder(exportParts(driver()), databasePath, folderName, progress);
 }
 
 }  // namespace zelbar

@@ -1,6 +1,5 @@
 #include "export/ContactCopy.h"
 
-#include "core/DriverState.h"
 #include "export/CategoryList.h"
 
 namespace zelbar {
@@ -41,12 +40,12 @@ ContactChanges changesFor(const ExportedContact& contact, const EmployeeRow& row
 }
 
 void addContact(const Object& items, const EmployeeRow& row, const ExportCategories& categories,
-                const AddressAccess& addresses) {
+                const AddressAccess& addresses, FLog& log) {
     const Object item = items.object(outlook::AddContact, outlook::kContactItemType);
     const Object properties = item.object(outlook::UserProperties);
     if (row.employeeId) setNumber(properties, kEmployeeIdProperty, *row.employeeId);
     if (row.categorieId) setNumber(properties, kCategorieIdProperty, *row.categorieId);
-    driver().log.trace(L"Before copyToContactItem c, rst, 1");
+    log.trace(L"Before copyToContactItem c, rst, 1");
     copyToContactItem(item, row, categories, addresses);
     item.call(outlook::Save);
 }

@@ -36,7 +36,7 @@ ContactChanges changesFor(const ExportedContact& contact, const EmployeeRow& row
 /// Adds a contact for the row and saves it; nothing stays behind in the folder when that fails. Throws what
 /// Outlook raises.
 void addContact(const Object& items, const EmployeeRow& row, const ExportCategories& categories,
-                const AddressAccess& addresses);
+                const AddressAccess& addresses, FLog& log);
 
 /// Writes the changes and saves the contact. Throws what Outlook raises.
 void applyChanges(const Object& item, const ContactChanges& changes);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "automation/Com.h"
+#include "export/ExportParts.h"
 
 namespace zelbar {
 
@@ -13,12 +14,12 @@ namespace zelbar {
 
 /// Copies every row of the directory into the export folder, which is made if there is none. The folder's
 /// contacts stay as they are: doing it again for the same folder makes every contact a second time.
-bool initializeExportFolder(const std::wstring& databasePath, const std::wstring& folderName,
-                            Com<IDispatch> client);
+bool initializeExportFolder(const ExportParts& parts, const std::wstring& databasePath,
+                            const std::wstring& folderName, Com<IDispatch> client);
 
 /// Makes the export folder the image of the directory: adds, changes and removes what differs, and nothing
 /// else. A folder that is gone is made anew if a name is given.
-bool synchronizeExportFolder(const std::wstring& databasePath, const std::wstring& folderName,
-                             Com<IDispatch> client);
+bool synchronizeExportFolder(const ExportParts& parts, const std::wstring& databasePath,
+                             const std::wstring& folderName, Com<IDispatch> client);
 
 }  // namespace zelbar

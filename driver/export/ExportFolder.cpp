@@ -4,7 +4,6 @@
 #include "automation/Fault.h"
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
-#include "core/DriverState.h"
 #include "export/ExportMapping.h"
 #include "support/Settings.h"
 #include "support/Text.h"
@@ -21,14 +20,14 @@ std::wstring configuredName() {
 
 /// One attempt to open the folder; what it says goes into the verdict over all attempts.
 template <class Question>
-void attempt(LookUp& answer, Question&& question) {
+void attempt(LookUp& answer, FLog& log, Question&& question) {
     try {
         Object folder = question();
         if (!folder) throw runtimeFault(fault::kObjectNotSet);
         answer = {LookUp::Verdict::Found, std::move(folder), {}};
     } catch (...) {
         const Fault fault = caughtFault();
-        driver().log.fault(L"Error (GetExportFolder): ", fault);
+        log.fault(L"Error (GetExportFolder): ", fault);
         if (saysItemGone(fault)) return;
         if (!answer.failed()) answer.fault = fault;
         answer.verdict = LookUp::Verdict::Failed;
@@ -66,8 +65,7 @@ void rememberNew(const Object& folder) {
 
 }  // namespace
 
-LookUp GetExportFolder() {
-    FLog& log = driver().log;
+LookUp GetExportFolder(FLog& log, OutlookConnection& outlook) {
     log.trace(L"IN GetExportFolder");
     // One of the ways in which settings are written makes a blank of an empty text.
     const std::wstring entryId(trimmed(getSetting(settings::kExportEntryId)));
@@ -78,13 +76,13 @@ LookUp GetExportFolder() {
     if (!entryId.empty() && !storeId.empty()) {
         log.trace(L"StoreId and StoreId <> 0");
         Object session;
-        attempt(answer, [&] {
-            session = driver().outlook.GetNameSpace();
+        attempt(answer, log, [&] {
+            session = outlook.GetNameSpace();
             return session.object(outlook::GetFolderFromID, entryId, storeId);
         });
         if (!answer.found()) {
             log.trace(L"oTargetfolder Is Nothing, try find oTargetfolder only with EntryId");
-            attempt(answer, [&] { return session.object(outlook::GetFolderFromID, entryId); });
+            attempt(answer, log, [&] { return session.object(outlook::GetFolderFromID, entryId); });
         }
     }
     if (answer.found()) {
@@ -97,11 +95,10 @@ LookUp GetExportFolder() {
     return answer;
 }
 
-Object createExportFolder(const std::wstring& name) {
-    DriverState& state = driver();
+Object createExportFolder(const ExportParts& parts, const std::wstring& name) {
     std::wstring chosen = name.empty() ? configuredName() : name;
-    if (chosen.empty()) chosen = state.texts.translate(categoryTextOf(ExportMode::Employee));
-    const Object parent = state.outlook.GetNameSpace()
+    if (chosen.empty()) chosen = parts.texts.translate(categoryTextOf(ExportMode::Employee));
+    const Object parent = parts.outlook.GetNameSpace()
                               .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
                               .object(outlook::Parent);
     saveSetting(settings::kIsNewWXDFolder, L"1");
@@ -112,9 +109,9 @@ Object createExportFolder(const std::wstring& name) {
     } catch (...) {
         const Fault fault = caughtFault();
         if (!nameIsTaken(parent, chosen)) throw fault;
-        state.log.fault(L"Error (createExportFolder): ", fault);
-        state.user.messageBox(
-            state.texts.translate(L"#07110#A folder with this name already exists. Please use another name."),
+        parts.log.fault(L"Error (createExportFolder): ", fault);
+        parts.user.messageBox(
+            parts.texts.translate(L"#07110#A folder with this name already exists. Please use another name."),
             kMessageTitle, MB_OK | MB_ICONEXCLAMATION);
         return {};
     }

@@ -16,36 +16,35 @@ constexpr Member kProgress{L"Progress"};
 
 }  // namespace
 
-ExportRun::ExportRun(const wchar_t* routine, Com<IDispatch> client) : routine_(routine) {
-    DriverState& state = driver();
-    if (state.exporting) throw Fault{kPermissionDenied, L"The export folder is being worked on.", routine};
-    if (client) client_ = Object(state.gateway, Server::Client, std::move(client), kUnknownClass);
-    categories_ = {state.texts.translate(categoryTextOf(ExportMode::PhoneSet)),
-                   state.texts.translate(categoryTextOf(ExportMode::Employee))};
-    state.exporting = true;
+ExportRun::ExportRun(const ExportParts& parts, const wchar_t* routine, Com<IDispatch> client)
+    : parts_(parts), routine_(routine) {
+    if (parts.exporting) throw Fault{kPermissionDenied, L"The export folder is being worked on.", routine};
+    if (client) client_ = Object(parts.gateway, Server::Client, std::move(client), kUnknownClass);
+    categories_ = {parts.texts.translate(categoryTextOf(ExportMode::PhoneSet)),
+                   parts.texts.translate(categoryTextOf(ExportMode::Employee))};
+    parts.exporting = true;
 }
 
 ExportRun::~ExportRun() {
-    driver().exporting = false;
+    parts_.exporting = false;
 }
 
 std::vector<EmployeeRow> ExportRun::readDirectory(const std::wstring& path) {
-    EmployeesDatabase& database = driver().employees;
-    database.open(path);
-    std::vector<EmployeeRow> rows = readEmployeeRows(database, [this] { yield(); });
+    parts_.employees.open(path);
+    std::vector<EmployeeRow> rows = readEmployeeRows(parts_.employees, [this] { yield(); });
     trace(L" rows of the directory: ", rows.size());
     return rows;
 }
 
 void ExportRun::add(const Object& items, const EmployeeRow& row, size_t line) {
-    guarded(line, [&] { addContact(items, row, categories_, addresses_); });
+    guarded(line, [&] { addContact(items, row, categories_, addresses_, parts_.log); });
 }
 
 void ExportRun::rowFailed(const Fault& fault, size_t line) {
     complete_ = false;
     outlookFailed_ = outlookFailed_ || saysOutlookFailed(fault);
-    driver().log.trace(L"cDataConnector.copyToContactItem", L" Error in ", fault.source, L". ",
-                       fault.description, L" (", fault.number, L") at line ", line);
+    parts_.log.trace(L"cDataConnector.copyToContactItem", L" Error in ", fault.source, L". ",
+                     fault.description, L" (", fault.number, L") at line ", line);
     if (saysServerGone(fault)) throw fault;
 }
 
@@ -73,7 +72,7 @@ void ExportRun::report() noexcept {
         client_.call(kProgress, step_, static_cast<long>(done_), static_cast<long>(total_));
     } catch (...) {
         // A client that cannot be told is not told again; the export is none the worse for it.
-        driver().log.fault(L"Error (export progress): ", caughtFault());
+        parts_.log.fault(L"Error (export progress): ", caughtFault());
         client_ = {};
     }
 }

@@ -7,8 +7,8 @@
 #include "automation/Fault.h"
 #include "automation/Object.h"
 #include "com/ModuleState.h"
-#include "core/DriverState.h"
 #include "export/ContactCopy.h"
+#include "export/ExportParts.h"
 
 namespace zelbar {
 
@@ -18,7 +18,7 @@ class ExportRun {
   public:
     /// `routine` begins the log lines. `client` is none, or an object with a method
     /// `Progress(Step, Done, Total)`. Throws when a run is under way already.
-    ExportRun(const wchar_t* routine, Com<IDispatch> client);
+    ExportRun(const ExportParts& parts, const wchar_t* routine, Com<IDispatch> client);
     ~ExportRun();
     ExportRun(const ExportRun&) = delete;
     ExportRun& operator=(const ExportRun&) = delete;
@@ -48,7 +48,7 @@ class ExportRun {
     /// A line behind the routine's name.
     template <class... Parts>
     void trace(const Parts&... parts) const {
-        driver().log.trace(routine_, parts...);
+        parts_.log.trace(routine_, parts...);
     }
 
     const ExportCategories& categories() const { return categories_; }
@@ -63,10 +63,11 @@ class ExportRun {
     void rowFailed(const Fault& fault, size_t line);
     void report() noexcept;
 
+    const ExportParts parts_;
     const wchar_t* routine_;
     Object client_;
     ExportCategories categories_;
-    AddressAccess addresses_;
+    AddressAccess addresses_{parts_.log};
     const wchar_t* step_ = L"";
     size_t done_ = 0;
     size_t total_ = 0;

@@ -4,7 +4,6 @@
 
 #include "automation/Fault.h"
 #include "automation/OutlookFaults.h"
-#include "core/DriverState.h"
 #include "support/Settings.h"
 
 namespace zelbar {
@@ -33,6 +32,11 @@ bool AddressAccess::allowed() const {
     return !refused_ && getSetting(settings::kNoEmailAddressAccess, L"0") == L"0";
 }
 
+void AddressAccess::refused(const Fault& fault) {
+    refused_ = true;
+    log_.fault(L"Error (e-mail addresses of the export folder are left alone): ", fault);
+}
+
 std::optional<ExportedContact> identifyExported(const Object& item) {
     if (item.objectClass() != outlook::kContact) return {};
     const Object properties = item.object(outlook::UserProperties);
@@ -59,8 +63,7 @@ std::optional<std::wstring> readGuarded(const Object& item, const Member& field,
         return item.text(field);
     } catch (const Fault& fault) {
         if (saysServerGone(fault)) throw;
-        addresses.refused();
-        driver().log.fault(L"Error (e-mail addresses of the export folder are left alone): ", fault);
+        addresses.refused(fault);
         return {};
     }
 }

@@ -5,6 +5,7 @@
 
 #include "automation/Object.h"
 #include "export/ExportMapping.h"
+#include "support/FLog.h"
 
 namespace zelbar {
 
@@ -22,10 +23,13 @@ struct ExportedContact {
 /// refuses, who is then not asked again.
 class AddressAccess {
   public:
+    explicit AddressAccess(FLog& log) : log_(log) {}
+
     bool allowed() const;
-    void refused() { refused_ = true; }
+    void refused(const Fault& fault);
 
   private:
+    FLog& log_;
     bool refused_ = false;
 };
 

@@ -1,21 +1,20 @@
 #include <utility>
 
-#include "core/DriverState.h"
 #include "export/Export.h"
 #include "export/ExportFolder.h"
 #include "export/ExportRun.h"
 
 namespace zelbar {
 
-bool initializeExportFolder(const std::wstring& databasePath, const std::wstring& folderName,
-                            Com<IDispatch> client) {
-    driver().log.trace(L"In InitializeExportFolder");
-    ExportRun run(L"cDataConnector.InitializeExportFolder", std::move(client));
+bool initializeExportFolder(const ExportParts& parts, const std::wstring& databasePath,
+                            const std::wstring& folderName, Com<IDispatch> client) {
+    parts.log.trace(L"In InitializeExportFolder");
+    ExportRun run(parts, L"cDataConnector.InitializeExportFolder", std::move(client));
     // A directory that cannot be read must not leave an empty folder behind.
     const std::vector<EmployeeRow> rows = run.readDirectory(databasePath);
-    LookUp folder = GetExportFolder();
+    LookUp folder = GetExportFolder(parts.log, parts.outlook);
     if (folder.failed()) throw folder.fault;
-    if (folder.gone()) folder.item = createExportFolder(folderName);
+    if (folder.gone()) folder.item = createExportFolder(parts, folderName);
     if (!folder.item) return false;
     const Object items = folder.item.object(outlook::Items);
     run.begin(L"add", rows.size());

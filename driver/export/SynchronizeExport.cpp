@@ -2,7 +2,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "core/DriverState.h"
 #include "export/Export.h"
 #include "export/ExportFolder.h"
 #include "export/ExportPlan.h"
@@ -175,19 +174,19 @@ class Synchronization {
 
 }  // namespace
 
-bool synchronizeExportFolder(const std::wstring& databasePath, const std::wstring& folderName,
-                             Com<IDispatch> client) {
-    driver().log.trace(kRoutine);
-    ExportRun run(kRoutine, std::move(client));
+bool synchronizeExportFolder(const ExportParts& parts, const std::wstring& databasePath,
+                             const std::wstring& folderName, Com<IDispatch> client) {
+    parts.log.trace(kRoutine);
+    ExportRun run(parts, kRoutine, std::move(client));
     std::vector<EmployeeRow> rows = run.readDirectory(databasePath);
-    LookUp folder = GetExportFolder();
+    LookUp folder = GetExportFolder(parts.log, parts.outlook);
     if (folder.failed()) throw folder.fault;
     if (folder.gone()) {
         if (folderName.empty()) throw Fault{fault::kObjectNotSet, L"There is no export folder.", kRoutine};
-        folder.item = createExportFolder(folderName);
+        folder.item = createExportFolder(parts, folderName);
     }
     if (!folder.item) return false;
-    Synchronization(run, driver().outlook.GetNameSpace(), folder.item, std::move(rows)).carryOut();
+    Synchronization(run, parts.outlook.GetNameSpace(), folder.item, std::move(rows)).carryOut();
     return run.complete();
 }
 
