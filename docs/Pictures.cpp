@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "connector/Parts.h"
 #include "connector/cDataConnector.h"
 #include "core/DriverState.h"
 #include "dialogs/Controls.h"
@@ -108,7 +109,7 @@ class Scene {
     Scene& operator=(const Scene&) = delete;
 
     void takeFolders() {
-        showFolderSelection();
+        showFolderSelection(windowParts(driver()));
         HWND window = topmost();
         serveUntil([&] { return IsWindowEnabled(GetDlgItem(window, IDOK)); });
         take(window, L"folders");
@@ -121,15 +122,16 @@ class Scene {
         DestroyWindow(window);
         // A store that has gone since: the list says so.
         registry_.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\Popup", L"InitPSTnumber", L"3");
-        showFolderSelection();
+        showFolderSelection(windowParts(driver()));
         window = topmost();
         serveUntil([&] { return IsWindowEnabled(GetDlgItem(window, IDOK)); });
         take(window, L"folders-changed");
         DestroyWindow(window);
     }
     void takeMessage() {
-        messageForm().ShowMessage(L"__NO_TITLE__", 0,
-                                  GetSystemErrorText(ERROR_FILE_NOT_FOUND) + L": C:\\Tools\\dial.exe 0123.");
+        messageForm(windowParts(driver()))
+            .ShowMessage(L"__NO_TITLE__", 0,
+                         GetSystemErrorText(ERROR_FILE_NOT_FOUND) + L": C:\\Tools\\dial.exe 0123.");
         take(topmost(), L"message");
         DestroyWindow(topmost());
     }

@@ -4,7 +4,6 @@
 
 #include "actions/CallInformation.h"
 #include "actions/ProgramStart.h"
-#include "dialogs/frmMessageForm.h"
 #include "search/TaggedValue.h"
 #include "support/mLogError.h"
 
@@ -36,11 +35,12 @@ std::wstring describe(const StartResult& result, const std::wstring& command) {
 
 /// Two starts that fail one after the other make one message: the open window keeps its text.
 void tellFailure(const UserDoor& user, const std::wstring& text) {
-    MessageWindow& window = user.messageWindow ? *user.messageWindow : messageForm();
-    if (window.isOpen())
-        window.Show();
+    MessageWindow* const window = user.messageWindow;
+    if (!window) return;
+    if (window->isOpen())
+        window->Show();
     else
-        window.ShowMessage(L"__NO_TITLE__", 0, text);
+        window->ShowMessage(L"__NO_TITLE__", 0, text);
 }
 
 }  // namespace

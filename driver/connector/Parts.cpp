@@ -15,4 +15,8 @@ ExportParts exportParts(DriverState& state) {
             state.texts, state.user,    state.exporting};
 }
 
+WindowParts windowParts(DriverState& state) {
+    return {state.module.title, state.log, state.gateway, state.outlook, state.languages, state.texts};
+}
+
 }  // namespace zelbar

@@ -2,6 +2,7 @@
 
 #include "actions/ActionParts.h"
 #include "core/DriverState.h"
+#include "dialogs/WindowParts.h"
 #include "export/ExportParts.h"
 #include "search/ContactParts.h"
 
@@ -15,5 +16,8 @@ ActionParts actionParts(DriverState& state);
 
 /// What an export uses of it.
 ExportParts exportParts(DriverState& state);
+
+/// What the windows use of it.
+WindowParts windowParts(DriverState& state);
 
 }  // namespace zelbar

@@ -8,6 +8,7 @@
 #include "core/DriverState.h"
 #include "dialogs/FLogWindow.h"
 #include "dialogs/FTimer.h"
+#include "dialogs/frmMessageForm.h"
 #include "support/Clock.h"
 #include "support/Settings.h"
 
@@ -48,7 +49,7 @@ void openLog(Attempts& attempt) {
     attempt([&] { state.languages.CurrentCharset(state.languages.GetChartset()); });
     const std::wstring banner = dateText(currentDate()) + L": * Driver startup *";
     state.pimInstalled = true;
-    state.log.window(&logWindow());
+    state.log.window(&logWindow(windowParts(state)));
     state.log.load();
     if (state.log.LogEnabled()) state.log.AddSimpleLog(banner);
     logLines({L"*************************", L"* Driver initialization *", L"*************************", L""});
@@ -93,9 +94,11 @@ void startUp() noexcept {
         state.log.trace(L"---> Waiting end of addin init.");
         waitForAddIn();
         openCache(attempt);
+        if (!state.user.messageWindow) state.user.messageWindow = &messageForm(windowParts(state));
         state.log.trace(L"Creating default ActionList...");
         attempt([&] { state.actions = makeActions(actionParts(state)); });
         state.log.trace(L"Timer initialization");
+        timerForm().Failed = [](const Fault& fault) { driver().log.fault(L"Error (FTimer): ", fault); };
         attempt([] { timerForm().Enabled(false); });
         attempt([] { timerForm().Interval(kTimerMilliseconds); });
         state.outlook.release();

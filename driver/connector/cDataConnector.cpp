@@ -92,7 +92,7 @@ void cDataConnector::DataConnector_ClosePIM() {
 
 void cDataConnector::DataConnector_ConfigPIM() {
     driver().log.trace(L"Select Outlook contacts folder...");
-    showFolderSelection();
+    showFolderSelection(windowParts(driver()));
 }
 
 Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wstring& entryId) {

@@ -26,7 +26,8 @@ struct UserDoor {
         return MessageBoxW(nullptr, text.c_str(), title.c_str(), flags | MB_TASKMODAL | MB_SETFOREGROUND);
     };
 
-    /// Where messages go that the client's work does not wait for; none stands for the driver's own window.
+    /// Where messages go that the client's work does not wait for. Start-up puts the driver's own window
+    /// here, unless there is another one.
     MessageWindow* messageWindow = nullptr;
 };
 

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "core/DriverState.h"
 #include "dialogs/Clipboard.h"
 #include "dialogs/Controls.h"
 #include "dialogs/DeviceContext.h"
@@ -29,8 +29,8 @@ constexpr int kLinesDroppedAtOnce = kMostLogLines / 10;
 
 class LogForm final : public Form {
   public:
-    LogForm() : Form(L"FLog") {}
-    static std::shared_ptr<LogForm> make();
+    explicit LogForm(const WindowParts& parts) : Form(L"FLog", parts) {}
+    static std::shared_ptr<LogForm> make(const WindowParts& parts);
     void clear() { ask(LB_RESETCONTENT); }
     void add(const std::wstring& line, LogWindow::Follow follow);
 
@@ -50,19 +50,18 @@ class LogForm final : public Form {
     LONG widest_ = 0;
 };
 
-std::shared_ptr<LogForm> LogForm::make() {
+std::shared_ptr<LogForm> LogForm::make(const WindowParts& parts) {
     const VisualStyles looks;
-    const auto form = std::make_shared<LogForm>();
+    const auto form = std::make_shared<LogForm>(parts);
     open(form, kDialogResource_FLog);
     return form;
 }
 
 void LogForm::load() {
-    DriverState& state = driver();
     dress({}, {});
-    SetWindowTextW(window(), (state.module.title + L" Log").c_str());
+    SetWindowTextW(window(), (parts_.title + L" Log").c_str());
     ModifyMenuW(GetMenu(window()), kMenu_Copy, MF_BYCOMMAND | MF_STRING, kMenu_Copy,
-                state.texts.translate(L"#07130#&Copy").c_str());
+                parts_.texts.translate(L"#07130#&Copy").c_str());
     DrawMenuBar(window());
     placeList();
 }
@@ -152,10 +151,12 @@ INT_PTR LogForm::handle(UINT message, WPARAM wide, LPARAM) {
 /// The way to the one window, which its user may have closed.
 class FLogWindow final : public LogWindow {
   public:
+    void use(const WindowParts& parts) { parts_.emplace(parts); }
+
     void show() noexcept override {
         quietly([this] {
             auto form = form_.lock();
-            if (!form) form_ = form = LogForm::make();
+            if (!form) form_ = form = LogForm::make(*parts_);
             ShowWindow(form->window(), SW_SHOWNOACTIVATE);
         });
     }
@@ -181,13 +182,16 @@ class FLogWindow final : public LogWindow {
         }
     }
 
+    std::optional<WindowParts> parts_;
     std::weak_ptr<LogForm> form_;
 };
 
 }  // namespace
 
-LogWindow& logWindow() {
-    return lasting<FLogWindow>();
+LogWindow& logWindow(const WindowParts& parts) {
+    auto& window = lasting<FLogWindow>();
+    window.use(parts);
+    return window;
 }
 
 }  // namespace zelbar

@@ -1,7 +1,5 @@
 #include "dialogs/FTimer.h"
 
-#include "automation/Fault.h"
-#include "core/DriverState.h"
 #include "module/OwnModule.h"
 #include "support/Lasting.h"
 
@@ -58,7 +56,7 @@ void CALLBACK FTimer::tick(HWND window, UINT, UINT_PTR id, DWORD) noexcept {
         const auto find = form.TimerFind;
         if (form.Mode == 1 && find) find();
     } catch (...) {
-        driver().log.fault(L"Error (FTimer): ", caughtFault());
+        if (form.Failed) form.Failed(caughtFault());
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+#include "automation/Fault.h"
+
 namespace zelbar {
 
 /// A hidden form with one timer. A tick comes through the client's message loop, and is the only one: the
@@ -30,6 +32,8 @@ class FTimer {
     /// In mode 1 a tick goes on with the search that is registered here.
     int Mode = 0;
     std::function<void()> TimerFind;
+    /// Is told when that fails.
+    std::function<void(const Fault&)> Failed;
 
   private:
     static void CALLBACK tick(HWND window, UINT message, UINT_PTR id, DWORD time) noexcept;

@@ -2,17 +2,16 @@
 
 #include "automation/Attempts.h"
 #include "automation/OutlookNames.h"
-#include "core/DriverState.h"
 
 namespace zelbar {
 
-cfolder makeContactsFolder(const cfolder& parent, const std::wstring& name) {
-    DriverState& state = driver();
-    const Object made = state.outlook.GetNameSpace()
+cfolder makeContactsFolder(OutlookConnection& outlook, FLog& log, const cfolder& parent,
+                           const std::wstring& name) {
+    const Object made = outlook.GetNameSpace()
                             .object(outlook::GetFolderFromID, parent.EntryId, parent.StoreID)
                             .object(outlook::Folders)
                             .object(outlook::AddFolder, name, outlook::kDefaultContacts);
-    Attempts attempt([&state](const Fault& fault) { state.log.fault(L"Error (frmOutListFolder): ", fault); });
+    Attempts attempt([&log](const Fault& fault) { log.fault(L"Error (frmOutListFolder): ", fault); });
     cfolder folder;
     folder.DisplayName = name;
     folder.StoreID = parent.StoreID;

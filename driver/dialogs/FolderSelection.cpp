@@ -2,12 +2,10 @@
 
 #include <utility>
 
-#include "core/DriverState.h"
-
 namespace zelbar {
 
-FolderSelection::FolderSelection()
-    : search_(std::make_unique<FolderSearch>(driver().gateway, driver().log, settings_.LimitPST())) {}
+FolderSelection::FolderSelection(Gateway& gateway, FLog& log)
+    : log_(log), search_(std::make_unique<FolderSearch>(gateway, log, settings_.LimitPST())) {}
 
 bool FolderSelection::search() noexcept {
     return search_ && search_->step();
@@ -25,8 +23,7 @@ void FolderSelection::load() {
     if (const auto stored = settings_.selection()) {
         const SelectionMatch match = applySelection(*stored, list);
         reinitialize_ = stored->reinitialize;
-        driver().log.trace(L"Nb folders in registry = ", match.stored, L" nb folders selected found = ",
-                           match.found);
+        log_.trace(L"Nb folders in registry = ", match.stored, L" nb folders selected found = ", match.found);
         storesChanged_ = complete_ && match.stored != match.found;
     } else {
         firstConfiguration_ = true;

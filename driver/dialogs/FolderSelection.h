@@ -13,7 +13,8 @@ namespace zelbar {
 /// read from Outlook and the settings when it is made, and only what is saved outlasts it.
 class FolderSelection {
   public:
-    FolderSelection();
+    /// Both must outlive the selection.
+    FolderSelection(Gateway& gateway, FLog& log);
 
     /// Goes on searching by one folder. False when all have been found.
     bool search() noexcept;
@@ -47,6 +48,7 @@ class FolderSelection {
     void save(bool reinitialize);
 
   private:
+    FLog& log_;
     FolderSettings settings_;
     StoredFolder exportFolder_ = settings_.exportFolder();
     std::unique_ptr<FolderSearch> search_;

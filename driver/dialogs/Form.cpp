@@ -1,6 +1,6 @@
 #include "dialogs/Form.h"
 
-#include "core/DriverState.h"
+#include "automation/Fault.h"
 #include "dialogs/WindowIcon.h"
 #include "module/OwnModule.h"
 
@@ -41,7 +41,7 @@ INT_PTR CALLBACK Form::procedure(HWND window, UINT message, WPARAM wide, LPARAM 
         return form->serve(message, wide, parameter);
     } catch (...) {
         const Fault fault = caughtFault();
-        driver().log.trace(L"Error (", form->name_, L"): ", fault.description, L" in ", fault.source);
+        form->parts_.log.trace(L"Error (", form->name_, L"): ", fault.description, L" in ", fault.source);
         return FALSE;
     }
 }
@@ -54,10 +54,10 @@ INT_PTR Form::serve(UINT message, WPARAM wide, LPARAM parameter) {
 }
 
 void Form::dress(std::initializer_list<Text> texts, std::initializer_list<Anchors::Anchor> anchors) {
-    font_ = ApplyCharset(window_, driver().languages.CurrentCharset());
+    font_ = ApplyCharset(window_, parts_.languages.CurrentCharset());
     for (const Text& line : texts)
         SetWindowTextW(line.control ? control(line.control) : window_,
-                       driver().texts.translate(line.text).c_str());
+                       parts_.texts.translate(line.text).c_str());
     if (anchors.size() > 0) anchors_.record(window_, anchors);
 }
 

@@ -10,6 +10,7 @@
 #include "dialogs/Anchors.h"
 #include "dialogs/DialogFont.h"
 #include "dialogs/DialogKeys.h"
+#include "dialogs/WindowParts.h"
 
 namespace zelbar {
 
@@ -27,7 +28,7 @@ class Form {
 
   protected:
     /// `name` stands in the log with what goes wrong.
-    explicit Form(const wchar_t* name) : name_(name) {}
+    Form(const wchar_t* name, const WindowParts& parts) : parts_(parts), name_(name) {}
 
     /// Makes the window of a dialog template, not yet visible. Throws when it cannot be made.
     static void open(const std::shared_ptr<Form>& form, int dialogTemplate);
@@ -53,6 +54,7 @@ class Form {
     /// Gives a modeless window its keys.
     void takeKeys() { keys_.emplace(window_); }
 
+    const WindowParts parts_;
     Font font_;
 
   private:

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "core/DriverState.h"
-
 namespace zelbar {
 
 namespace {
@@ -16,22 +14,22 @@ std::wstring filledIn(std::wstring text, std::wstring_view mark, size_t number) 
 
 }  // namespace
 
-std::wstring searchingText(size_t seen) {
-    const std::wstring text = driver().texts.translate(L"#07112#Searching for contacts folders...");
+std::wstring searchingText(cLocalizedText& texts, size_t seen) {
+    const std::wstring text = texts.translate(L"#07112#Searching for contacts folders...");
     return seen > 0 ? text + L" " + std::to_wstring(seen) : text;
 }
 
-std::wstring countText(const std::vector<cfolder*>& found) {
+std::wstring countText(cLocalizedText& texts, const std::vector<cfolder*>& found) {
     const auto checked =
         std::count_if(found.begin(), found.end(), [](const cfolder* folder) { return folder->IsSelected; });
-    const std::wstring text = driver().texts.translate(L"#07118#%1 of %2 checked");
+    const std::wstring text = texts.translate(L"#07118#%1 of %2 checked");
     return filledIn(filledIn(text, L"%1", static_cast<size_t>(checked)), L"%2", found.size());
 }
 
-std::wstring hintText(const FolderSelection& selection, size_t lines) {
+std::wstring hintText(cLocalizedText& texts, const FolderSelection& selection, size_t lines) {
     std::wstring result;
-    const auto say = [&result](const wchar_t* text) {
-        result += (result.empty() ? L"" : L" ") + driver().texts.translate(text);
+    const auto say = [&](const wchar_t* text) {
+        result += (result.empty() ? L"" : L" ") + texts.translate(text);
     };
     if (!selection.reached())
         say(L"#07113#Outlook is not running: its folders cannot be shown.");

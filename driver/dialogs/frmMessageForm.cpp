@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
-#include "core/DriverState.h"
 #include "dialogs/Controls.h"
 #include "dialogs/DeviceContext.h"
 #include "dialogs/Form.h"
@@ -20,8 +20,9 @@ constexpr wchar_t kNoTitle[] = L"__NO_TITLE__";
 
 class frmMessageForm final : public Form {
   public:
-    frmMessageForm() : Form(L"frmMessageForm") {}
-    static std::shared_ptr<frmMessageForm> make(const std::wstring& title, const std::wstring& text);
+    explicit frmMessageForm(const WindowParts& parts) : Form(L"frmMessageForm", parts) {}
+    static std::shared_ptr<frmMessageForm> make(const WindowParts& parts, const std::wstring& title,
+                                                const std::wstring& text);
     void show() const;
 
   private:
@@ -29,13 +30,14 @@ class frmMessageForm final : public Form {
     void layOut(const std::wstring& text);
 };
 
-std::shared_ptr<frmMessageForm> frmMessageForm::make(const std::wstring& title, const std::wstring& text) {
+std::shared_ptr<frmMessageForm> frmMessageForm::make(const WindowParts& parts, const std::wstring& title,
+                                                     const std::wstring& text) {
     const VisualStyles looks;
-    const auto form = std::make_shared<frmMessageForm>();
+    const auto form = std::make_shared<frmMessageForm>(parts);
     open(form, kDialogResource_frmMessageForm);
     form->takeKeys();
     form->dress({{IDOK, L"#01000#&OK"}}, {});
-    SetWindowTextW(form->window(), title == kNoTitle ? driver().module.title.c_str() : title.c_str());
+    SetWindowTextW(form->window(), title == kNoTitle ? parts.title.c_str() : title.c_str());
     form->layOut(text);
     return form;
 }
@@ -79,10 +81,12 @@ INT_PTR frmMessageForm::handle(UINT message, WPARAM wide, LPARAM) {
 /// The way to the one window that is open, if any.
 class MessageForms final : public MessageWindow {
   public:
+    void use(const WindowParts& parts) { parts_.emplace(parts); }
+
     bool isOpen() const noexcept override { return current() != nullptr; }
     void ShowMessage(const std::wstring& title, int, const std::wstring& text) override {
         if (const auto before = current()) DestroyWindow(before->window());
-        const auto form = frmMessageForm::make(title, text);
+        const auto form = frmMessageForm::make(*parts_, title, text);
         form_ = form;
         form->show();
     }
@@ -96,13 +100,16 @@ class MessageForms final : public MessageWindow {
         return form && form->window() ? form : nullptr;
     }
 
+    std::optional<WindowParts> parts_;
     std::weak_ptr<frmMessageForm> form_;
 };
 
 }  // namespace
 
-MessageWindow& messageForm() {
-    return lasting<MessageForms>();
+MessageWindow& messageForm(const WindowParts& parts) {
+    auto& forms = lasting<MessageForms>();
+    forms.use(parts);
+    return forms;
 }
 
 }  // namespace zelbar

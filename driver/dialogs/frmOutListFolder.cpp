@@ -4,7 +4,6 @@
 #include <string>
 #include <utility>
 
-#include "core/DriverState.h"
 #include "dialogs/Asking.h"
 #include "dialogs/Controls.h"
 #include "dialogs/FolderMaker.h"
@@ -22,8 +21,9 @@ constexpr UINT kTidy = WM_APP + 1;
 /// It works on a tree of its own: the window below it shows, and answers for, the other one meanwhile.
 class frmOutListFolder final : public Form {
   public:
-    explicit frmOutListFolder(FolderTree folders) : Form(L"frmOutListFolder"), folders_(std::move(folders)) {}
-    static void show(HWND owner, FolderSelection& selection);
+    frmOutListFolder(const WindowParts& parts, FolderTree folders)
+        : Form(L"frmOutListFolder", parts), folders_(std::move(folders)) {}
+    static void show(const WindowParts& parts, HWND owner, FolderSelection& selection);
 
   private:
     INT_PTR handle(UINT message, WPARAM wide, LPARAM parameter) override;
@@ -45,9 +45,9 @@ class frmOutListFolder final : public Form {
     bool asking_ = false;
 };
 
-void frmOutListFolder::show(HWND owner, FolderSelection& selection) {
+void frmOutListFolder::show(const WindowParts& parts, HWND owner, FolderSelection& selection) {
     const VisualStyles looks;
-    const auto form = std::make_shared<frmOutListFolder>(selection.tree());
+    const auto form = std::make_shared<frmOutListFolder>(parts, selection.tree());
     run(form, kDialogResource_frmOutListFolder, owner);
     if (form->modified_) selection.SetFoldersModified();
     selection.tree() = std::move(form->folders_);
@@ -124,7 +124,7 @@ void frmOutListFolder::load() {
 
 void frmOutListFolder::nameParent() {
     const auto parent = tree_.current();
-    std::wstring text = driver().texts.translate(L"#07122#New contacts folder below \"%1\":");
+    std::wstring text = parts_.texts.translate(L"#07122#New contacts folder below \"%1\":");
     const size_t place = text.find(L"%1");
     if (place != text.npos) text.replace(place, 2, parent ? folders_[*parent].folder.DisplayName : L"");
     SetWindowTextW(control(kControl_NameLabel), text.c_str());
@@ -157,17 +157,17 @@ void frmOutListFolder::create() {
     const std::wstring name = typedName();
     const auto parent = tree_.current();
     if (name.empty() || !parent || asking_) return;
-    cLocalizedText& texts = driver().texts;
+    cLocalizedText& texts = parts_.texts;
     if (isTaken(*parent, name)) {
         tell(texts.translate(L"#07110#A folder with this name already exists. Please use another name."));
         return;
     }
     const Asking asking(asking_);
     try {
-        made(*parent, makeContactsFolder(folders_[*parent].folder, name));
+        made(*parent, makeContactsFolder(parts_.outlook, parts_.log, folders_[*parent].folder, name));
     } catch (...) {
         const Fault fault = caughtFault();
-        driver().log.fault(L"Error (frmOutListFolder): ", fault);
+        parts_.log.fault(L"Error (frmOutListFolder): ", fault);
         tell(texts.translate(L"#07124#The folder could not be created.") + L"\r\n" + fault.description);
     }
 }
@@ -191,7 +191,7 @@ void frmOutListFolder::made(size_t parent, cfolder folder) {
     tree_.insert(folders_, place);
     folders_[place].folder.IsSelected = false;
     tell(readable ? std::wstring()
-                  : driver().texts.translate(
+                  : parts_.texts.translate(
                         L"#07125#The folder was created but cannot be read. Open this window again."));
     SetWindowTextW(control(kControl_Name), L"");
     focus(kControl_treeFolder);
@@ -199,8 +199,8 @@ void frmOutListFolder::made(size_t parent, cfolder folder) {
 
 }  // namespace
 
-void showFolderTree(HWND owner, FolderSelection& selection) {
-    frmOutListFolder::show(owner, selection);
+void showFolderTree(const WindowParts& parts, HWND owner, FolderSelection& selection) {
+    frmOutListFolder::show(parts, owner, selection);
 }
 
 }  // namespace zelbar

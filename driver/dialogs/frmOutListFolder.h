@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "dialogs/FolderSelection.h"
+#include "dialogs/WindowParts.h"
 
 namespace zelbar {
 
@@ -10,6 +11,6 @@ namespace zelbar {
 /// cannot be used meanwhile. With OK his choice goes into the selection. A folder that he makes is in Outlook
 /// at once, and afterwards in the selection's tree, whatever he does next. Throws when the window cannot be
 /// made.
-void showFolderTree(HWND owner, FolderSelection& selection);
+void showFolderTree(const WindowParts& parts, HWND owner, FolderSelection& selection);
 
 }  // namespace zelbar

@@ -5,7 +5,6 @@
 #include <memory>
 #include <vector>
 
-#include "core/DriverState.h"
 #include "dialogs/Asking.h"
 #include "dialogs/CheckList.h"
 #include "dialogs/Controls.h"
@@ -31,14 +30,14 @@ constexpr UINT kShowTree = WM_APP + 1;
 
 class frmOutSelFolder final : public Form {
   public:
-    frmOutSelFolder() : Form(L"frmOutSelFolder") {}
-    static void show();
+    explicit frmOutSelFolder(const WindowParts& parts) : Form(L"frmOutSelFolder", parts) {}
+    static void show(const WindowParts& parts);
 
   private:
     INT_PTR handle(UINT message, WPARAM wide, LPARAM parameter) override;
     INT_PTR command(int id);
 
-    static std::shared_ptr<frmOutSelFolder> make();
+    static std::shared_ptr<frmOutSelFolder> make(const WindowParts& parts);
     void comeBack();
     void load();
     void arrange();
@@ -63,17 +62,17 @@ class frmOutSelFolder final : public Form {
     bool closing_ = false;  // the user has closed the window while Outlook was asked
 };
 
-void frmOutSelFolder::show() {
+void frmOutSelFolder::show(const WindowParts& parts) {
     auto& last = lasting<std::weak_ptr<frmOutSelFolder>>();
     if (const auto form = last.lock(); form && form->window()) return form->comeBack();
-    const auto form = make();
+    const auto form = make(parts);
     last = form;
     form->load();
 }
 
-std::shared_ptr<frmOutSelFolder> frmOutSelFolder::make() {
+std::shared_ptr<frmOutSelFolder> frmOutSelFolder::make(const WindowParts& parts) {
     const VisualStyles looks;
-    const auto form = std::make_shared<frmOutSelFolder>();
+    const auto form = std::make_shared<frmOutSelFolder>(parts);
     open(form, kDialogResource_frmOutSelFolder);
     form->list_.attach(
         form->window(), kControl_listFolder,
@@ -141,7 +140,7 @@ INT_PTR frmOutSelFolder::command(int id) {
 }
 
 void frmOutSelFolder::load() {
-    driver().log.trace(L"frmOutSelFolder_Load()");
+    parts_.log.trace(L"frmOutSelFolder_Load()");
     arrange();
     takeKeys();
     ShowWindow(window(), SW_SHOWNORMAL);
@@ -174,13 +173,13 @@ void frmOutSelFolder::arrange() {
 void frmOutSelFolder::startSearch() {
     searching_ = true;
     found_.clear();
-    selection_ = std::make_unique<FolderSelection>();
+    selection_ = std::make_unique<FolderSelection>(parts_.gateway, parts_.log);
     list_.fill(0);
     focus(IDCANCEL);
     enable(false);
     ShowWindow(control(kControl_CmdRetry), SW_HIDE);
     SetWindowTextW(control(kControl_Count), L"");
-    hint(searchingText(0));
+    hint(searchingText(parts_.texts, 0));
     UpdateWindow(window());
     search(kFirstSliceMilliseconds);
 }
@@ -193,7 +192,7 @@ void frmOutSelFolder::search(DWORD milliseconds) {
     if (closing_) {
         DestroyWindow(window());
     } else if (more) {
-        hint(searchingText(selection_->seen()));
+        hint(searchingText(parts_.texts, selection_->seen()));
         SetTimer(window(), kSearchTimer, kPauseMilliseconds, nullptr);
     } else {
         searched();
@@ -233,11 +232,11 @@ void frmOutSelFolder::searched() {
 void frmOutSelFolder::fill(size_t current) {
     list_.fill(current);
     count();
-    hint(hintText(*selection_, found_.size()));
+    hint(hintText(parts_.texts, *selection_, found_.size()));
 }
 
 void frmOutSelFolder::count() {
-    SetWindowTextW(control(kControl_Count), countText(found_).c_str());
+    SetWindowTextW(control(kControl_Count), countText(parts_.texts, found_).c_str());
 }
 
 void frmOutSelFolder::hint(const std::wstring& text) {
@@ -255,7 +254,7 @@ void frmOutSelFolder::showTree() {
     if (searching_ || !IsWindowEnabled(window())) return;
     const auto line = list_.current();
     const std::wstring before = line ? found_[*line]->FullName : L"";
-    showFolderTree(window(), *selection_);
+    showFolderTree(parts_, window(), *selection_);
     found_ = selection_->folders();
     if (!window()) return;
     size_t current = found_.size();
@@ -280,8 +279,8 @@ void frmOutSelFolder::close() {
 
 }  // namespace
 
-void showFolderSelection() {
-    frmOutSelFolder::show();
+void showFolderSelection(const WindowParts& parts) {
+    frmOutSelFolder::show(parts);
 }
 
 }  // namespace zelbar

@@ -1,5 +1,3 @@
-#include "dialogs/frmMessageForm.h"
-
 #include <windows.h>
 
 #include "tests/actions/ActionTest.h"
@@ -10,6 +8,7 @@ namespace {
 
 class MessageForm : public ActionTest {
   protected:
+    MessageForm() { connector(); }
     /// The driver's windows on this thread.
     static std::vector<HWND> windowsOfDriver() {
         std::vector<HWND> result;
@@ -54,7 +53,7 @@ TEST_F(MessageForm, AFailedStartOpensOneWindowInFrontThatKeysAndTheButtonClose) 
         EXPECT_TRUE(textOf(GetDlgItem(window, 0)).ends_with(L": C:\\None\\one.exe."));
         close(window, GetDlgItem(window, IDOK));
         serveMessages();
-        EXPECT_FALSE(messageForm().isOpen());
+        EXPECT_FALSE(driver().user.messageWindow->isOpen());
         EXPECT_TRUE(windowsOfDriver().empty());
     }
 }

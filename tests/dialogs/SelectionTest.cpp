@@ -37,7 +37,7 @@ class Selection : public DialogTest, public testing::WithParamInterface<Case> {
   protected:
     static FolderSelection loaded() {
         driver().log.load();
-        FolderSelection selection;
+        FolderSelection selection(driver().gateway, driver().log);
         while (selection.search()) {
         }
         selection.load();

@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include "dialogs/frmMessageForm.h"
 #include "tests/dialogs/DialogTest.h"
 
 namespace zelbar {
@@ -66,7 +65,7 @@ TEST_F(TextFit, InAllLanguages) {
             expectAllFit(dialog);
             PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
         }));
-        messageForm().ShowMessage(L"Title", 0, L"Text");
+        driver().user.messageWindow->ShowMessage(L"Title", 0, L"Text");
         for (const HWND said : {list(), GetDlgItem(openDialogs().at(0), IDOK)}) {
             LOGFONTW font{};
             GetObjectW(reinterpret_cast<HFONT>(SendMessageW(said, WM_GETFONT, 0, 0)), sizeof(font), &font);
