@@ -7,15 +7,12 @@
 
 namespace zelbar {
 
-ExportTest::ExportTest()
-    : directory_(
-          gateway_.create(Server::Dao, L"DAO.DBEngine.36", dao::kEngine)
-              .object(dao::CreateDatabase, folder.file(L"wxd.mdb"), L";LANGID=0x0409;CP=1252;COUNTRY=0")) {
+ExportTest::ExportTest() {
+    gateway_.create(Server::Dao, L"DAO.DBEngine.36", dao::kEngine)
+        .object(dao::CreateDatabase, folder.file(L"wxd.mdb"), L";LANGID=0x0409;CP=1252;COUNTRY=0")
+        .call(dao::Close);
     std::wstring columns;
-    for (const wchar_t* name :
-         {L"FirstName", L"LastName", L"Department", L"EmailAddress", L"BusinessPhone", L"BusinessPhone2",
-          L"MobilePhone", L"HomePhone", L"PagerPhone", L"OtherPhone", L"BillingInformation"})
-        columns += std::wstring(L", ") + name + L" Text(80)";
+    for (const wchar_t* name : kColumns) columns += std::wstring(L", ") + name + L" Text(80)";
     sql({L"Create Table Employees (EmployeeId Long Primary Key, Categories Long" + columns + L")",
          L"Create Table BLFPagesContents (BLFpageId Long, EmployeeId Long, BindToEmployee YesNo)"});
     messages.clear();
@@ -25,15 +22,12 @@ ExportTest::ExportTest()
     };
 }
 
-void ExportTest::TearDown() {
-    directory_.call(dao::Close);
-    directory_ = {};
-    DriverTest::TearDown();
-}
-
 void ExportTest::sql(std::initializer_list<std::wstring> statements) {
     constexpr long kFailOnError = 128;
-    for (const std::wstring& statement : statements) directory_.call(dao::Execute, statement, kFailOnError);
+    const Object directory = gateway_.create(Server::Dao, L"DAO.DBEngine.36", dao::kEngine)
+                                 .object(dao::OpenDatabase, folder.file(L"wxd.mdb"));
+    for (const std::wstring& statement : statements) directory.call(dao::Execute, statement, kFailOnError);
+    directory.call(dao::Close);
 }
 
 void ExportTest::add(long id, long page, const std::vector<std::pair<std::wstring, std::wstring>>& columns) {
@@ -50,26 +44,6 @@ void ExportTest::add(long id, long page, const std::vector<std::pair<std::wstrin
 void ExportTest::fill(long count) {
     for (long id = 1; id <= count; ++id)
         add(id, 2, {{L"FirstName", L"Ann"}, {L"LastName", L"Employee " + std::to_wstring(id)}});
-}
-
-Object ExportTest::client() {
-    return Object(gateway_, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
-}
-
-bool ExportTest::initialize(const std::wstring& name, IDispatch* progress) {
-    return client().boolean(Member{L"InitializeExportFolder"}, folder.file(L"wxd.mdb"), name,
-                            Com<IDispatch>::share(progress));
-}
-
-bool ExportTest::synchronize(const std::wstring& name, IDispatch* progress) {
-    return client().boolean(Member{L"SynchronizeExportFolder"}, folder.file(L"wxd.mdb"), name,
-                            Com<IDispatch>::share(progress));
-}
-
-standin::outlook::FolderRecord ExportTest::folderCalled(const std::wstring& name) {
-    const auto found = mailbox.findFolder(root, name);
-    EXPECT_TRUE(found) << "no folder " << std::string(name.begin(), name.end());
-    return found.value_or(standin::outlook::FolderRecord{});
 }
 
 std::vector<ItemRecord> ExportTest::contacts(const std::wstring& name) {

@@ -10,12 +10,16 @@ using standin::outlook::ItemRecord;
 
 inline constexpr wchar_t kExportFolderKey[] = L"Software\\Norvane\\7316\\Popup\\outlook98\\TransfertFolder";
 
+/// The texts of an employee in the directory.
+inline constexpr const wchar_t* kColumns[] = {
+    L"FirstName",   L"LastName",  L"Department", L"EmailAddress", L"BusinessPhone",     L"BusinessPhone2",
+    L"MobilePhone", L"HomePhone", L"PagerPhone", L"OtherPhone",   L"BillingInformation"};
+
 /// The driver with a directory to export, wxd.mdb in the data folder.
 class ExportTest : public DriverTest {
   protected:
     ExportTest();
     void SetUp() override { connector(); }
-    void TearDown() override;
 
     /// Changes the directory.
     void sql(std::initializer_list<std::wstring> statements);
@@ -25,12 +29,17 @@ class ExportTest : public DriverTest {
     void fill(long count);
 
     /// The members, as a late-bound client calls them; what they answer.
-    bool initialize(const std::wstring& name = L"Staff", IDispatch* progress = nullptr);
-    bool synchronize(const std::wstring& name = L"", IDispatch* progress = nullptr);
-    Object client();
+    bool initialize(const std::wstring& name = L"Staff", IDispatch* progress = nullptr) {
+        return client().boolean(Member{L"InitializeExportFolder"}, folder.file(L"wxd.mdb"), name,
+                                Com<IDispatch>::share(progress));
+    }
+    bool synchronize(const std::wstring& name = L"", IDispatch* progress = nullptr) {
+        return client().boolean(Member{L"SynchronizeExportFolder"}, folder.file(L"wxd.mdb"), name,
+                                Com<IDispatch>::share(progress));
+    }
 
     /// A folder beside the default contacts folder.
-    standin::outlook::FolderRecord folderCalled(const std::wstring& name);
+    auto folderCalled(const std::wstring& name) { return mailbox.findFolder(root, name).value(); }
     std::vector<ItemRecord> contacts(const std::wstring& folder = L"Staff");
     /// The keys of the folder's contacts, sorted.
     Ids employeeIds(const std::wstring& folder = L"Staff");
@@ -42,8 +51,10 @@ class ExportTest : public DriverTest {
     static inline std::vector<std::wstring> messages;
 
   private:
+    Object client() {
+        return Object(gateway_, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
+    }
     Gateway gateway_;
-    Object directory_;
 };
 
 /// The text of a user property; empty when there is none.

@@ -7,45 +7,26 @@ namespace {
 
 constexpr HRESULT kBusy = static_cast<HRESULT>(0x80010001);
 
-TEST_F(ExportTest, RowsThatFailAreOneLineEachAndTheRestGoesOn) {
-    fill(6);
-    faults().failMember(L"ContactItem.Save", {E_FAIL, L"The operation failed."}, 1);
+TEST_F(ExportTest, WhatFailsIsOneLineAndTheRestGoesOn) {
+    fill(3);
+    faults().failMember(L"ContactItem.Save", {E_FAIL, L"No."}, 1);
     EXPECT_FALSE(initialize());
-    EXPECT_EQ(employeeIds(), (Ids{2, 3, 4, 5, 6}));
+    EXPECT_EQ(employeeIds(), (Ids{2, 3}));
     EXPECT_TRUE(
-        traced("cDataConnector.copyToContactItem Error in Microsoft Outlook. "
-               "The operation failed. (-2147467259) at line 1"));
-    EXPECT_TRUE(synchronize());
-    sql({L"Update Employees Set Department = \"New\" Where EmployeeId < 4",
-         L"Delete From Employees Where EmployeeId > 4"});
-    for (const wchar_t* member : {L"ContactItem.Save", L"ContactItem.Delete"})
-        faults().failMember(member, {E_ACCESSDENIED, L"No."}, 1);
-    EXPECT_FALSE(synchronize());
-    EXPECT_EQ(contacts().size(), 5u);
-    EXPECT_TRUE(synchronize());
-    EXPECT_EQ(employeeIds(), (Ids{1, 2, 3, 4}));
-    EXPECT_EQ(contacts().at(0).field(L"Department"), L"New");
-}
-
-TEST_F(ExportTest, AnItemThatCannotBeReadKeepsNobodyElseOut) {
-    fill(2);
-    EXPECT_TRUE(initialize());
-    sql({L"Delete From Employees Where EmployeeId = 2"});
-    add(3, 2);
-    const struct {
-        const wchar_t* member;
-        HRESULT code;
-        Ids ids;
-    } cases[] = {{L"ContactItem.EntryID", kBusy, {1, 2}},
-                 {L"ContactItem.Department", E_FAIL, {1, 3}},
-                 {L"ContactItem.EntryID", E_FAIL, {1, 1, 3}}};
-    for (const auto& c : cases) {
-        faults().failMember(c.member, {c.code, {}}, 1);
+        traced("cDataConnector.copyToContactItem Error in Microsoft Outlook. No. (-2147467259) at line 1"));
+    sql({L"Delete From Employees Where EmployeeId = 3"});
+    const std::tuple<const wchar_t*, HRESULT, Ids> cases[] = {
+        {L"ContactItem.EntryID", kBusy, {2, 3}},
+        {L"ContactItem.Delete", E_ACCESSDENIED, {1, 2, 3}},
+        {L"ContactItem.Department", E_FAIL, {1, 2}},
+        {L"ContactItem.EntryID", E_FAIL, {1, 2, 2}}};
+    for (const auto& [member, code, ids] : cases) {
+        faults().failMember(member, {code, {}}, 1);
         EXPECT_FALSE(synchronize());
-        EXPECT_EQ(employeeIds(), c.ids);
+        EXPECT_EQ(employeeIds(), ids);
     }
     EXPECT_TRUE(synchronize());
-    EXPECT_EQ(employeeIds(), (Ids{1, 3})) << "the double that this has made goes";
+    EXPECT_EQ(employeeIds(), (Ids{1, 2})) << "the double that this has made goes";
 }
 
 // One contact changes, one goes, one comes, and one is there twice.
@@ -75,9 +56,8 @@ TEST_F(ExportTest, WhereverOutlookFailsTheNextRunIsRight) {
         faults().clear();
         EXPECT_TRUE(synchronize());
         EXPECT_EQ(employeeIds(), (Ids{1, 3}));
-        std::wstring texts;
-        for (const auto& item : contacts()) texts += item.field(L"Department") + item.field(L"JobTitle");
-        EXPECT_EQ(texts, L"NewChess champion");
+        const auto kept = contacts().at(0);
+        EXPECT_EQ(kept.field(L"Department") + kept.field(L"JobTitle"), L"NewChess champion");
         return calls;
     };
     for (long call = fail(100'000); call > 0; call -= 4) fail(call);
@@ -86,16 +66,13 @@ TEST_F(ExportTest, WhereverOutlookFailsTheNextRunIsRight) {
 TEST_F(ExportTest, ADirectoryThatIsUnreadableOrEmptyRemovesNothing) {
     fill(3);
     EXPECT_TRUE(initialize());
-    const std::pair<const wchar_t*, const char*> broken[] = {
-        {L"Recordset.MoveNext", "Error (SynchronizeExportFolder): Broken. in "},
-        {L"Workspace.OpenDatabase", "Error (InitializeExportFolder): Broken. in "}};
-    for (const auto& [member, line] : broken) {
+    for (const wchar_t* member : {L"Recordset.MoveNext", L"Workspace.OpenDatabase"}) {
         driver().employees.close();
         dao.server().faults().failMember(member, {static_cast<HRESULT>(0x800A0BCD), L"Broken."});
         EXPECT_FALSE(synchronize() || initialize());
-        EXPECT_TRUE(traced(line)) << line;
         dao.server().faults().clear();
     }
+    EXPECT_TRUE(traced("Error (SynchronizeExportFolder): Broken. in "));
     sql({L"Delete From Employees"});
     EXPECT_TRUE(synchronize());
     EXPECT_EQ(employeeIds(), (Ids{1, 2, 3}));

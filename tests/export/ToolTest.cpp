@@ -7,7 +7,6 @@ namespace {
 
 using pimcall::ExitCode;
 using standin::outlook::ItemType;
-using standin::outlook::SpecialFolder;
 
 /// `pimcall export`, with this driver.
 class ExportTool : public ExportTest {
@@ -22,12 +21,15 @@ class ExportTool : public ExportTest {
         const pimcall::ProgramRun run(words, [this] { return pimcall::Driver(&connector()); });
         EXPECT_EQ(run.exitCode, exitCode) << run.error.c_str();
         EXPECT_NE((run.out + run.error).find(said), std::wstring::npos) << (run.out + run.error).c_str();
-        EXPECT_EQ(run.error.empty(), exitCode == ExitCode::Found);
         EXPECT_TRUE(messages.empty()) << "a scheduled run waits for nobody";
     }
     void forget() {
         for (const wchar_t* name : {L"EntryId", L"StoreId"})
             registry.set(HKEY_CURRENT_USER, kExportFolderKey, name, L"");
+    }
+    void discard() {
+        mailbox.moveFolder(folderCalled(L"Staff").id,
+                           mailbox.specialFolder(standin::outlook::SpecialFolder::DeletedItems).id);
     }
 };
 
@@ -36,41 +38,39 @@ TEST_F(ExportTool, SaysWhatIsTheMatterAndWhatToDo) {
     expect(ExitCode::Failed, L"There is no export folder", {L"sync"});
     expect(ExitCode::Failed, L"--folder NAME", {L"init"});
     const auto own = mailbox.addFolder(root, L"staff", ItemType::Mail);
-    for (const wchar_t* step : {L"init", L"sync"})
-        expect(ExitCode::Failed, L"There is a folder \"Staff\" already", {step, L"--folder", L"Staff"});
+    expect(ExitCode::Failed, L"There is a folder \"Staff\" already", {L"sync", L"--folder", L"Staff"});
     mailbox.eraseFolder(own.id);
     expect(ExitCode::Found, L"The employees are in the export folder.\n", {L"init", L"--folder", L"Staff"});
     expect(ExitCode::Found, L"{\"complete\":true}\n", {L"sync", L"--json"});
     EXPECT_EQ(employeeIds(), (Ids{1, 2}));
     faults().failMember(L"Items.Count", {E_FAIL, L"No."}, 1);
     expect(ExitCode::Failed, L"The export is not complete", {L"sync"});
-    mailbox.moveFolder(folderCalled(L"Staff").id, mailbox.specialFolder(SpecialFolder::DeletedItems).id);
-    for (const wchar_t* step : {L"init", L"sync"})
-        expect(ExitCode::Failed, L"lies in Deleted Items", {step, L"--folder", L"Staff"});
+    discard();
+    expect(ExitCode::Failed, L"lies in Deleted Items", {L"init", L"--folder", L"Staff"});
     faults().failCreation(REGDB_E_CLASSNOTREG);
     expect(ExitCode::Failed, L"starting Outlook", {L"sync"});
 }
 
 TEST_F(ExportTool, AnotherComputerAdoptsTheFolder) {
-    ASSERT_TRUE(initialize());
+    EXPECT_TRUE(initialize());
     forget();
     expect(ExitCode::Usage, L"--folder", {L"adopt"});
     expect(ExitCode::Failed, L"There is no contacts folder \"Firm\"", {L"adopt", L"--folder", L"Firm"});
     const auto own = mailbox.addFolder(root, L"Mine", ItemType::Contact);
     mailbox.addContact(own.id, {{L"LastName", L"A user's own"}});
     expect(ExitCode::Failed, L"no export has made", {L"adopt", L"--folder", L"Mine"});
-    const auto other = mailbox.addFolder(own.id, L"staff", ItemType::Contact);
+    mailbox.addFolder(own.id, L"staff", ItemType::Contact);
     expect(ExitCode::Failed, L"\\Personal Folders\\Mine\\staff", {L"adopt", L"--folder", L"Staff"});
-    expect(ExitCode::Found, L"\\Personal Folders\\Staff",
-           {L"adopt", L"--folder", L"\\Personal Folders\\Staff"});
-    mailbox.eraseFolder(other.id);
-    forget();
-    expect(ExitCode::Found, L"\\Personal Folders\\Staff", {L"adopt", L"--folder", L"staff"});
+    mailbox.eraseFolder(own.id);
+    for (const wchar_t* name : {L"\\Personal Folders\\Staff", L"staff"}) {
+        forget();
+        expect(ExitCode::Found, L"\\Personal Folders\\Staff", {L"adopt", L"--folder", name});
+    }
     sql({L"Delete From Employees Where EmployeeId = 2"});
     EXPECT_TRUE(synchronize());
     EXPECT_EQ(employeeIds(), Ids{1});
     forget();
-    mailbox.moveFolder(folderCalled(L"Staff").id, mailbox.specialFolder(SpecialFolder::DeletedItems).id);
+    discard();
     expect(ExitCode::Failed, L"lies in Deleted Items", {L"adopt", L"--folder", L"Staff"});
 }
 
