@@ -4,7 +4,6 @@
 
 #include "automation/Fault.h"
 #include "automation/OutlookNames.h"
-#include "core/DriverState.h"
 #include "support/Settings.h"
 
 namespace zelbar {
@@ -12,20 +11,19 @@ namespace zelbar {
 namespace {
 
 /// Throws when a folder is stored that Outlook does not open.
-void openStoredFolder() {
+void openStoredFolder(OutlookConnection& connection) {
     const std::wstring entryId = getSetting(settings::kEntryId, 1);
     const std::wstring storeId = getSetting(settings::kStoreId, 1);
     if (!entryId.empty() && !storeId.empty())
-        driver().outlook.GetNameSpace().object(outlook::GetFolderFromID, entryId, storeId);
+        connection.GetNameSpace().object(outlook::GetFolderFromID, entryId, storeId);
 }
 
 }  // namespace
 
-bool isFolderConfigured() noexcept {
-    FLog& log = driver().log;
+bool isFolderConfigured(FLog& log, OutlookConnection& connection, const ContactCache& cache) noexcept {
     try {
-        openStoredFolder();
-        const bool configured = driver().cache.fileExists();
+        openStoredFolder(connection);
+        const bool configured = cache.fileExists();
         log.trace(L"isFolderConfigured() :", configured);
         return configured;
     } catch (...) {

@@ -30,41 +30,39 @@ class BusyPointer {
     HCURSOR before_;
 };
 
-void logLines(std::initializer_list<const wchar_t*> lines) {
-    for (const wchar_t* line : lines) driver().log.trace(line);
+void logLines(FLog& log, std::initializer_list<const wchar_t*> lines) {
+    for (const wchar_t* line : lines) log.trace(line);
 }
 
 /// The add-in fills the cache when Outlook starts; what is opened before it has finished would be half full.
 /// It is given forty seconds.
-void waitForAddIn() {
+void waitForAddIn(const DriverState& state) {
     constexpr DWORD kStepMilliseconds = 200;
     for (int counter = 200;; --counter) {
         if (readSetting(settings::kSynchroInProgress) != L"1" || counter < 1) return;
-        driver().sleep(kStepMilliseconds);
+        state.sleep(kStepMilliseconds);
     }
 }
 
-void openLog(Attempts& attempt) {
-    DriverState& state = driver();
+void openLog(DriverState& state, Attempts& attempt) {
     attempt([&] { state.languages.CurrentCharset(state.languages.GetChartset()); });
     const std::wstring banner = dateText(currentDate()) + L": * Driver startup *";
     state.pimInstalled = true;
     state.log.window(&logWindow(windowParts(state)));
     state.log.load();
     if (state.log.LogEnabled()) state.log.AddSimpleLog(banner);
-    logLines({L"*************************", L"* Driver initialization *", L"*************************", L""});
+    logLines(state.log,
+             {L"*************************", L"* Driver initialization *", L"*************************", L""});
 }
 
-void connectToOutlook(Attempts& attempt) {
-    DriverState& state = driver();
+void connectToOutlook(DriverState& state, Attempts& attempt) {
     state.log.trace(L"Connecting to Outlook...");
     attempt([&] { state.outlook.connectApplication(); });
     state.log.trace(L"Connecting to Outlook...GetNameSpace");
     attempt([&] { state.outlook.connectNameSpace(); });
 }
 
-void openCache(Attempts& attempt) {
-    DriverState& state = driver();
+void openCache(DriverState& state, Attempts& attempt) {
     state.log.trace(L"Connecting to DAO...");
     attempt([&] { state.cache.openWorkspace(); });
     state.log.trace(L"Testing file existence (Connec00.mdb)...");
@@ -81,19 +79,18 @@ void openCache(Attempts& attempt) {
 
 }  // namespace
 
-void startUp() noexcept {
+void startUp(DriverState& state) noexcept {
     try {
-        DriverState& state = driver();
         const BusyPointer pointer;
         Attempts attempt([&state](const Fault& fault) {
             state.log.trace(L"Error(Class_Initialize - DataConnector): ", fault.description, L" in ",
                             fault.source, L"\r\nInit: Going on execution...");
         });
-        openLog(attempt);
-        connectToOutlook(attempt);
+        openLog(state, attempt);
+        connectToOutlook(state, attempt);
         state.log.trace(L"---> Waiting end of addin init.");
-        waitForAddIn();
-        openCache(attempt);
+        waitForAddIn(state);
+        openCache(state, attempt);
         if (!state.user.messageWindow) state.user.messageWindow = &messageForm(windowParts(state));
         state.log.trace(L"Creating default ActionList...");
         attempt([&] { state.actions = makeActions(actionParts(state)); });
@@ -103,16 +100,15 @@ void startUp() noexcept {
         attempt([] { timerForm().Interval(kTimerMilliseconds); });
         state.outlook.release();
         attempt([&] { state.texts.init(0); });
-        logLines({L"*****************************", L"* fin Driver initialization *",
-                  L"*****************************", L""});
+        logLines(state.log, {L"*****************************", L"* fin Driver initialization *",
+                             L"*****************************", L""});
     } catch (...) {
         // Not even memory for the log: the driver is there all the same, with what has been set up.
     }
 }
 
-void shutDown() noexcept {
+void shutDown(DriverState& state) noexcept {
     try {
-        DriverState& state = driver();
         Attempts attempt([&state](const Fault& fault) {
             state.log.fault(L"Outlook2000 driver, error(Class_Terminate): ", fault);
         });

@@ -19,16 +19,16 @@ constexpr long kOutlookPim = 0x1000;
 
 /// The default store, then the stores of the table; `storeTried` tells the last one. None when no store has
 /// it.
-Object itemInAnyStore(const std::wstring& entryId, std::wstring& storeTried) {
-    DriverState& state = driver();
+Object itemInAnyStore(OutlookConnection& connection, const StoreTable& stores, FLog& log,
+                      const std::wstring& entryId, std::wstring& storeTried) {
     Attempts attempt;
     Object session, item;
-    attempt.into(session, [&] { return state.outlook.GetNameSpace(); });
+    attempt.into(session, [&] { return connection.GetNameSpace(); });
     if (!session) return {};
     attempt.into(item, [&] { return session.object(outlook::GetItemFromID, entryId); });
     for (int i = 1; !item && i <= StoreTable::kEntries; ++i) {
-        state.log.trace(L"  GetContactByContactID: i=", i);
-        const std::wstring& store = state.cache.stores().at(i).storeId;
+        log.trace(L"  GetContactByContactID: i=", i);
+        const std::wstring& store = stores.at(i).storeId;
         if (store.empty()) break;
         storeTried = store;
         attempt.into(item, [&] { return session.object(outlook::GetItemFromID, entryId, store); });
@@ -37,22 +37,22 @@ Object itemInAnyStore(const std::wstring& entryId, std::wstring& storeTried) {
 }
 
 /// The folder that a client means; none for any other name.
-Object folderCalled(const std::wstring& name) {
+Object folderCalled(OutlookConnection& connection, const std::wstring& name) {
     long folder = 0;
     if (name == L"contacts") folder = outlook::kDefaultContacts;
     if (name == L"journal") folder = outlook::kDefaultJournal;
     if (folder == 0) return {};
-    return driver().outlook.GetNameSpace().object(outlook::GetDefaultFolder, folder);
+    return connection.GetNameSpace().object(outlook::GetDefaultFolder, folder);
 }
 
 }  // namespace
 
-cDataConnector::cDataConnector() : events_(*this, DIID___cDataConnector) {
-    startUp();
+cDataConnector::cDataConnector() : state_(driver()), events_(*this, DIID___cDataConnector) {
+    startUp(state_);
 }
 
 cDataConnector::~cDataConnector() {
-    shutDown();
+    shutDown(state_);
 }
 
 void* cDataConnector::further(REFIID id) noexcept {
@@ -60,47 +60,47 @@ void* cDataConnector::further(REFIID id) noexcept {
 }
 
 Com<IDispatch> cDataConnector::DataConnector_GetContactItemByContactItemID(const std::wstring& entryId) {
-    driver().log.trace(L"GetContactItemByContactItemID() ID=", entryId);
-    return driver().outlook.GetNameSpace().object(outlook::GetItemFromID, entryId).target();
+    state_.log.trace(L"GetContactItemByContactItemID() ID=", entryId);
+    return state_.outlook.GetNameSpace().object(outlook::GetItemFromID, entryId).target();
 }
 
 std::wstring cDataConnector::DataConnector_Version() {
-    if (!driver().pimInstalled) return L"0";
-    return driver().outlook.GetApp().text(outlook::Version);
+    if (!state_.pimInstalled) return L"0";
+    return state_.outlook.GetApp().text(outlook::Version);
 }
 
 bool cDataConnector::DataConnector_PIMInstalled() {
-    return driver().pimInstalled;
+    return state_.pimInstalled;
 }
 
 long cDataConnector::DataConnector_PIMName() {
-    return driver().pimInstalled ? kOutlookPim : 0;
+    return state_.pimInstalled ? kOutlookPim : 0;
 }
 
 Com<::PIMActions> cDataConnector::DataConnector_Actions() {
-    return driver().actions;
+    return state_.actions;
 }
 
 Com<cContactRecord> cDataConnector::DataConnector_OpenContactRecord() {
-    if (!driver().pimInstalled) return {};
-    return makeObject<cContactRecord>(contactParts(driver()), driver().cache);
+    if (!state_.pimInstalled) return {};
+    return makeObject<cContactRecord>(contactParts(state_), state_.cache);
 }
 
 void cDataConnector::DataConnector_ClosePIM() {
-    driver().outlook.release();
+    state_.outlook.release();
 }
 
 void cDataConnector::DataConnector_ConfigPIM() {
-    driver().log.trace(L"Select Outlook contacts folder...");
-    showFolderSelection(windowParts(driver()));
+    state_.log.trace(L"Select Outlook contacts folder...");
+    showFolderSelection(windowParts(state_));
 }
 
 Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wstring& entryId) {
-    FLog& log = driver().log;
+    FLog& log = state_.log;
     log.trace(L"GetContactByContactID: ID=", entryId);
-    auto contact = makeObject<cContact>(contactParts(driver()));
+    auto contact = makeObject<cContact>(contactParts(state_));
     std::wstring store;
-    const Object item = itemInAnyStore(entryId, store);
+    const Object item = itemInAnyStore(state_.outlook, state_.cache.stores(), log, entryId, store);
     if (!item) {
         contact->setNotInPIM(true);
         log.trace(L"GetContactByContactID: NOK");
@@ -114,14 +114,16 @@ Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wst
 }
 
 Variant cDataConnector::DataConnector_ExecuteCommand(const std::wstring& command) {
-    return command == L"isFolderConfigured" ? Variant(isFolderConfigured()) : Variant();
+    return command == L"isFolderConfigured"
+               ? Variant(isFolderConfigured(state_.log, state_.outlook, state_.cache))
+               : Variant();
 }
 
 /// True only when a new window had to be opened: that is what clients have always been told.
 bool cDataConnector::DataConnector_ShowFolder(const std::wstring& name) {
-    const Object folder = folderCalled(name);
+    const Object folder = folderCalled(state_.outlook, name);
     if (!folder) return false;
-    const Object explorer = driver().outlook.GetApp().object(outlook::ActiveExplorer);
+    const Object explorer = state_.outlook.GetApp().object(outlook::ActiveExplorer);
     if (!explorer) {
         folder.object(outlook::GetExplorer).call(outlook::Display);
         return true;
@@ -132,26 +134,25 @@ bool cDataConnector::DataConnector_ShowFolder(const std::wstring& name) {
 }
 
 Com<cContact> cDataConnector::DataConnector_GetActiveContact() {
-    if (!driver().pimInstalled) return {};
-    const Object inspector = driver().outlook.GetApp().object(outlook::ActiveInspector);
+    if (!state_.pimInstalled) return {};
+    const Object inspector = state_.outlook.GetApp().object(outlook::ActiveInspector);
     if (!inspector) return {};
-    auto contact = makeObject<cContact>(contactParts(driver()));
+    auto contact = makeObject<cContact>(contactParts(state_));
     contact->SetValues(inspector.object(outlook::CurrentItem));
     return contact;
 }
 
 void cDataConnector::DataConnector_WriteCache() {
-    driver().log.trace(L"############## REINITIALISER LE CACHE !!! ##############");
+    state_.log.trace(L"############## REINITIALISER LE CACHE !!! ##############");
 }
 
 void cDataConnector::DataConnector_CreateContact(const std::wstring& name, const std::wstring& number,
                                                  bool show) {
-    FLog& log = driver().log;
-    if (!driver().pimInstalled) return;
+    FLog& log = state_.log;
+    if (!state_.pimInstalled) return;
     log.trace(L"Contact creation asked by user: ", name, L" from ", number);
     try {
-        const Object item = driver()
-                                .outlook.GetNameSpace()
+        const Object item = state_.outlook.GetNameSpace()
                                 .object(outlook::GetDefaultFolder, outlook::kDefaultContacts)
                                 .object(outlook::Items)
                                 .object(outlook::AddContact, outlook::kContactItemType);
@@ -168,13 +169,13 @@ void cDataConnector::DataConnector_CreateContact(const std::wstring& name, const
 bool cDataConnector::DataConnector_InitializeExportFolder(const std::wstring& databasePath,
                                                           const std::wstring& folderName,
                                                           const Com<IDispatch>& progress) {
-    return initializeExportFolder(exportParts(driver()), databasePath, folderName, progress);
+    return initializeExportFolder(exportParts(state_), databasePath, folderName, progress);
 }
 
 bool cDataConnector::DataConnector_SynchronizeExportFolder(const std::wstring& databasePath,
                                                            const std::wstring& folderName,
                                                            const Com<IDispatch>& progress) {
-    return synchronizeExportFolder(exportParts(driver()), databasePath, folderName, progress);
+    return synchronizeExportFolder(exportParts(state_), databasePath, folderName, progress);
 }
 
 }  // namespace zelbar

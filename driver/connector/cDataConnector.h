@@ -7,6 +7,8 @@
 
 namespace zelbar {
 
+struct DriverState;
+
 /// The entry object: creating it brings the driver up, its end shuts the driver down, and its members are
 /// what the client asks of a contacts driver.
 class cDataConnector final : public DataConnectorBorder<cDataConnector> {
@@ -37,6 +39,7 @@ class cDataConnector final : public DataConnectorBorder<cDataConnector> {
   private:
     void* further(REFIID id) noexcept override;
 
+    DriverState& state_;
     ConnectionPoint events_;
 };
 
