@@ -1,4 +1,5 @@
-# The two libraries we do not write ourselves. Both are compiled from source, with their own warnings off.
+# Libraries that we do not write ourselves, compiled from source with their own warnings off. (libphonenumber:
+# PhoneNumber.cmake.)
 
 set(GTEST_SOURCE_DIR /usr/src/googletest/googletest CACHE PATH "GoogleTest's source folder")
 add_library(gtest STATIC EXCLUDE_FROM_ALL "${GTEST_SOURCE_DIR}/src/gtest-all.cc")
