@@ -45,6 +45,8 @@ file(GLOB_RECURSE our_sources CONFIGURE_DEPENDS
     client/*.cpp
     filler/*.h
     filler/*.cpp
+    numbers/*.h
+    numbers/*.cpp
     tests/*.h
     tests/*.cpp
     fuzz/*.h

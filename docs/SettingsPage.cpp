@@ -26,6 +26,12 @@ std::string nameOf(const Setting& setting) {
     return setting.numbered ? "`" + name + "1`, `" + name + "2`, ..." : "`" + name + "`";
 }
 
+std::string meaningOf(const Setting& setting) {
+    return narrow(setting.meaning) +
+           (setting.machineDefault ? " The same value below `HKEY_LOCAL_MACHINE` is the default of all users."
+                                   : "");
+}
+
 const char* typeOf(const Setting& setting) {
     switch (setting.type) {
         case Setting::Type::Switch:
@@ -60,6 +66,6 @@ int main() {
         }
         std::printf("| %s | %s | %s | %s | %s | %s |\n", nameOf(*setting).c_str(), typeOf(*setting),
                     narrow(setting->absent).c_str(), narrow(setting->readers).c_str(),
-                    narrow(setting->writers).c_str(), narrow(setting->meaning).c_str());
+                    narrow(setting->writers).c_str(), meaningOf(*setting).c_str());
     }
 }

@@ -2,6 +2,7 @@
 
 #include "support/CRegSettings.h"
 #include "support/Registry.h"
+#include "support/Text.h"
 
 namespace zelbar {
 
@@ -31,6 +32,13 @@ std::wstring keyOf(const Setting& setting, const std::wstring& company) {
 
 std::wstring readSetting(const Setting& setting, const std::wstring& company) {
     return RegReadString(rootOf(setting), keyOf(setting, company), setting.name);
+}
+
+std::wstring userOrMachineSetting(const Setting& setting) {
+    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
+        if (const auto value = trimmed(RegReadString(root, keyOf(setting), setting.name)); !value.empty())
+            return std::wstring(value);
+    return {};
 }
 
 bool writeSetting(const Setting& setting, const std::wstring& value) {

@@ -12,6 +12,8 @@ std::wstring keyOf(const Setting& setting, const std::wstring& company = kCompan
 
 /// A setting's text as `RegReadString` gives it: empty when there is none. Read anew at each call.
 std::wstring readSetting(const Setting& setting, const std::wstring& company = kCompany);
+/// The user's own value, else the machine's; blanks around it are dropped.
+std::wstring userOrMachineSetting(const Setting& setting);
 /// Writes as `RegWriteString` does. False when the registry refuses.
 bool writeSetting(const Setting& setting, const std::wstring& value);
 

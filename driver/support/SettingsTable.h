@@ -26,6 +26,7 @@ struct Setting {
     const wchar_t* meaning;
     bool numbered = false;        ///< There are several: name1, name2, ...
     bool versionCompany = false;  ///< The company is that of the module's version information.
+    bool machineDefault = false;  ///< The same value below HKEY_LOCAL_MACHINE serves users who have none.
 };
 
 namespace settings {
@@ -88,6 +89,56 @@ inline constexpr Setting kLimitPST{
     L"driver, fillcache",
     L"administrator",
     L"The highest number of Outlook stores that are searched, never more than 100."};
+
+inline constexpr Setting kCountry{CurrentUser,
+                                  L"7316\\Popup",
+                                  L"",
+                                  L"Country",
+                                  Text,
+                                  L"Windows' dialling location, else its region",
+                                  L"fillcache, pimcall",
+                                  L"administrator",
+                                  L"The country of the user's telephone, two letters: DE.",
+                                  false,
+                                  false,
+                                  true};
+inline constexpr Setting kAreaCode{CurrentUser,
+                                   L"7316\\Popup",
+                                   L"",
+                                   L"AreaCode",
+                                   Text,
+                                   L"not known",
+                                   L"fillcache, pimcall",
+                                   L"administrator",
+                                   L"The telephone's area code without the trunk prefix: 89.",
+                                   false,
+                                   false,
+                                   true};
+inline constexpr Setting kOutsideLine{CurrentUser,
+                                      L"7316\\Popup",
+                                      L"",
+                                      L"OutsideLine",
+                                      Text,
+                                      L"none",
+                                      L"fillcache, pimcall",
+                                      L"administrator",
+                                      L"The digits that the telephone system puts before a caller's number.",
+                                      false,
+                                      false,
+                                      true};
+inline constexpr Setting kNumbersWithoutPrefix{
+    CurrentUser,
+    L"7316\\Popup",
+    L"",
+    L"NumbersWithoutPrefix",
+    Text,
+    L"unknown",
+    L"fillcache, pimcall",
+    L"administrator",
+    L"What a caller's number without + and without prefix is: international, national or unknown.",
+    false,
+    false,
+    true};
 
 inline constexpr Setting kEntryId{CurrentUser,
                                   L"7316\\Popup",
@@ -233,6 +284,10 @@ inline constexpr std::array kAll = {
     &kSynchroProcess,
     &kInitPSTnumber,
     &kLimitPST,
+    &kCountry,
+    &kAreaCode,
+    &kOutsideLine,
+    &kNumbersWithoutPrefix,
     &kEntryId,
     &kStoreId,
     &kSelectId,
