@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <utility>
 
@@ -33,6 +34,10 @@ struct CacheSearch {
     const bool unified;  ///< The client's unified search: business numbers only.
     Object rows;         ///< None until the query has been opened, or when it could not be.
     short matchCount = 0;
+    /// The contacts that a walk has met since the query or since it turned: a contact's rows need not be
+    /// neighbours, as those of a number's other forms have no name.
+    std::set<std::wstring> met;
+    const void* direction = nullptr;  ///< The one of that walk; null for none.
 };
 
 }  // namespace zelbar

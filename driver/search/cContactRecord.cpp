@@ -224,6 +224,8 @@ Com<::Contact> cContactRecord::walk(const Search& search, const Direction& direc
     // The current row may be one that was just deleted; then there is no contact to pass over.
     std::wstring passed;
     const bool hasPassed = Attempts().into(passed, [&] { return columnText(rows, L"EntryId"); });
+    if (std::exchange(search->direction, &direction) != &direction) search->met.clear();
+    if (hasPassed) search->met.insert(passed);
     while (advance(search, direction)) {
         CacheRow row;
         Attempts attempt;
@@ -231,7 +233,7 @@ Com<::Contact> cContactRecord::walk(const Search& search, const Direction& direc
             if (attempt.last().number == dao::kRecordIsDeleted) continue;
             throw attempt.last();
         }
-        if (hasPassed && row.entryId == passed) continue;
+        if (search->met.count(row.entryId)) continue;
         const LookUp found = lookUp(row, direction.name);
         if (found.gone()) {
             deleteStaleRow(rows, row, parts_.log, parts_.paths);
@@ -248,6 +250,7 @@ void cContactRecord::ContactRecord_MoveFirst() {
     const Search search = search_;
     if (!search || !search->rows) return;
     search->rows.call(dao::MoveFirst);
+    search->direction = nullptr;
     refreshEnds(search);
     setCurrentContact(search, {});
 }
@@ -257,6 +260,7 @@ void cContactRecord::ContactRecord_MoveLast() {
     const Search search = search_;
     if (!search || !search->rows) return;
     search->rows.call(dao::MoveLast);
+    search->direction = nullptr;
     refreshEnds(search);
     setCurrentContact(search, {});
     const CacheRow row = CacheRow::read(search->rows);

@@ -92,6 +92,20 @@ TEST_F(Cursor, WalksTheContactsBothWaysEachOnce) {
     EXPECT_EQ(dao.server().calls().invocations(L"Database.OpenRecordset"), queries + 1) << "asked anew";
 }
 
+TEST_F(Cursor, RowsWithoutANameBringNoContactASecondTime) {
+    const TestRow ada = addListed(L"Ada", L"Byron", L"089 12"), ben = addListed(L"Ben", L"Carter", L"089 13");
+    open(
+        {ada, {L"", L"08912", ada.entryId}, {L"", L"08913", ben.entryId}, {L"", L"+4989", ada.entryId}, ben});
+    EXPECT_EQ(walk(0, L"*"), L"Ada Ben ");
+    EXPECT_EQ(state(), "E5");
+    EXPECT_EQ(fullName(previous()), L"Carter, Ben");
+    EXPECT_EQ(fullName(previous()), L"Byron, Ada");
+    EXPECT_EQ(fullName(next()), L"Carter, Ben") << "after a turn";
+    EXPECT_FALSE(next());
+    EXPECT_EQ(walk(1, L"*"), L"Ada Ben ");
+    EXPECT_EQ(state(), "E2") << "no search by name sees them";
+}
+
 TEST_F(Cursor, MoreHitsThanClientsCanCountAreFoundAllTheSame) {
     open(std::vector<TestRow>(32768, addListed(L"Ada", L"Byron", L"1")));
     EXPECT_EQ(fullName(first(0, L"1")), L"Byron, Ada");
