@@ -28,15 +28,17 @@ struct Difference {
 /// Opened to be changed, the table is made to hold what the target says; opened to be read, the difference is
 /// only counted.
 Difference reconcile(const Object& database, const Target& target, CacheTable::Use use, Observer& observer) {
-    std::map<Record, long> missing;
-    for (const Record& record : target.records) ++missing[record];
+    // By address: a large address book's rows fill a good part of what a process of 32 bits has.
+    const auto isBefore = [](const Record* one, const Record* other) { return *one < *other; };
+    std::map<const Record*, long, decltype(isBefore)> missing(isBefore);
+    for (const Record& record : target.records) ++missing[&record];
     Difference difference;
     const CacheTable table(database, target.layout, use);
     for (; !table.atEnd(); table.next()) {
         goOn(observer);
         const std::optional<Record> row = table.current();
         if (!row) continue;
-        if (const auto wanted = missing.find(*row); wanted != missing.end()) {
+        if (const auto wanted = missing.find(&*row); wanted != missing.end()) {
             if (--wanted->second == 0) missing.erase(wanted);
         } else if (!target.keeps(*row)) {
             ++difference.removed;
@@ -50,7 +52,7 @@ Difference reconcile(const Object& database, const Target& target, CacheTable::U
             ++difference.added;
             if (use == CacheTable::Use::Read) continue;
             goOn(observer);
-            table.add(record);
+            table.add(*record);
             observer.progress(L"Writing the cache", difference.added, total);
         }
     }
@@ -67,7 +69,19 @@ std::vector<StoreKey> knownKeys(const CacheFile& file) {
     return keys;
 }
 
-std::vector<Target> targetsOf(const AddressBook& book, const std::vector<StoreKey>& keys) {
+/// A contact's rows: its numbers as they stand, and without a name their other forms, each once.
+void addRows(const Contact& contact, const std::wstring& storeKey, const numbers::PresentedForms& forms,
+             std::vector<Record>& rows) {
+    std::set<std::wstring> written(contact.numbers.begin(), contact.numbers.end());
+    for (const std::wstring& number : contact.numbers)
+        rows.push_back({contact.name, number, contact.entryId, storeKey});
+    for (const std::wstring& number : contact.numbers)
+        for (const std::wstring& form : forms.of(number))
+            if (written.insert(form).second) rows.push_back({L"", form, contact.entryId, storeKey});
+}
+
+std::vector<Target> targetsOf(const AddressBook& book, const std::vector<StoreKey>& keys,
+                              const numbers::PresentedForms& forms, Observer& observer) {
     Target stores{storeLayout(), {}, [](const Record&) { return false; }};
     for (const StoreKey& key : keys) stores.records.push_back({key.index, key.storeId});
 
@@ -79,9 +93,8 @@ std::vector<Target> targetsOf(const AddressBook& book, const std::vector<StoreKe
                        return partlyRead.count(row[3]) > 0 || unreadable.count({row[2], row[3]}) > 0;
                    }};
     for (const AddressBook::Entry& entry : book.contacts) {
-        for (const std::wstring& number : entry.contact.numbers)
-            numbers.records.push_back(
-                {entry.contact.name, number, entry.contact.entryId, keys[entry.store].index});
+        goOn(observer);
+        addRows(entry.contact, keys[entry.store].index, forms, numbers.records);
     }
     return {std::move(stores), std::move(numbers)};
 }
@@ -118,15 +131,17 @@ CacheChange write(CacheFile& file, const std::vector<Target>& targets, Observer&
 
 }  // namespace
 
-CacheChange updateCache(CacheFile& file, const AddressBook& book, SynchroFlag& flag, Observer& observer) {
+CacheChange updateCache(CacheFile& file, const AddressBook& book, const numbers::PresentedForms& forms,
+                        SynchroFlag& flag, Observer& observer) {
     const std::vector<StoreKey> keys = storeKeys(knownKeys(file), book.storeIds, book.listedStores);
-    const std::vector<Target> targets = targetsOf(book, keys);
+    const std::vector<Target> targets = targetsOf(book, keys, forms, observer);
     CacheChange change;
     if (!isUpToDate(file, targets, observer)) {
         flag.raise();
         change = write(file, targets, observer);
     }
-    change.numberCount = static_cast<long>(targets.back().records.size());
+    for (const AddressBook::Entry& entry : book.contacts)
+        change.numberCount += static_cast<long>(entry.contact.numbers.size());
     return change;
 }
 

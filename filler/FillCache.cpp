@@ -7,6 +7,7 @@
 #include "filler/FolderChoice.h"
 #include "filler/Photos.h"
 #include "filler/SynchroFlag.h"
+#include "numbers/PresentedForms.h"
 #include "support/Module.h"
 #include "support/mLogError.h"
 #include "support/modMultiUser.h"
@@ -20,7 +21,7 @@ std::wstring counted(long count, const wchar_t* one, const wchar_t* many) {
 
 }  // namespace
 
-FillResult fillCache(Observer& observer) {
+FillResult fillCache(Observer& observer, const numbers::Place& place) {
     const zelbar::Module module = zelbar::thisModule();
     zelbar::mLogError errors(module);
     zelbar::modMultiUser paths(module, errors);
@@ -32,7 +33,7 @@ FillResult fillCache(Observer& observer) {
         // Before Outlook, which takes minutes: a cache that cannot be written is told at once.
         CacheFile file(gateway, path);
         const AddressBook book = readAddressBook(gateway, choice, observer);
-        const CacheChange change = updateCache(file, book, flag, observer);
+        const CacheChange change = updateCache(file, book, numbers::PresentedForms(place), flag, observer);
         if (book.isComplete() && paths.IsPerUserPath()) removeOldPhotos(paths.DataPath(), book);
         if (flag.isOthers())
             observer.note(

@@ -4,6 +4,7 @@
 
 #include "filler/CacheUpdate.h"
 #include "filler/Observer.h"
+#include "numbers/Place.h"
 
 namespace filler {
 
@@ -19,8 +20,8 @@ struct FillResult {
 
 /// Reads Outlook and brings the cache up to date; COM must be there. Where the data folder is the user's own,
 /// photos of contacts that a complete cache does not hold are deleted. Throws a Failure, and the cache stays
-/// as it was.
-FillResult fillCache(Observer& observer);
+/// as it was. `place` says how the user's telephone system presents numbers.
+FillResult fillCache(Observer& observer, const numbers::Place& place);
 
 /// The result as sentences, one a line.
 std::wstring describe(const FillResult& result);

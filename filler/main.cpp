@@ -3,10 +3,10 @@
 #include <objbase.h>
 
 #include <string>
-#include <string_view>
 
 #include "automation/BusyRetry.h"
 #include "automation/Fault.h"
+#include "filler/Arguments.h"
 #include "filler/Console.h"
 #include "filler/FillCache.h"
 #include "filler/Interrupt.h"
@@ -18,11 +18,20 @@ enum ExitStatus { kDone = 0, kIncomplete = 1, kUsage = 2, kFailure = 3 };
 constexpr wchar_t kHelp[] =
     L"Fills the contact cache of Tessaria (connec00.mdb in the data folder) from Outlook.\n"
     L"\n"
-    L"  fillcache [--quiet]\n"
+    L"  fillcache [--country DE] [--area 89] [--outside-line 0] [--without-prefix KIND] [--quiet]\n"
     L"\n"
     L"Reads the contacts folders that were chosen in the client, or the default contacts folder\n"
     L"while none is chosen. Only rows that differ are written, all of them or none: a run that\n"
     L"fails or is interrupted (Ctrl+C) leaves the cache as it was.\n"
+    L"\n"
+    L"Each number gets a row for each form in which the telephone system presents it. Where that\n"
+    L"stands is taken from the options, else from the settings, else from Windows:\n"
+    L"\n"
+    L"  --country LETTERS      the country, as in DE\n"
+    L"  --area DIGITS          the area code without the trunk prefix, as in 89\n"
+    L"  --outside-line DIGITS  what the system puts before numbers from outside; mostly nothing\n"
+    L"  --without-prefix KIND  what numbers without + and prefix are: international, national or\n"
+    L"                         unknown; unknown writes only those that can mean one number alone\n"
     L"\n"
     L"  -q, --quiet   say nothing unless something goes wrong\n"
     L"  -h, --help    this text\n"
@@ -83,13 +92,15 @@ class Apartment {
     HRESULT result_;
 };
 
-int run(bool isQuiet, const filler::Console& output, const filler::Console& errors) {
+int run(bool isQuiet, const numbers::HomePlace& home, const filler::Console& output,
+        const filler::Console& errors) {
     std::wstring reason;
     try {
+        if (!isQuiet) output.write(numbers::described(home) + L"\n");
         const Apartment apartment;
         const zelbar::BusyRetry retry;
         ConsoleObserver observer(errors, isQuiet);
-        const filler::FillResult result = filler::fillCache(observer);
+        const filler::FillResult result = filler::fillCache(observer, home.place);
         observer.endLine();
         if (!isQuiet) output.write(filler::describe(result));
         if (result.isComplete()) return kDone;
@@ -110,19 +121,15 @@ int run(bool isQuiet, const filler::Console& output, const filler::Console& erro
 
 int wmain(int count, wchar_t** arguments) {
     const filler::Console output(STD_OUTPUT_HANDLE), errors(STD_ERROR_HANDLE);
-    bool isQuiet = false;
-    for (int i = 1; i < count; ++i) {
-        const std::wstring_view argument = arguments[i];
-        if (argument == L"--help" || argument == L"-h" || argument == L"/?") {
-            output.write(kHelp);
-            return kDone;
-        }
-        if (argument != L"--quiet" && argument != L"-q") {
-            errors.write(L"fillcache: unknown argument " + std::wstring(argument) +
-                         L". Try fillcache --help.\n");
-            return kUsage;
-        }
-        isQuiet = true;
+    try {
+        const filler::Arguments given = filler::parseArguments(count, arguments);
+        if (!given.wantsHelp) return run(given.isQuiet, numbers::findHomePlace(given.place), output, errors);
+        output.write(kHelp);
+        return kDone;
+    } catch (const filler::WrongUsage& wrong) {
+        errors.write(L"fillcache: " + wrong.sentence + L". Try fillcache --help.\n");
+    } catch (const numbers::BadPlace& bad) {
+        errors.write(L"fillcache: " + bad.sentence + L"\n");
     }
-    return run(isQuiet, output, errors);
+    return kUsage;
 }

@@ -58,7 +58,7 @@ TEST_F(CacheTest, HoldsTextsOfAnyKind) {
     {
         filler::SynchroFlag flag;
         filler::CacheFile file(gateway_, path_);
-        filler::updateCache(file, book, flag, observer_);
+        filler::updateCache(file, book, numbers::PresentedForms({}), flag, observer_);
     }
     EXPECT_EQ(rows(L"TStoreID", {L"StoreID"}), (Texts{longId}));
     EXPECT_EQ(rows(L"TCache", {L"Name", L"PhoneNumber", L"EntryId"}),

@@ -83,7 +83,7 @@ class FillerTest : public testing::Test {
         observer_.notes.clear();
         observer_.pauses = 0;
         try {
-            result_ = filler::fillCache(observer_);
+            result_ = filler::fillCache(observer_, place_);
             return {};
         } catch (const filler::Failure& failure) {
             return failure.sentence;
@@ -122,5 +122,6 @@ class FillerTest : public testing::Test {
     standin::outlook::Mailbox& box_ = host_.mailbox();
     zelbar::Gateway gateway_;
     TestObserver observer_;
+    numbers::Place place_;  ///< Not known, unless a test says so.
     filler::FillResult result_;
 };

@@ -56,6 +56,17 @@ TEST(Program, ExplainsItself) {
     const harness::Ended wrong = harness::run(program + L"--quiet --f\u00f6lder");
     EXPECT_EQ(wrong.exitCode, 2u);
     EXPECT_NE(wrong.error.find("--f\xC3\xB6lder"), std::string::npos);
+    const std::pair<const wchar_t*, const char*> places[] = {
+        {L"--country XX", "There is no country"},
+        {L"--country=DE --area 089", "89, not 089"},
+        {L"--country DE --area", "needs a value"},
+        {L"--area 1 --area 2", "more than once"},
+        {L"--without-prefix none --country DE", "international, national or unknown"}};
+    for (const auto& [words, sentence] : places) {
+        const harness::Ended bad = harness::run(program + words);
+        EXPECT_EQ(bad.exitCode, 2u) << words;
+        EXPECT_NE(bad.error.find(sentence), std::string::npos) << bad.error;
+    }
 }
 
 }  // namespace

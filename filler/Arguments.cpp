@@ -1,0 +1,45 @@
+#include "filler/Arguments.h"
+
+#include <string_view>
+
+namespace filler {
+namespace {
+
+/// Where the value of an option goes; null for one that there is not.
+std::wstring* valueOf(std::wstring_view option, numbers::PlaceWords& place) {
+    if (option == L"--country") return &place.country;
+    if (option == L"--area") return &place.areaCode;
+    if (option == L"--outside-line") return &place.outsideLine;
+    return option == L"--without-prefix" ? &place.withoutPrefix : nullptr;
+}
+
+}  // namespace
+
+Arguments parseArguments(int count, wchar_t** words) {
+    Arguments result;
+    for (int i = 1; i < count; ++i) {
+        const std::wstring_view word = words[i];
+        if (word == L"--help" || word == L"-h" || word == L"/?") {
+            result.wantsHelp = true;
+            return result;
+        }
+        if (word == L"--quiet" || word == L"-q") {
+            result.isQuiet = true;
+            continue;
+        }
+        const std::size_t equals = word.find(L'=');
+        const std::wstring option(word.substr(0, equals));
+        std::wstring* value = valueOf(option, result.place);
+        if (!value) throw WrongUsage{L"unknown argument " + std::wstring(word)};
+        if (!value->empty()) throw WrongUsage{option + L" is given more than once"};
+        const bool isAttached = equals != std::wstring_view::npos;
+        if (isAttached)
+            *value = word.substr(equals + 1);
+        else if (i + 1 < count && !std::wstring_view(words[i + 1]).starts_with(L"-"))
+            *value = words[++i];
+        if (value->empty()) throw WrongUsage{option + L" needs a value"};
+    }
+    return result;
+}
+
+}  // namespace filler
