@@ -77,6 +77,11 @@ const std::wstring& Arguments::operand(std::wstring_view meaning) const {
     return operands_.front();
 }
 
+const std::vector<std::wstring>& Arguments::operands(std::wstring_view meaning) const {
+    if (operands_.empty()) throw UsageError(L"At least one " + std::wstring(meaning) + L" is needed.");
+    return operands_;
+}
+
 void Arguments::refuseOperands() const {
     if (!operands_.empty()) throw UsageError(L"\"" + operands_.front() + L"\" is not understood here.");
 }

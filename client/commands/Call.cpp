@@ -10,6 +10,7 @@
 #include "client/ContactText.h"
 #include "client/Json.h"
 #include "client/OpenWindows.h"
+#include "client/PlaceOptions.h"
 #include "client/Text.h"
 #include "client/commands/Commands.h"
 
@@ -105,6 +106,7 @@ ExitCode run(const Context& context) {
         context.out.line(reportJson(report));
     else
         context.out.write(reportText(report, context.verbose()));
+    noteRemark(context.notes, details.number);
     // A program that did not start is told in a window, which is gone when this program ends.
     serveOpenWindows(context.notes);
     return report.contact.inPim ? ExitCode::Found : ExitCode::NotFound;

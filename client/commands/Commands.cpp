@@ -3,8 +3,9 @@
 namespace pimcall {
 
 std::span<const Command* const> allCommands() {
-    static constexpr const Command* kCommands[] = {&kCall,   &kFind,       &kShow,    &kActive, &kActions,
-                                                   &kCreate, &kShowFolder, &kFolders, &kConfig, &kExport};
+    static constexpr const Command* kCommands[] = {&kCall,    &kFind,   &kShow,       &kActive,
+                                                   &kActions, &kCreate, &kShowFolder, &kFolders,
+                                                   &kForms,   &kConfig, &kExport};
     return kCommands;
 }
 

@@ -49,6 +49,7 @@ extern const Command kCreate;
 extern const Command kExport;
 extern const Command kFind;
 extern const Command kFolders;
+extern const Command kForms;
 extern const Command kShow;
 extern const Command kShowFolder;
 

@@ -4,6 +4,7 @@
 #include "client/ContactJson.h"
 #include "client/ContactText.h"
 #include "client/Json.h"
+#include "client/PlaceOptions.h"
 #include "client/commands/Commands.h"
 
 namespace pimcall {
@@ -75,10 +76,12 @@ ExitCode listAll(const Context& context, Hits& hits) {
 }
 
 ExitCode run(const Context& context) {
-    const std::wstring what = context.arguments.oneOf(L"--number", L"--name");
+    const std::wstring_view what = context.arguments.oneOf(L"--number", L"--name");
     context.arguments.refuseOperands();
+    const bool byNumber = what == L"--number";
     const Driver driver = context.driver();
-    Hits hits(driver.openCursor(), what == L"--name" ? SearchKind::Name : SearchKind::Number,
+    if (byNumber) noteRemark(context.notes, context.arguments.value(what));
+    Hits hits(driver.openCursor(), byNumber ? SearchKind::Number : SearchKind::Name,
               context.arguments.value(what));
     if (!context.arguments.has(L"--all")) return showFirst(context, hits);
     return context.json() ? listAllAsJson(context, hits) : listAll(context, hits);

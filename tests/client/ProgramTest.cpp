@@ -152,5 +152,17 @@ TEST(Program, AdvisesWhenTheDriverCannotBeCreated) {
     EXPECT_NE(std::wstring::npos, creationAdvice(E_OUTOFMEMORY).find(L"0x8007000E"));
 }
 
+TEST(Forms, AreShownForEachNumberInItsOrder) {
+    const ProgramRun text({L"forms", L"--country", L"fr", L"01 42 68 53 07"}, noDriver);
+    EXPECT_EQ(text.out,
+              L"Place: FR (from the options)\n\n01 42 68 53 07\n+33142685307\n0033142685307\n0142685307\n"
+              L"142685307\n33142685307\n");
+    const ProgramRun json({L"forms", L"--json", L"--country=FR", L"112", L"\"x\""}, noDriver);
+    EXPECT_EQ(json.out, L"[\"112\"]\n[\"\\\"x\\\"\"]\n");
+    EXPECT_EQ(json.exitCode, ExitCode::Found);
+    EXPECT_EQ(ProgramRun({L"forms", L"--country", L"XX", L"1"}, noDriver).exitCode, ExitCode::Usage);
+    EXPECT_EQ(ProgramRun({L"forms", L"--country", L"FR"}, noDriver).exitCode, ExitCode::Usage);
+}
+
 }  // namespace
 }  // namespace pimcall

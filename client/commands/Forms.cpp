@@ -1,0 +1,63 @@
+#include <string>
+#include <vector>
+
+#include "client/InputLines.h"
+#include "client/Json.h"
+#include "client/PlaceOptions.h"
+#include "client/Text.h"
+#include "client/commands/Commands.h"
+#include "numbers/PresentedForms.h"
+
+namespace pimcall {
+namespace {
+
+std::wstring formsJson(const std::vector<std::wstring>& forms) {
+    json::Array array;
+    for (const std::wstring& form : forms) array.add(json::quoted(form));
+    return array.str();
+}
+
+/// The operands; "-" stands for the lines of the standard input.
+std::vector<std::wstring> numbersOf(const Arguments& arguments) {
+    std::vector<std::wstring> numbers;
+    for (const std::wstring& operand : arguments.operands(L"number")) {
+        if (operand != L"-") {
+            numbers.push_back(operand);
+            continue;
+        }
+        const std::vector<std::wstring> lines = inputLines();
+        numbers.insert(numbers.end(), lines.begin(), lines.end());
+    }
+    return numbers;
+}
+
+ExitCode run(const Context& context) {
+    const numbers::HomePlace home = homePlace(context.arguments);
+    const std::vector<std::wstring> numbers = numbersOf(context.arguments);
+    const numbers::PresentedForms presented(home.place);
+    (context.json() ? context.notes : context.out).line(numbers::described(home));
+    for (const std::wstring& number : numbers) {
+        const std::vector<std::wstring> forms = presented.of(number);
+        if (context.json()) {
+            context.out.line(formsJson(forms));
+            continue;
+        }
+        context.out.line(L"");
+        for (const std::wstring& form : forms) context.out.line(oneLine(form));
+    }
+    return ExitCode::Found;
+}
+
+}  // namespace
+
+const Command kForms = {
+    L"forms", L"forms [--country DE] [--area 89] [--outside-line 0] [--without-prefix KIND] NUMBER...",
+    L"Shows how the telephone system presents numbers that are stored like this: the forms under which\n"
+    L"      fillcache enters them in the cache, the text as it stands first. What is not given is taken from\n"
+    L"      the settings, else from Windows. KIND says what numbers without + and prefix are: international,\n"
+    L"      national or unknown. The number - stands for the lines of the standard input. --json: an array "
+    L"for\n"
+    L"      each number, one a line.",
+    kPlaceOptions, run};
+
+}  // namespace pimcall
