@@ -8,31 +8,26 @@
 #include "client/Failure.h"
 #include "client/OutlookFolders.h"
 #include "client/Text.h"
+#include "support/Settings.h"
 
 namespace pimcall {
 namespace {
 
-constexpr wchar_t kFolderKey[] = L"Software\\Norvane\\7316\\Popup\\outlook98\\TransfertFolder";
-constexpr wchar_t kSettingsKey[] = L"Software\\Norvane\\7316\\VEXPhone\\Settings";
 constexpr long kDeletedItems = 3;
 constexpr long kContacts = 10;
 constexpr long kNameSpace = 1;
 
+namespace settings = zelbar::settings;
+
 /// Empty when there is none. A blank stands for an empty text in the driver's settings.
-std::wstring setting(const wchar_t* key, const wchar_t* name) {
-    wchar_t text[4096];
-    DWORD size = sizeof text;
-    if (RegGetValueW(HKEY_CURRENT_USER, key, name, RRF_RT_REG_SZ, nullptr, text, &size) != ERROR_SUCCESS)
-        return {};
-    return text == std::wstring(L" ") ? std::wstring() : text;
+std::wstring setting(const zelbar::Setting& setting) {
+    const std::wstring text = zelbar::getSetting(setting);
+    return text == L" " ? std::wstring() : text;
 }
 
-void remember(const wchar_t* name, const std::wstring& text) {
-    const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-    const LSTATUS status = RegSetKeyValueW(HKEY_CURRENT_USER, kFolderKey, name, REG_SZ, text.c_str(), size);
-    if (status != ERROR_SUCCESS)
-        throw Failure(L"The folder cannot be remembered: " +
-                      describe(HRESULT_FROM_WIN32(static_cast<DWORD>(status))) + L".");
+void remember(const zelbar::Setting& setting, const std::wstring& text) {
+    if (!zelbar::saveSetting(setting, text))
+        throw Failure(L"The folder cannot be remembered: the registry does not take it.");
 }
 
 bool sameName(const std::wstring& one, const std::wstring& other) {
@@ -149,13 +144,12 @@ ContactsFolder theOneCalled(const std::wstring& name) {
 
 void look(ExportStep step, const std::wstring& name) {
     const Session session;
-    const std::wstring entryId = setting(kFolderKey, L"EntryId");
-    const std::wstring storeId = setting(kFolderKey, L"StoreId");
+    const std::wstring entryId = setting(settings::kExportEntryId);
+    const std::wstring storeId = setting(settings::kExportStoreId);
     if (!entryId.empty() && !storeId.empty())
         if (const auto folder = session.folder(entryId, storeId)) return session.refuseDeleted(folder);
     const bool initializes = step == ExportStep::Initialize;
-    const std::wstring made =
-        name.empty() && initializes ? setting(kSettingsKey, L"zelbarExportFolder") : name;
+    const std::wstring made = name.empty() && initializes ? setting(settings::kZelbarExportFolder) : name;
     if (made.empty())
         throw Failure(L"There is no export folder" +
                       std::wstring(entryId.empty() ? L" yet" : L" any more, or its store is not open") +
@@ -173,8 +167,8 @@ std::wstring adopted(const std::wstring& name) {
     if (!mayBeOfAnExport(*folder.Get()))
         throw Failure(L"The contacts in \"" + oneLine(chosen.path) +
                       L"\" are such as no export has made; the folder is left alone.");
-    remember(L"EntryId", chosen.entryId);
-    remember(L"StoreId", chosen.storeId);
+    remember(settings::kExportEntryId, chosen.entryId);
+    remember(settings::kExportStoreId, chosen.storeId);
     return chosen.path;
 }
 

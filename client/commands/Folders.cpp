@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include <algorithm>
 #include <cwchar>
 #include <string>
@@ -10,18 +8,12 @@
 #include "client/OutlookFolders.h"
 #include "client/Text.h"
 #include "client/commands/Commands.h"
+#include "support/Settings.h"
 
 namespace pimcall {
 namespace {
 
-constexpr wchar_t kSelectionKey[] = L"Software\\Norvane\\7316\\Popup\\zelbar00folder";
-
-struct StoredFolder {
-    size_t number = 0;
-    std::wstring entryId;
-    std::wstring storeId;
-    bool selected = false;
-};
+using zelbar::StoredFolder;
 
 struct Selection {
     std::vector<StoredFolder> folders;
@@ -38,39 +30,21 @@ struct Row {
     const wchar_t* state;
     ContactsFolder folder;
     const StoredFolder* stored;  ///< None for a folder that is not stored.
+    size_t number = 0;           ///< Of the stored one, from 1.
 };
 
-/// A value of the stored selection; empty when there is none.
-std::wstring setting(const std::wstring& name) {
-    // Far longer than Outlook's identifiers are; the registry holds little more in a value.
-    std::wstring text(32 * 1024, L'\0');
-    auto size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, kSelectionKey, name.c_str(), RRF_RT_REG_SZ,
-                                        nullptr, text.data(), &size);
-    if (status == ERROR_FILE_NOT_FOUND || status == ERROR_UNSUPPORTED_TYPE) return {};
-    if (status != ERROR_SUCCESS)
-        throw Failure(L"The stored choice of folders cannot be read: " +
-                      describe(HRESULT_FROM_WIN32(static_cast<DWORD>(status))) + L".");
-    return text.c_str();
-}
-
 Selection storedSelection() {
-    Selection selection;
-    for (size_t number = 1;; ++number) {
-        const std::wstring digits = std::to_wstring(number);
-        const std::wstring entryId = setting(L"entryId" + digits);
-        if (entryId.empty()) break;
-        selection.folders.push_back(
-            {number, entryId, setting(L"storeId" + digits), setting(L"selectId" + digits) != L"0"});
-    }
-    selection.changed = std::wcstol(setting(L"ConfigChanged").c_str(), nullptr, 10) != 0;
-    return selection;
+    const std::wstring changed = zelbar::getSetting(zelbar::settings::kConfigChanged);
+    return {zelbar::storedFolders(), std::wcstol(changed.c_str(), nullptr, 10) != 0};
 }
 
 /// First Outlook's folders in its order, then the stored ones that were not met there.
 std::vector<Row> compare(const Selection& selection, const OutlookFolders& outlook) {
     const auto same = [](const auto& one, const auto& other) {
         return one.entryId == other.entryId && one.storeId == other.storeId;
+    };
+    const auto numberOf = [&](const StoredFolder& stored) {
+        return static_cast<size_t>(&stored - selection.folders.data()) + 1;
     };
     std::vector<Row> rows;
     for (const ContactsFolder& folder : outlook.folders) {
@@ -79,13 +53,16 @@ std::vector<Row> compare(const Selection& selection, const OutlookFolders& outlo
         if (stored == selection.folders.end())
             rows.push_back({L"not stored", folder, nullptr});
         else
-            rows.push_back({stored->selected ? L"selected" : L"not selected", folder, &*stored});
+            rows.push_back(
+                {stored->selected ? L"selected" : L"not selected", folder, &*stored, numberOf(*stored)});
     }
     for (const StoredFolder& stored : selection.folders) {
         if (std::ranges::any_of(outlook.folders, [&](const auto& folder) { return same(stored, folder); }))
             continue;
-        rows.push_back(
-            {outlook.complete ? L"gone" : L"not seen", {L"", stored.entryId, stored.storeId}, &stored});
+        rows.push_back({outlook.complete ? L"gone" : L"not seen",
+                        {L"", stored.entryId, stored.storeId},
+                        &stored,
+                        numberOf(stored)});
     }
     return rows;
 }
@@ -96,7 +73,7 @@ std::wstring rowText(const Row& row, bool verbose) {
     state.resize(kStateWidth, L' ');
     std::wstring text = L"  " + state;
     if (row.folder.path.empty())
-        text += L"(number " + std::to_wstring(row.stored->number) + L" of the stored ones, " +
+        text += L"(number " + std::to_wstring(row.number) + L" of the stored ones, " +
                 (row.stored->selected ? L"selected)" : L"not selected)");
     else
         text += oneLine(row.folder.path);
@@ -125,7 +102,7 @@ std::wstring jsonOf(const Selection& selection, const OutlookFolders& outlook) {
         json::Object folder;
         folder.text(L"state", row.state).text(L"path", row.folder.path);
         if (row.stored)
-            folder.number(L"number", static_cast<long>(row.stored->number))
+            folder.number(L"number", static_cast<long>(row.number))
                 .boolean(L"selected", row.stored->selected);
         folder.text(L"entryId", row.folder.entryId).text(L"storeId", row.folder.storeId);
         folders.add(folder.str());
