@@ -52,6 +52,7 @@ std::wstring settingsJson(const std::vector<Setting>& settings) {
 
 std::vector<std::wstring> namesOf(const std::vector<Action>& actions) {
     std::vector<std::wstring> names;
+    names.reserve(actions.size());
     for (const Action& action : actions) names.push_back(action.name);
     return names;
 }

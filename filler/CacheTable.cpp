@@ -19,23 +19,21 @@ constexpr long kRecordDeleted = 3167;
 
 // Identifiers have no promised length, so their columns are memos; nothing searches by them.
 const TableLayout& storeLayout() {
-    static const TableLayout layout{
-        L"TStoreID",
-        {L"Index", L"StoreID"},
-        {L"Create Table TStoreID ([Index] Text(50), StoreID Memo)",
-         L"Create Index [Index] On TStoreID ([Index])"},
-    };
-    return layout;
+    static constexpr const wchar_t* kColumns[] = {L"Index", L"StoreID"};
+    static constexpr const wchar_t* kStatements[] = {
+        L"Create Table TStoreID ([Index] Text(50), StoreID Memo)",
+        L"Create Index [Index] On TStoreID ([Index])"};
+    static constexpr TableLayout kLayout{L"TStoreID", kColumns, kStatements};
+    return kLayout;
 }
 
 const TableLayout& numberLayout() {
-    static const TableLayout layout{
-        L"TCache",
-        {L"Name", L"PhoneNumber", L"EntryId", L"StoreID"},
-        {L"Create Table TCache ([Name] Text(255), PhoneNumber Text(255), EntryId Memo, StoreID Text(50))",
-         L"Create Index [Name] On TCache ([Name])", L"Create Index PhoneNumber On TCache (PhoneNumber)"},
-    };
-    return layout;
+    static constexpr const wchar_t* kColumns[] = {L"Name", L"PhoneNumber", L"EntryId", L"StoreID"};
+    static constexpr const wchar_t* kStatements[] = {
+        L"Create Table TCache ([Name] Text(255), PhoneNumber Text(255), EntryId Memo, StoreID Text(50))",
+        L"Create Index [Name] On TCache ([Name])", L"Create Index PhoneNumber On TCache (PhoneNumber)"};
+    static constexpr TableLayout kLayout{L"TCache", kColumns, kStatements};
+    return kLayout;
 }
 
 CacheTable::CacheTable(const Object& database, const TableLayout& layout, Use use)
@@ -84,7 +82,7 @@ void CacheTable::add(const Record& record) const {
 
 bool tableExists(const Object& database, const TableLayout& layout) {
     try {
-        CacheTable(database, layout, CacheTable::Use::Read);
+        const CacheTable opened(database, layout, CacheTable::Use::Read);
         return true;
     } catch (const Fault& fault) {
         if (fault.number != kUnknownTable) throw;

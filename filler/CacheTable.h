@@ -2,6 +2,7 @@
 
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,8 @@ using Record = std::vector<std::wstring>;
 /// A table of the cache: its columns, and the statements that make it with its indexes.
 struct TableLayout {
     const wchar_t* name;
-    std::vector<const wchar_t*> columns;
-    std::vector<const wchar_t*> definition;
+    std::span<const wchar_t* const> columns;
+    std::span<const wchar_t* const> definition;
 };
 
 /// Stores: Index, StoreID.

@@ -24,6 +24,7 @@ std::wstring readName(const zelbar::Object& item) {
 
 Contact readContact(const zelbar::Object& item, std::wstring entryId) {
     std::vector<std::wstring> numbers;
+    numbers.reserve(zelbar::kTelephoneProperties.size());
     for (const zelbar::TelephoneProperty& telephone : zelbar::kTelephoneProperties)
         numbers.push_back(item.text(telephone.member));
     Contact contact{std::move(entryId), {}, storedNumbers(numbers)};

@@ -288,13 +288,11 @@ Com<Collection> cContactRecord::ContactRecord_FillContactCollection(long searchK
     const Com<::Contact> first = TimerFind(search);
     yieldToMessages();
     const auto next = [&] {
-        const Direction& direction = Direction::next;
-        log.trace(direction.entryLine);
+        log.trace(Direction::next.entryLine);
         Com<::Contact> result;
         // What was collected before a failure is still handed out.
-        Attempts([&](const Fault& fault) { log.fault(direction.faultPrefix, fault); }).into(result, [&] {
-            return walk(search, direction, search->unified);
-        });
+        Attempts attempt([&](const Fault& fault) { log.fault(Direction::next.faultPrefix, fault); });
+        attempt.into(result, [&] { return walk(search, Direction::next, search->unified); });
         return result;
     };
     const auto contacts = dialableContacts(first, next);
