@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "support/Module.h"
 #include "support/mLogError.h"
 #include "tests/actions/ActionTest.h"
 
@@ -121,6 +122,23 @@ TEST_F(LaunchedTools, ProgramsBatchFilesAndDocumentsAreStarted) {
         EXPECT_TRUE(starts(c.path, c.arguments, L"77")) << c.arguments;
         EXPECT_EQ(harness::awaitFile(tools + L"\\" + c.file), c.text);
     }
+}
+
+/// Run by the test below in a program that the action has started.
+TEST(LaunchedProgram, DISABLED_TellsHowItIsShown) {
+    STARTUPINFOW how{};
+    GetStartupInfoW(&how);
+    const bool told = (how.dwFlags & STARTF_USESHOWWINDOW) != 0;
+    harness::writeFile(_wgetenv(L"LAUNCHED_FILE"), told ? std::to_string(how.wShowWindow) : "not told");
+}
+
+TEST_F(LaunchedTools, AProgramIsShownAsWindowsShowsItByItself) {
+    SetEnvironmentVariableW(L"LAUNCHED_FILE", (tools + L"\\shown.txt").c_str());
+    const Module self = thisModule();
+    EXPECT_TRUE(starts(self.folder,
+                       self.stem + L".exe --gtest_also_run_disabled_tests --gtest_filter=LaunchedProgram.*",
+                       L"1"));
+    EXPECT_EQ(harness::awaitFile(tools + L"\\shown.txt"), std::to_string(SW_SHOWNORMAL));
 }
 
 TEST_F(LaunchedTools, TheCommandInterpreterGetsNoDetailThatSteersIt) {
