@@ -159,9 +159,8 @@ std::wstring creationAdvice(HRESULT result) {
             return L"The Outlook contacts driver is registered, but its file zelbar00.dll is not where the "
                    L"registration says; run \"regsvr32 zelbar00.dll\" as administrator where it lies now.";
         case E_NOINTERFACE:
-            return L"The registered Outlook contacts driver has other interfaces than this program; both "
-                   L"must "
-                   L"come from the same release.";
+            return L"The registered Outlook contacts driver has other interfaces than this program; "
+                   L"both must come from the same release.";
         default:
             return L"The Outlook contacts driver could not be started: " + describe(result) + L".";
     }

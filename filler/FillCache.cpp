@@ -37,9 +37,8 @@ FillResult fillCache(Observer& observer, const numbers::Place& place) {
         if (book.isComplete() && paths.IsPerUserPath()) removeOldPhotos(paths.DataPath(), book);
         if (flag.isOthers())
             observer.note(
-                L"SynchroInProgress in the registry says that another program is filling the cache. If none "
-                L"is, "
-                L"delete that value: the client waits for it whenever it starts.");
+                L"SynchroInProgress in the registry says that another program is filling the cache. If "
+                L"none is, delete that value: the client waits for it whenever it starts.");
         return {book.folderCount, book.contactCount, book.unreadCount, change};
     } catch (const zelbar::Fault& fault) {
         throw Failure{L"The cache " + path + L" cannot be updated: " + fault.description};

@@ -115,12 +115,8 @@ class PresentedForms::Writer {
     std::vector<std::wstring> forms_;
 };
 
-class PresentedForms::Reader : public NumberReader {
-    using NumberReader::NumberReader;
-};
-
 PresentedForms::PresentedForms(Place place)
-    : place_(std::move(place)), reader_(std::make_unique<Reader>(place_)) {}
+    : place_(std::move(place)), reader_(std::make_unique<NumberReader>(place_)) {}
 
 PresentedForms::~PresentedForms() = default;
 

@@ -9,6 +9,8 @@
 
 namespace numbers {
 
+class NumberReader;
+
 /// How the telephone system at a place presents the numbers that a contact's fields hold. A form that could
 /// mean another number as well is left out: a wrong contact is worse than none.
 class PresentedForms {
@@ -23,11 +25,10 @@ class PresentedForms {
     std::vector<std::wstring> of(std::wstring_view field) const;
 
   private:
-    class Reader;
     class Writer;
 
     Place place_;
-    std::unique_ptr<Reader> reader_;
+    std::unique_ptr<NumberReader> reader_;
 };
 
 /// The country's calling code; 0 for letters that no country has.

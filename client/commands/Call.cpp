@@ -123,8 +123,8 @@ constexpr auto kOptions = [] {
 
 const Command kCall = {
     L"call", L"call --from NUMBER | --to NUMBER [--action ACTION[,ACTION...]] [OPTION...]",
-    L"Asks for the contact behind a call, as the telephony client does, and for the actions; runs those "
-    L"named,\n"
+    L"Asks for the contact behind a call, as the telephony client does, and for the actions; runs "
+    L"those named,\n"
     L"      in that order. The driver does not tell what came of them: Outlook shows it, and the driver's "
     L"log.\n"
     L"        open      opens the contact; --create: makes one for an unknown caller as well;\n"

@@ -55,8 +55,8 @@ const Command kForms = {
     L"Shows how the telephone system presents numbers that are stored like this: the forms under which\n"
     L"      fillcache enters them in the cache, the text as it stands first. What is not given is taken from\n"
     L"      the settings, else from Windows. KIND says what numbers without + and prefix are: international,\n"
-    L"      national or unknown. The number - stands for the lines of the standard input. --json: an array "
-    L"for\n"
+    L"      national or unknown. The number - stands for the lines of the standard input. --json: an "
+    L"array for\n"
     L"      each number, one a line.",
     kPlaceOptions, run};
 

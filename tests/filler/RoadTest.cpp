@@ -1,8 +1,6 @@
 #include <cstdio>
 #include <set>
 
-#include "automation/Gateway.h"
-#include "core/DriverState.h"
 #include "filler/FillCache.h"
 #include "tests/fixture/DriverTest.h"
 #include "tests/numbers/Spellings.h"
