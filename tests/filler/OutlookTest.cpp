@@ -58,6 +58,8 @@ TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
     outlook_.faults().failMember(L"GetFolderFromID", {static_cast<HRESULT>(0x8004010F)}, 1);
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(people(), (Texts{L"Old|2"}));
+    EXPECT_EQ(rows(L"TStoreID", {L"Index"}).size(), 2u)
+        << "a running driver still knows the store by its key";
     EXPECT_EQ(observer_.notes, (Texts{L"The chosen folder number 17 (in " + box_.defaultStore().name +
                                       L") does not exist any more and was left out."}));
     ASSERT_EQ(fill(), L"");
