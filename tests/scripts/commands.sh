@@ -26,6 +26,7 @@ expect 2 'pimcall --help' "$ROOT/scripts/emulator" "$BIN/pimcall.exe" nonsense
 expect 2 'pimcall --help' "$ROOT/inwine" pimcall nonsense
 expect 0 RelayFromExclude "$ROOT/inwine" reg query 'HKCU\Software\Wine\Debug'
 expect 2 'no program nonsense' "$ROOT/inwine" nonsense
+expect 2 'no part nonsense' "$ROOT/prove" nonsense
 
 # count: what count-results.awk makes of the programs in ctest.xml.
 count() { awk -v results=. -f "$ROOT/scripts/count-results.awk" ctest.xml; }
