@@ -72,7 +72,7 @@ void mLogError::LogError(const PendingError& error, std::wstring_view procedure,
                                        placePart(error, module_.title, procedure, formCaption),
                                        std::wstring(extra.empty() ? kNothing : extra), errorPart(error.fault),
                                        systemPart(error.systemError)};
-        if (fileName_.empty()) fileName_ = GetMyDocumentPath() + L"\\error_" + GetNetUserName() + L".log";
+        if (fileName_.empty()) fileName_ = errorFilePath();
         LineFile file;
         file.open(fileName_);
         file.write(joined(fields, L"\t"));
@@ -80,6 +80,10 @@ void mLogError::LogError(const PendingError& error, std::wstring_view procedure,
     } catch (...) {
         // Out of memory: the line is lost.
     }
+}
+
+std::wstring errorFilePath() {
+    return GetMyDocumentPath() + L"\\error_" + GetNetUserName() + L".log";
 }
 
 std::wstring GetMyDocumentPath() {

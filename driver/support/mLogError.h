@@ -44,6 +44,9 @@ class mLogError {
     std::wstring fileName_;
 };
 
+/// Where the error file lies, or would lie once there is a line in it.
+std::wstring errorFilePath();
+
 /// The user's documents folder, made if missing; empty when there is none.
 std::wstring GetMyDocumentPath();
 

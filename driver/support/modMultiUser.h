@@ -15,8 +15,10 @@ class modMultiUser {
 
     /// The data folder, without trailing "\"; chosen and made on the first call, then fixed.
     const std::wstring& DataPath();
-    /// True when the data folder belongs to the current user alone; decided by `DataPath`.
+    /// True when the data folder belongs to the current user alone; decided with it.
     bool IsPerUserPath() const noexcept { return isPerUserPath_; }
+    /// The folder as `DataPath` would choose it now; nothing is made.
+    std::wstring chosenFolder();
 
     /// The user's roaming application-data folder, or empty.
     std::wstring GetUserProfilePath() noexcept;
@@ -26,8 +28,6 @@ class modMultiUser {
     void MakeDir(const std::wstring& path) noexcept;
 
   private:
-    std::wstring chosenFolder();
-
     Module module_;
     mLogError& errors_;
     std::wstring dataPathValue_;
