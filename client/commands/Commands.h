@@ -46,6 +46,7 @@ extern const Command kActive;
 extern const Command kCall;
 extern const Command kConfig;
 extern const Command kCreate;
+extern const Command kDoctor;
 extern const Command kExport;
 extern const Command kFind;
 extern const Command kFolders;

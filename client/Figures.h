@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace pimcall {
+
+/// A size as people say it: "312 bytes", "47 KB", "3.2 MB".
+std::wstring bytesText(unsigned long long bytes);
+
+}  // namespace pimcall
