@@ -10,7 +10,9 @@
 #include <cstring>
 
 extern "C" {
-extern IMAGE_DOS_HEADER __ImageBase;
+/// The linker's name for the module's first byte. All of it lies behind that, so it is an array of no known
+/// size.
+extern const char __ImageBase[];
 void __register_frame_info(const void* tables, void* record);
 void* __deregister_frame_info(const void* tables);
 }
@@ -24,12 +26,12 @@ const void* tables = nullptr;
 
 /// Section names have eight characters, which cuts ".eh_frame".
 const void* findTables() noexcept {
-    auto* const base = reinterpret_cast<const char*>(&__ImageBase);
-    auto* const headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + __ImageBase.e_lfanew);
+    const LONG offset = reinterpret_cast<const IMAGE_DOS_HEADER*>(__ImageBase)->e_lfanew;
+    auto* const headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(__ImageBase + offset);
     auto* section = reinterpret_cast<const IMAGE_SECTION_HEADER*>(headers + 1);
     for (WORD i = 0; i < headers->FileHeader.NumberOfSections; ++i, ++section)
         if (std::memcmp(section->Name, ".eh_fram", sizeof(section->Name)) == 0)
-            return base + section->VirtualAddress;
+            return __ImageBase + section->VirtualAddress;
     return nullptr;
 }
 
