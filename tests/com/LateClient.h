@@ -84,7 +84,9 @@ VARIANT referenceTo(T& variable) {
 /// A reference that leads nowhere.
 template <class T>
 VARIANT nowhere() {
-    return referenceTo(*static_cast<T*>(nullptr));
+    VARIANT result{};
+    result.vt = static_cast<VARTYPE>(VT_BYREF | typeOf<T>());
+    return result;
 }
 
 }  // namespace zelbar
