@@ -43,9 +43,10 @@ bool isOneOf(std::wstring_view word, const std::array<std::wstring_view, size>& 
 constexpr std::array<std::wstring_view, 17> kExtensionWords = {
     L"x",     L"ext", L"extn",    L"extension", L"dw",    L"durchwahl", L"app", L"apparat", L"nst",
     L"poste", L"int", L"interno", L"anexo",     L"ramal", L"wew",       L"tst", L"toestel"};
-constexpr std::array<std::wstring_view, 17> kNumberWords = {
-    L"t",   L"f",   L"m",       L"p",     L"h",     L"w",      L"o",    L"d",    L"tel",
-    L"fon", L"fax", L"telefon", L"phone", L"mobil", L"mobile", L"cell", L"handy"};
+constexpr std::array<std::wstring_view, 22> kNumberWords = {
+    L"t",      L"f",    L"m",     L"p",      L"h",      L"w",       L"o",     L"d",
+    L"tel",    L"home", L"work",  L"fon",    L"fax",    L"telefon", L"phone", L"mobil",
+    L"mobile", L"cell", L"handy", L"office", L"privat", L"direct"};
 
 /// Words behind which a number stands that is no telephone's.
 constexpr std::array<std::wstring_view, 17> kOtherWords = {
@@ -194,7 +195,7 @@ bool isTelephoneNumber(const Run& run, const Found& found) {
     if (run.touchesWord && !isOneOf(run.wordBefore, kNumberWords)) return false;
     if (found.openStart) return text.front() == L'+';
     // Behind a first number come hours, rooms and the like as well.
-    return !found.anyDigits || (marked && digits >= kWholeNumber);
+    return !found.anyDigits || (digits >= kWholeNumber && (marked || isOneOf(run.wordBefore, kNumberWords)));
 }
 
 /// Whether a number could be over here, country and area code behind it.
@@ -277,10 +278,23 @@ bool isParameter(std::wstring_view piece) {
                        [](wchar_t c) { return isLetter(c) || c == L'-'; });
 }
 
+/// Two writings that name their country without its code: "0xx11 3333-4444" and "0**11 ...", where the signs
+/// stand for a Brazilian network operator's digits, and "+8 495 ..." for Russia's "8 495 ...".
+std::wstring withCountryCodes(std::wstring text) {
+    for (std::size_t i = 0; i + 3 < text.size(); ++i) {
+        if (i > 0 && (isDigit(text[i - 1]) || isLetter(text[i - 1]) || text[i - 1] == L'+')) continue;
+        const std::wstring signs{lower(text[i + 1]), lower(text[i + 2])};
+        const bool isBrazil = text[i] == L'0' && (signs == L"xx" || signs == L"**");
+        if (isBrazil) text.replace(i, 3, L"+55 ");
+        if (text[i] == L'+' && text[i + 1] == L'8' && !isDigit(text[i + 2])) text[i + 1] = L'7';
+    }
+    return text;
+}
+
 }  // namespace
 
 std::vector<std::string> numbersIn(std::wstring_view field) {
-    const std::wstring text = folded(field);
+    const std::wstring text = withCountryCodes(folded(field));
     Found found;
     for (std::size_t start = 0; start <= text.size();) {
         const std::size_t end = endOfPiece(text, start);

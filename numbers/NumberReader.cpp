@@ -18,6 +18,7 @@ constexpr std::size_t kLongestInTown = 9;
 constexpr std::size_t kLongInTown = 8;
 constexpr int kNorthAmerica = 1;
 constexpr int kMexico = 52;
+constexpr int kPoland = 48;
 constexpr int kArgentina = 54;
 
 /// North American area codes that are newer than the library's data, where another country's number could
@@ -112,10 +113,15 @@ bool NumberReader::isValid(const PhoneNumber& number) const {
 }
 
 std::optional<PhoneNumber> NumberReader::inThisTown(const std::string& digits) const {
-    if (areaCode_.empty() || digits.size() > kLongestInTown) return {};
+    // A mobile number of an Argentine town begins with 15, and is another one abroad.
+    const bool isMobile = callingCode_ == kArgentina && digits.rfind("15", 0) == 0;
+    const std::string rest = isMobile ? digits.substr(2) : digits;
+    // 116117 and its like are the same service in every town of Europe.
+    const bool isService = digits.size() == 6 && digits.rfind("116", 0) == 0;
+    if (areaCode_.empty() || rest.size() > kLongestInTown || isService) return {};
     auto number = parsed("+" + std::to_string(callingCode_) + areaCode_ + digits);
-    if (!number || significant(*number) != areaCode_ + digits || !isPossible(*number)) return {};
-    return number;
+    if (!number || !isPossible(*number)) return {};
+    return significant(*number) == (isMobile ? "9" : "") + areaCode_ + rest ? number : std::nullopt;
 }
 
 /// In a country with numbers of any length, digits without the trunk prefix may be a town's own number
@@ -145,8 +151,14 @@ std::optional<PhoneNumber> NumberReader::written(const std::string& digits) cons
     if (number->country_code_source() == PhoneNumber::FROM_DEFAULT_COUNTRY) {
         const auto whole = wholeAtHome(*number, digits);
         if (whole && isValid(*whole)) return whole;
+        // Until 2009 a zero was dialled before the same digits.
+        if (!whole && callingCode_ == kPoland && digits.rfind('0', 0) == 0 && digits.size() == 10)
+            if (const auto old = parsed(digits.substr(1)); old && isValid(*old)) return old;
         const auto abroad = fromAbroad(digits, whole.has_value());
-        return abroad ? abroad : whole;
+        if (abroad || !whole) return abroad;
+        // Where numbers have no trunk prefix, digits that are no whole number may be one of this town.
+        const auto local = inThisTown(digits);
+        return local && isValid(*local) ? local : whole;
     }
     if (isPossible(*number)) return number;
     // "+34 (0)91 ...": by people in whose country a zero belongs there.

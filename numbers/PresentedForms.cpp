@@ -72,13 +72,13 @@ class PresentedForms::Writer {
         const std::string& trunk = reader_.trunkPrefix();
         const std::string national = reader_.national(number);
         addNational(national, number);
-        const std::string withTrunk = trunk + significant;
-        if (withTrunk != national && reader_.reaches(withTrunk, number)) addNational(withTrunk, number);
+        const bool isArgentineMobile =
+            number.country_code() == kArgentina && significant[0] == '9' && significant.size() == 11;
+        const std::string dialled = isArgentineMobile ? significant.substr(1) : significant;
+        if (trunk + dialled != national && reader_.reaches(trunk + dialled, number))
+            addNational(trunk + dialled, number);
         if (significant != national) addWithoutPrefix(WithoutPrefix::National, significant, number);
-        if (number.country_code() == kArgentina && significant[0] == '9' && significant.size() == 11) {
-            addNational(trunk + significant.substr(1), number);
-            addWithoutPrefix(WithoutPrefix::National, significant.substr(1), number);
-        }
+        if (isArgentineMobile) addWithoutPrefix(WithoutPrefix::National, dialled, number);
         addLocal(number, significant);
     }
 

@@ -74,6 +74,21 @@ TEST_F(CallTest, FindsOneOrAll) {
     EXPECT_TRUE(out.ends_with(L"}]\n"));
 }
 
+TEST_F(CallTest, SaysWhenNumbersAreNotPresentedAsTheSettingsSay) {
+    writeCache({});
+    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"Country", L"DE");
+    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"AreaCode", L"89");
+    const std::wstring remark =
+        L"This number looks as if the telephone system presented international numbers without prefix "
+        L"(NumbersWithoutPrefix: international); the settings say otherwise.\n";
+    EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--number", L"431234567"}, remark));
+    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"431234567"}, remark));
+    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"+431234567"}));
+    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"AreaCode", L"089");
+    run({L"find", L"--number", L"431234567"},
+        L"The settings for numbers are wrong: Give the area code without the 0 before it: 89, not 089.\n");
+}
+
 TEST_F(CallTest, ListsWhatStandsBehindAStaleEntry) {
     writeCache({{L"Able", L"1", L"00FF"}, {L"Aft", L"3", L"00FE"}, addListed(L"Bo", L"Baker", L"2")});
     EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"3"}));
