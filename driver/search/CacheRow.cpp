@@ -11,6 +11,13 @@ CacheRow CacheRow::read(const Object& recordset) {
             columnText(recordset, L"Name"), columnText(recordset, L"PhoneNumber")};
 }
 
+void doubtUnknownStore(LookUp& answer, const CacheRow& row, const std::wstring& storeId) {
+    if (!answer.gone() || row.storeKey.empty() || !storeId.empty()) return;
+    answer.verdict = LookUp::Verdict::Failed;
+    answer.fault = {fault::kSubscriptOutOfRange, L"The contact's store is not in the table of stores",
+                    L"TStoreID"};
+}
+
 bool deleteStaleRow(const Object& recordset, const CacheRow& row, FLog& log, modMultiUser& paths) noexcept {
     try {
         if (CacheRow::read(recordset) != row) return false;

@@ -37,17 +37,11 @@ Com<cContact> cContactRecord::unknownContact(const CacheSearch& search) {
     return contact;
 }
 
-/// The row's contact in Outlook. A store that the table does not know was not asked, so what the others say
-/// does not make the contact gone: the cache may have got the store while the driver ran.
 LookUp cContactRecord::lookUp(const CacheRow& row, const wchar_t* caller) {
     const std::wstring storeId = cache_.stores().storeIdOf(row.storeKey);
     LookUp result =
         parts_.outlook.GetContactFromID(row.entryId, storeId, caller, row.name + L" " + row.phoneNumber);
-    if (result.gone() && !row.storeKey.empty() && storeId.empty()) {
-        result.verdict = LookUp::Verdict::Failed;
-        result.fault = {fault::kSubscriptOutOfRange, L"The contact's store is not in the table of stores",
-                        L"TStoreID"};
-    }
+    doubtUnknownStore(result, row, storeId);
     return result;
 }
 
