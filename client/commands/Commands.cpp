@@ -5,7 +5,7 @@ namespace pimcall {
 std::span<const Command* const> allCommands() {
     static constexpr const Command* kCommands[] = {&kCall,    &kFind,   &kShow,       &kActive,
                                                    &kActions, &kCreate, &kShowFolder, &kFolders,
-                                                   &kForms,   &kConfig, &kExport,     &kDoctor};
+                                                   &kForms,   &kConfig, &kExport,     &kDoctor, &kExplain};
     return kCommands;
 }
 

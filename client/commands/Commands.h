@@ -47,6 +47,7 @@ extern const Command kCall;
 extern const Command kConfig;
 extern const Command kCreate;
 extern const Command kDoctor;
+extern const Command kExplain;
 extern const Command kExport;
 extern const Command kFind;
 extern const Command kFolders;
