@@ -246,7 +246,8 @@ void addNumbersOf(std::wstring_view piece, Found& found) {
         const std::wstring_view text = trimmed(run.text);
         if (isTelephoneNumber(run, found)) {
             for (const std::wstring& one : splitAtSlashes(run.text))
-                if (std::string number = dialled(one); number.size() >= kFewestDigits)
+                if (std::string number = dialled(one);
+                    number.size() - number.starts_with('+') >= kFewestDigits)
                     found.numbers.push_back(std::move(number));
             found.openStart = false;
         } else if (digitsIn(text) > 0) {
