@@ -55,7 +55,7 @@ std::wstring expectedDword(std::string_view bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
-    std::string_view bytes = input.bytes().substr(0, 4);
+    std::string_view bytes = input.line().substr(0, 4);
     bytes = bytes.substr(0, bytes.find('\0'));
     FUZZ_EXPECT(zelbar::decodedDword(bytes) == expectedDword(bytes));
     const std::wstring digits = zelbar::hexadecimal(static_cast<std::uint32_t>(size * 2654435761u));

@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FUZZ_EXPECT(prefix + std::wstring(split->defaultText) == name);
     }
 
-    const std::string file(input.bytes());
+    const std::string file(input.rest());
     const zelbar::TextFile texts = zelbar::parseTextFile(file);
     for (const auto& [number, text] : texts) {
         FUZZ_EXPECT(number >= 0 && number <= 99999);
