@@ -100,10 +100,11 @@ phonenumber_sources(files re2/util cc
 
 add_library(phonenumber STATIC EXCLUDE_FROM_ALL ${files})
 target_compile_features(phonenumber PRIVATE cxx_std_17)
-target_compile_options(phonenumber PRIVATE -w -Os -ffunction-sections -fdata-sections)
+target_compile_options(phonenumber PRIVATE -w -Os -fstack-protector-strong -ffunction-sections -fdata-sections)
 target_compile_definitions(phonenumber
     PUBLIC I18N_PHONENUMBERS_USE_RE2 I18N_PHONENUMBERS_USE_STDMUTEX
     PRIVATE _WIN32_WINNT=0x0601)
+target_link_libraries(phonenumber PUBLIC stack_guard)
 target_include_directories(phonenumber SYSTEM PUBLIC
     "${PHONENUMBER_SOURCE_DIR}/generated"
     "${PHONENUMBER_SOURCE_DIR}/generated/phonenumbers"

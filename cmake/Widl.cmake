@@ -1,4 +1,5 @@
 # Interface definitions: widl turns an .idl file into a C++ header, its identifiers and a type library.
+find_program(PERL perl REQUIRED)
 find_program(WIDL i686-w64-mingw32-widl REQUIRED)
 
 set(widl_stub_dir "${PROJECT_SOURCE_DIR}/cmake/idl")
@@ -23,7 +24,8 @@ function(widl_library target idl)
         COMMAND ${WIDL} ${common} -h -o "${dir}/${stem}.h" "${idl}"
         COMMAND ${WIDL} ${common} -u -o "${dir}/${stem}_i.c" "${idl}"
         COMMAND ${WIDL} ${common} -t -o "${dir}/${stem}.tlb" "${idl}"
-        DEPENDS "${idl}" "${widl_stub_dir}/oaidl.idl" widl_stdole2 "${widl_stub_tlb}"
+        COMMAND ${PERL} "${PROJECT_SOURCE_DIR}/cmake/idl/without-time" "${dir}/${stem}.tlb"
+        DEPENDS "${idl}" "${widl_stub_dir}/oaidl.idl" "${widl_stub_dir}/without-time" widl_stdole2 "${widl_stub_tlb}"
         COMMENT "Interfaces ${stem}.idl" VERBATIM)
     add_custom_target(${target}_files DEPENDS "${dir}/${stem}.h" "${dir}/${stem}.tlb")
     add_library(${target} STATIC "${dir}/${stem}_i.c" "${dir}/${stem}.h")

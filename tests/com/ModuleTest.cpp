@@ -89,6 +89,19 @@ TEST(UnwindingDeathTest, AnotherModulesLibgccDoesNotMatter) {
         EXPECT_EXIT(liveBesideAnotherLibgcc(order), testing::ExitedWithCode(0), "");
 }
 
+/// Writes behind the end of what a frame holds, out of the compiler's sight.
+[[gnu::noinline]] void overrun(std::size_t count) {
+    char room[8];
+    volatile char* next = room;
+    for (std::size_t i = 0; i < count; ++i) *next++ = 'a';
+}
+
+TEST(StackGuardDeathTest, AFrameThatWasOverwrittenEndsTheProcess) {
+    overrun(8);
+    constexpr int kFailFast = static_cast<int>(0xC0000602);  // that no handler was asked
+    EXPECT_EXIT(overrun(64), testing::ExitedWithCode(kFailFast), "");
+}
+
 /// The driver between an Outlook and a DAO of this process, as a client has it that asks whether it may go.
 struct LifetimeTest : testing::Test {
     harness::TemporaryFolder folder;
