@@ -1,23 +1,17 @@
 #pragma once
 
-#include <windows.h>
-
-#include <objidl.h>
-
-#include "automation/Com.h"
+#include "automation/CallFilter.h"
 
 namespace zelbar {
 
 /// While it lives, calls that another process turns away because it is busy are tried again for some seconds.
 class BusyRetry {
-  public:
-    BusyRetry();
-    ~BusyRetry();
-    BusyRetry(const BusyRetry&) = delete;
-    BusyRetry& operator=(const BusyRetry&) = delete;
-
   private:
-    Com<IMessageFilter> previous_;
+    CallFilter filter_{{[](DWORD elapsed) {
+                            constexpr DWORD kPatience = 10000, kPause = 200;
+                            return elapsed < kPatience ? kPause : CallRules::kGiveUp;
+                        },
+                        {}}};
 };
 
 }  // namespace zelbar

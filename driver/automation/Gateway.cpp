@@ -1,12 +1,14 @@
 #include "automation/Gateway.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "automation/Bstr.h"
 #include "automation/Fault.h"
 #include "automation/Object.h"
+#include "automation/OutgoingCalls.h"
 
 namespace zelbar {
 
@@ -66,30 +68,45 @@ WORD flagsOf(Gateway::Kind kind) {
 
 }  // namespace
 
+Gateway::Gateway(CallClock& clock) : calls_(std::make_shared<OutgoingCalls>(clock)) {}
+
+template <class Call>
+HRESULT Gateway::carryOut(Server server, const wchar_t* name, unsigned manner, const Call& call) const {
+    return server == Server::Outlook ? calls_->carryOut(name, manner, call) : call();
+}
+
 Object Gateway::create(Server server, const wchar_t* progId, ObjectClass objectClass) const {
     const Gateway own = *this;
     const CLSID classId = classOf(progId);
     Com<IDispatch> created;
-    const HRESULT result = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                                            __uuidof(IDispatch), reinterpret_cast<void**>(created.put()));
+    const HRESULT result = carryOut(server, progId, kPlain, [&] {
+        return CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                __uuidof(IDispatch), reinterpret_cast<void**>(created.put()));
+    });
     if (FAILED(result)) throw faultOf(result, progId);
     return Object(own, server, std::move(created), objectClass);
 }
 
 Object Gateway::running(Server server, const wchar_t* progId, ObjectClass objectClass) const {
     const Gateway own = *this;
-    Com<IUnknown> active;
-    const HRESULT result = GetActiveObject(classOf(progId), nullptr, active.put());
+    const CLSID classId = classOf(progId);
+    Com<IDispatch> target;
+    const HRESULT result = carryOut(server, progId, kPlain, [&] {
+        Com<IUnknown> active;
+        const HRESULT answer = GetActiveObject(classId, nullptr, active.put());
+        if (FAILED(answer)) return answer;
+        return active->QueryInterface(__uuidof(IDispatch), reinterpret_cast<void**>(target.put()));
+    });
     if (FAILED(result)) throw faultOf(result, progId);
-    Com<IDispatch> target = active.as<IDispatch>();
-    if (!target) throw faultOf(E_NOINTERFACE, progId);
     return Object(own, server, std::move(target), objectClass);
 }
 
 DISPID Gateway::lookUp(IDispatch& target, Server server, const wchar_t* name) const {
     auto* asked = const_cast<wchar_t*>(name);  // the interface predates const
     DISPID number = DISPID_UNKNOWN;
-    const HRESULT result = target.GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &number);
+    const HRESULT result = carryOut(server, name, kPlain, [&] {
+        return target.GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &number);
+    });
     if (FAILED(result)) {
         Fault fault = faultOf(result, nameOf(server));
         if (result == DISP_E_UNKNOWNNAME) fault.description += std::wstring(L": ") + name;
@@ -98,7 +115,7 @@ DISPID Gateway::lookUp(IDispatch& target, Server server, const wchar_t* name) co
     return number;
 }
 
-Variant Gateway::invoke(IDispatch& target, Server server, ObjectClass objectClass, const wchar_t* name,
+Variant Gateway::invoke(IDispatch& target, Server server, ObjectClass objectClass, const Member& member,
                         Kind kind, std::initializer_list<Variant> arguments) const {
     std::vector<VARIANT> reversed(arguments.size());
     std::transform(std::rbegin(arguments), std::rend(arguments), reversed.begin(),
@@ -111,26 +128,35 @@ Variant Gateway::invoke(IDispatch& target, Server server, ObjectClass objectClas
     }
 
     const bool remembers = objectClass >= 0;
-    const Key key{server, objectClass, name};
+    const Key key{server, objectClass, member.name};
     const auto known = remembers ? numbers_->find(key) : numbers_->end();
     bool fresh = known == numbers_->end();
-    DISPID number = fresh ? lookUp(target, server, name) : known->second;
+    DISPID number = fresh ? lookUp(target, server, member.name) : known->second;
+    const unsigned manner = kind == Kind::Call ? member.manner : unsigned{kPlain};
     while (true) {
         Variant result;
-        ExceptionInfo info;
-        const HRESULT answer =
-            target.Invoke(number, IID_NULL, LOCALE_USER_DEFAULT, flagsOf(kind), &parameters,
-                          kind == Kind::Call ? result.put() : nullptr, &info, nullptr);
+        std::optional<ExceptionInfo> info;
+        HRESULT answer = S_OK;
+        carryOut(server, member.name, manner, [&] {
+            info.emplace();
+            answer = target.Invoke(number, IID_NULL, LOCALE_USER_DEFAULT, flagsOf(kind), &parameters,
+                                   kind == Kind::Call ? result.put() : nullptr, &*info, nullptr);
+            return answer == DISP_E_EXCEPTION && info->scode ? info->scode : answer;
+        });
         if (SUCCEEDED(answer)) {
             if (fresh && remembers) (*numbers_)[key] = number;
             return result;
         }
-        if (answer == DISP_E_EXCEPTION) throw exceptionFault(info, server);
+        if (answer == DISP_E_EXCEPTION) throw exceptionFault(*info, server);
         if (answer != DISP_E_MEMBERNOTFOUND || fresh) throw faultOf(answer, nameOf(server));
         // The remembered number is not this object's: a server was exchanged under the driver.
         fresh = true;
-        number = lookUp(target, server, name);
+        number = lookUp(target, server, member.name);
     }
+}
+
+void Gateway::release(Server server, Com<IUnknown> reference) const noexcept {
+    if (server == Server::Outlook) calls_->release(std::move(reference));
 }
 
 }  // namespace zelbar

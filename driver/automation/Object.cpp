@@ -14,8 +14,7 @@ constexpr ObjectClass kAnyOfOutlook = 1000;
 }  // namespace
 
 Object::Object(const Gateway& gateway, Server server, Com<IDispatch> target, ObjectClass objectClass) {
-    if (target)
-        reference_ = std::make_shared<Reference>(Reference{gateway, server, std::move(target), objectClass});
+    if (target) reference_ = std::make_shared<Reference>(gateway, server, std::move(target), objectClass);
 }
 
 std::shared_ptr<Object::Reference> Object::called() const {
@@ -41,14 +40,13 @@ Object Object::objectFrom(const Member& member, std::initializer_list<Variant> a
 ObjectClass Object::Reference::knownClass() {
     if (objectClass == kAskForClass)
         objectClass =
-            gateway.invoke(*target, server, kAnyOfOutlook, outlook::Class.name, Gateway::Kind::Call, {})
-                .integer();
+            gateway.invoke(*target, server, kAnyOfOutlook, outlook::Class, Gateway::Kind::Call, {}).integer();
     return objectClass;
 }
 
 Variant Object::Reference::invoke(const Member& member, Gateway::Kind kind,
                                   std::initializer_list<Variant> arguments) {
-    return gateway.invoke(*target, server, knownClass(), member.name, kind, arguments);
+    return gateway.invoke(*target, server, knownClass(), member, kind, arguments);
 }
 
 }  // namespace zelbar

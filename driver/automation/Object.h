@@ -63,6 +63,12 @@ class Object {
 
   private:
     struct Reference {
+        Reference(const Gateway& by, Server of, Com<IDispatch> held, ObjectClass known)
+            : gateway(by), server(of), target(std::move(held)), objectClass(known) {}
+        ~Reference() { gateway.release(server, std::move(target)); }
+        Reference(const Reference&) = delete;
+        Reference& operator=(const Reference&) = delete;
+
         Gateway gateway;
         Server server;
         Com<IDispatch> target;

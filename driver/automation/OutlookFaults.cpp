@@ -60,6 +60,10 @@ bool saysBusy(const Fault& fault) {
                                     });
 }
 
+bool saysNotAnswering(const Fault& fault) {
+    return fault.number == kNotAnswering;
+}
+
 bool saysStarting(const Fault& fault) {
     return numberOf(fault) == 0x80080005UL;  // it did not come up in time
 }

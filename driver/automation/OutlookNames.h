@@ -52,20 +52,20 @@ inline constexpr Member Items{L"Items", kItems};
 inline constexpr Member ItemAt{L"Item", kAskForClass};
 inline constexpr Member Folders{L"Folders", kFolders};
 inline constexpr Member FolderAt{L"Item", kFolder};
-inline constexpr Member AddFolder{L"Add", kFolder};
+inline constexpr Member AddFolder{L"Add", kFolder, kLasting};
 inline constexpr Member DefaultItemType{L"DefaultItemType"};
 
 // Contact items
-inline constexpr Member Save{L"Save"};
+inline constexpr Member Save{L"Save", kUnknownClass, kLasting};
 inline constexpr Member FirstName{L"FirstName"};
 inline constexpr Member LastName{L"LastName"};
 inline constexpr Member LastNameAndFirstName{L"LastNameAndFirstName"};
 inline constexpr Member FileAs{L"FileAs"};
 inline constexpr Member CompanyName{L"CompanyName"};
 inline constexpr Member Department{L"Department"};
-inline constexpr Member Email1Address{L"Email1Address"};
-inline constexpr Member Email2Address{L"Email2Address"};
-inline constexpr Member Email3Address{L"Email3Address"};
+inline constexpr Member Email1Address{L"Email1Address", kUnknownClass, kAsksUser};
+inline constexpr Member Email2Address{L"Email2Address", kUnknownClass, kAsksUser};
+inline constexpr Member Email3Address{L"Email3Address", kUnknownClass, kAsksUser};
 inline constexpr Member HasPicture{L"HasPicture"};
 inline constexpr Member Attachments{L"Attachments", kAttachments};
 inline constexpr Member AttachmentAt{L"Item", kAttachment};
@@ -110,25 +110,25 @@ inline constexpr long kCloseWithPrompt = 2;
 
 inline constexpr Member CreateMail{L"CreateItem", kMail};
 inline constexpr Member CreateJournalEntry{L"CreateItem", kJournalEntry};
-inline constexpr Member AddContact{L"Add", kContact};
-inline constexpr Member AddRecipient{L"Add"};
+inline constexpr Member AddContact{L"Add", kContact, kLasting};
+inline constexpr Member AddRecipient{L"Add", kUnknownClass, kLasting};
 inline constexpr Member Recipients{L"Recipients", kRecipients};
 inline constexpr Member FullName{L"FullName"};
 inline constexpr Member Subject{L"Subject"};
-inline constexpr Member Body{L"Body"};
+inline constexpr Member Body{L"Body", kUnknownClass, kAsksUser};
 inline constexpr Member Start{L"Start"};
 inline constexpr Member End{L"End"};
 inline constexpr Member Duration{L"Duration"};
-inline constexpr Member Send{L"Send"};
-inline constexpr Member Close{L"Close"};
+inline constexpr Member Send{L"Send", kUnknownClass, kLasting | kAsksUser};
+inline constexpr Member Close{L"Close", kUnknownClass, kLasting | kAsksUser};
 
 // What the export folder needs
 /// The type of a user property that holds a number.
 inline constexpr long kNumberProperty = 3;
 
-inline constexpr Member AddUserProperty{L"Add", kUserProperty};
+inline constexpr Member AddUserProperty{L"Add", kUserProperty, kLasting};
 inline constexpr Member Categories{L"Categories"};
 inline constexpr Member BillingInformation{L"BillingInformation"};
-inline constexpr Member Delete{L"Delete"};
+inline constexpr Member Delete{L"Delete", kUnknownClass, kLasting};
 
 }  // namespace zelbar::outlook

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "automation/OutlookFaults.h"
-#include "core/MessageYield.h"
+#include "automation/MessageYield.h"
 
 namespace zelbar {
 

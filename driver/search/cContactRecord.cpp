@@ -5,7 +5,7 @@
 #include "automation/Attempts.h"
 #include "automation/DaoNames.h"
 #include "automation/OutlookNames.h"
-#include "core/MessageYield.h"
+#include "automation/MessageYield.h"
 #include "search/DialableContacts.h"
 #include "support/Settings.h"
 

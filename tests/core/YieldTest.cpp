@@ -1,4 +1,4 @@
-#include "core/MessageYield.h"
+#include "automation/MessageYield.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {

@@ -1,4 +1,4 @@
-#include "core/MessageYield.h"
+#include "automation/MessageYield.h"
 
 #include <windows.h>
 

@@ -1,0 +1,72 @@
+#include "automation/CallFilter.h"
+
+#include <utility>
+
+namespace zelbar {
+
+/// Counted, since whoever takes its place may keep it and put it back when its time is over: it only passes
+/// on from then.
+class CallFilter::Filter final : public IMessageFilter {
+  public:
+    explicit Filter(CallRules rules) : rules_(std::move(rules)) {}
+
+    void stand(Com<IMessageFilter> before) { before_ = std::move(before); }
+    void retire() { inForce_ = false; }
+    IMessageFilter* before() const { return before_.get(); }
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept override {
+        if (!result) return E_POINTER;
+        const bool isKnown = iid == __uuidof(IUnknown) || iid == __uuidof(IMessageFilter);
+        *result = isKnown ? this : nullptr;
+        if (!isKnown) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() noexcept override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    STDMETHODIMP_(DWORD)
+    HandleInComingCall(DWORD type, HTASK caller, DWORD elapsed, LPINTERFACEINFO call) noexcept override {
+        if (before_) return before_->HandleInComingCall(type, caller, elapsed, call);
+        return SERVERCALL_ISHANDLED;
+    }
+    STDMETHODIMP_(DWORD) RetryRejectedCall(HTASK callee, DWORD elapsed, DWORD reason) noexcept override {
+        if (inForce_) return rules_.retry(elapsed);
+        return before_ ? before_->RetryRejectedCall(callee, elapsed, reason) : CallRules::kGiveUp;
+    }
+    STDMETHODIMP_(DWORD) MessagePending(HTASK callee, DWORD elapsed, DWORD type) noexcept override {
+        if (!inForce_ && before_) return before_->MessagePending(callee, elapsed, type);
+        const bool cancels = inForce_ && rules_.cancels && rules_.cancels();
+        return cancels ? PENDINGMSG_CANCELCALL : PENDINGMSG_WAITDEFPROCESS;
+    }
+
+  private:
+    virtual ~Filter() = default;
+
+    CallRules rules_;
+    Com<IMessageFilter> before_;
+    bool inForce_ = true;
+    ULONG references_ = 0;
+};
+
+CallFilter::CallFilter(CallRules rules) {
+    const auto filter = Com<Filter>::share(new Filter(std::move(rules)));
+    Com<IMessageFilter> before;
+    if (CoRegisterMessageFilter(filter.get(), before.put()) != S_OK) return;
+    filter->stand(std::move(before));
+    filter_ = filter;
+}
+
+CallFilter::~CallFilter() {
+    if (!filter_) return;
+    filter_->retire();
+    Com<IMessageFilter> ended;
+    CoRegisterMessageFilter(filter_->before(), ended.put());
+    if (ended.get() != filter_.get()) CoRegisterMessageFilter(ended.get(), nullptr);
+}
+
+}  // namespace zelbar

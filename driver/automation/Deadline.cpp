@@ -1,0 +1,43 @@
+#include "automation/Deadline.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "automation/Gateway.h"
+#include "automation/OutgoingCalls.h"
+
+namespace zelbar {
+
+Deadline::Deadline(const Gateway& gateway, Limit limit)
+    : calls_(gateway.calls()),
+      outer_(std::exchange(calls_->inForce_, this)),
+      begun_(calls_->clock_.now()),
+      limit_(limit) {}
+
+Deadline::~Deadline() {
+    calls_->inForce_ = outer_;
+}
+
+ULONGLONG Deadline::end() {
+    if (limit_)
+        if (const DWORD milliseconds = std::exchange(limit_, nullptr)()) end_ = begun_ + milliseconds;
+    return outer_ ? std::min(end_, outer_->end()) : end_;
+}
+
+void Deadline::postpone(ULONGLONG milliseconds) {
+    begun_ += milliseconds;
+    if (end_ != kNever) end_ += milliseconds;
+    if (outer_) outer_->postpone(milliseconds);
+}
+
+Untimed::Untimed(const Gateway& gateway) : Untimed(*gateway.calls()) {}
+
+Untimed::Untimed(OutgoingCalls& calls)
+    : calls_(calls), inForce_(std::exchange(calls.inForce_, nullptr)), begun_(calls.clock_.now()) {}
+
+Untimed::~Untimed() {
+    calls_.inForce_ = inForce_;
+    if (inForce_) inForce_->postpone(calls_.clock_.now() - begun_);
+}
+
+}  // namespace zelbar

@@ -1,0 +1,120 @@
+#include "automation/OutgoingCalls.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "automation/CallFilter.h"
+#include "automation/OutlookFaults.h"
+
+namespace zelbar {
+
+namespace {
+
+/// What is asked of an Outlook that did not answer fails at once for so long.
+constexpr ULONGLONG kRefusal = 5000;
+
+constexpr DWORD kFirstPause = 50;
+constexpr DWORD kLongestPause = 400;
+
+bool isBusy(HRESULT answer) {
+    return answer == RPC_E_CALL_REJECTED || answer == RPC_E_SERVERCALL_RETRYLATER;
+}
+
+Fault notAnswering(const wchar_t* member, bool isUnknown) {
+    std::wstring text = L"Outlook did not answer in time";
+    if (isUnknown) text += std::wstring(L"; whether it has carried out ") + member + L" is not known";
+    return {kNotAnswering, std::move(text), L"Microsoft Outlook"};
+}
+
+/// What a message filter answers until the deadline.
+CallRules rulesUntil(ULONGLONG end, const CallClock& clock) {
+    const auto retry = [end, &clock](DWORD) -> DWORD {
+        // COM takes less for "at once".
+        constexpr ULONGLONG kLeast = 100, kPause = 200;
+        const ULONGLONG now = clock.now();
+        return now >= end ? CallRules::kGiveUp : static_cast<DWORD>(std::clamp(end - now, kLeast, kPause));
+    };
+    return {retry, [end, &clock] { return clock.now() >= end; }};
+}
+
+}  // namespace
+
+ULONGLONG OutgoingCalls::end() const {
+    return inForce_ ? inForce_->end() : Deadline::kNever;
+}
+
+HRESULT OutgoingCalls::carryOut(const wchar_t* member, unsigned manner,
+                                const std::function<HRESULT()>& call) {
+    for (DWORD milliseconds = kFirstPause;; milliseconds = std::min(milliseconds * 2, kLongestPause)) {
+        admit(member);
+        const HRESULT answer = once(manner, call);
+        const bool cancelled = answer == RPC_E_CALL_CANCELED;
+        if (isSpent())
+            overrun(member);
+        else if (!isBusy(answer) && !cancelled)
+            answered();
+        if (cancelled) throw notAnswering(member, manner & kLasting);
+        if (!isBusy(answer) || (manner & kLasting) || end() == Deadline::kNever || isSpent()) return answer;
+        pause(milliseconds);
+        if (!isSpent()) continue;
+        overrun(member);
+        return answer;
+    }
+}
+
+HRESULT OutgoingCalls::once(unsigned manner, const std::function<HRESULT()>& call) {
+    if (end() == Deadline::kNever) return call();
+    if (manner & kAsksUser) {
+        const Untimed untimed(*this);
+        return call();
+    }
+    const CallFilter filter(rulesUntil(end(), clock_));
+    return call();
+}
+
+void OutgoingCalls::admit(const wchar_t* member) {
+    if (end() == Deadline::kNever) return;
+    if (isSpent()) overrun(member);
+    if (silent_ && clock_.now() < refusesUntil_) throw notAnswering(member, false);
+}
+
+void OutgoingCalls::overrun(const wchar_t* member) {
+    const ULONGLONG now = clock_.now();
+    if (silent_ && now < refusesUntil_) return;
+    silent_ = true;
+    refusesUntil_ = now + kRefusal;
+    if (report_) report_(member, now - inForce_->begun());
+}
+
+void OutgoingCalls::answered() {
+    if (!silent_) return;
+    silent_ = false;
+    late_.release([this] { return !silent_ && !isSpent(); });
+}
+
+/// A call of the client's own that comes in meanwhile waits without serving messages, else a timer of his
+/// could call into the driver ever deeper. It has a deadline of its own; the pause's goes on.
+void OutgoingCalls::pause(DWORD milliseconds) {
+    const ULONGLONG now = clock_.now();
+    const auto longest = static_cast<DWORD>(std::min<ULONGLONG>(milliseconds, end() - now));
+    Deadline* const waiting = std::exchange(inForce_, nullptr);
+    const bool serving = !std::exchange(pausing_, true);
+    clock_.pause(longest, serving);
+    pausing_ = !serving;
+    inForce_ = waiting;
+}
+
+void OutgoingCalls::release(Com<IUnknown> reference) noexcept {
+    if (silent_) return late_.keep(std::move(reference));
+    try {
+        once(kPlain, [&reference] {
+            reference.reset();
+            return S_OK;
+        });
+    } catch (...) {
+        // The limit could not be read: it goes without one.
+    }
+}
+
+}  // namespace zelbar

@@ -1,0 +1,249 @@
+#include "automation/Deadline.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "automation/Fault.h"
+#include "automation/Gateway.h"
+#include "automation/Object.h"
+#include "automation/OutgoingCalls.h"
+#include "automation/OutlookFaults.h"
+#include "automation/OutlookNames.h"
+#include "tests/automation/StrictObject.h"
+
+namespace zelbar {
+namespace {
+
+constexpr auto kRejected = static_cast<HRESULT>(0x80010001);
+constexpr auto kRetryLater = static_cast<HRESULT>(0x8001010A);
+constexpr auto kCancelled = static_cast<HRESULT>(0x80010002);
+
+constexpr DWORD kLimit = 5000;
+DWORD limit() {
+    return kLimit;
+}
+
+/// Stands still but for what the test lets pass.
+class HandClock final : public CallClock {
+  public:
+    ULONGLONG now() const noexcept override { return time; }
+    void pause(DWORD milliseconds, bool serving) noexcept override {
+        pauses.push_back(serving);
+        time += milliseconds;
+        if (meanwhile && serving) meanwhile();
+    }
+
+    ULONGLONG time = 1000;
+    std::vector<bool> pauses;  ///< Whether messages were served.
+    std::function<void()> meanwhile;
+};
+
+struct DeadlineTest : testing::Test {
+    /// How Outlook answers a call that begins at that time; it may let time pass.
+    std::function<HRESULT(ULONGLONG begun)> answer = [](ULONGLONG) { return S_OK; };
+    HandClock clock;
+    Gateway gateway{clock};
+    std::vector<std::wstring> reported;
+    StrictObject outlook{{{L"Name", 5, DISPATCH_METHOD | DISPATCH_PROPERTYGET | DISPATCH_PROPERTYPUT},
+                          {L"Save", 6},
+                          {L"Send", 7}},
+                         [this](DISPID, DISPPARAMS&, VARIANT*, EXCEPINFO*) {
+                             ++calls;
+                             return answer(clock.time);
+                         }};
+    int calls = 0;
+
+    DeadlineTest() {
+        gateway.calls()->reportTo([this](const wchar_t* member, ULONGLONG milliseconds) {
+            reported.push_back(member + (L" " + std::to_wstring(milliseconds)));
+        });
+    }
+    Object object() { return Object(gateway, Server::Outlook, outlook.reference(), 40); }
+
+    long faultOf(const std::function<void()>& work) {
+        try {
+            work();
+            return 0;
+        } catch (const Fault& fault) {
+            return fault.number;
+        }
+    }
+    /// A member that reads twelve properties: how many came.
+    int twelveReads(const Object& item) {
+        const Deadline deadline(gateway, limit);
+        int came = 0;
+        for (int i = 0; i < 12; ++i) came += faultOf([&] { item.get(zelbar::outlook::Name); }) == 0 ? 1 : 0;
+        return came;
+    }
+
+    void anyOutlookIsLeftInTime();
+};
+
+void DeadlineTest::anyOutlookIsLeftInTime() {
+    const auto lasting = [this](ULONGLONG milliseconds, HRESULT result) {
+        clock.time += milliseconds;
+        return result;
+    };
+    const struct {
+        const char* name;
+        std::function<HRESULT(ULONGLONG)> answer;
+        int came;
+        int calls;  ///< 0: as many as the pauses allow
+        ULONGLONG least, most;
+        std::wstring reported;
+    } cases[] = {
+        {"quick", [&](ULONGLONG) { return S_OK; }, 12, 12, 0, 0, L""},
+        {"half a second each", [&](ULONGLONG) { return lasting(500, S_OK); }, 10, 10, kLimit, kLimit,
+         L"Name 5000"},
+        {"rejects for three seconds", [&](ULONGLONG begun) { return begun < 4000 ? kRejected : S_OK; }, 12, 0,
+         3000, 3400, L""},
+        {"busy in its own words", [&](ULONGLONG begun) { return begun < 4000 ? kRetryLater : S_OK; }, 12, 0,
+         3000, 3400, L""},
+        {"rejects for ever", [&](ULONGLONG) { return kRejected; }, 0, 0, kLimit, kLimit, L"Name 5000"},
+        {"hangs, as Wine lets it", [&](ULONGLONG begun) { return lasting(begun == 1000 ? 8000 : 0, S_OK); },
+         1, 1, 8000, 8000, L"Name 8000"},
+        {"hangs, as Windows ends it", [&](ULONGLONG) { return lasting(kLimit + 100, kCancelled); }, 0, 1,
+         kLimit + 100, kLimit + 100, L"Name 5100"},
+        {"is gone", [&](ULONGLONG) { return static_cast<HRESULT>(0x800706BA); }, 0, 12, 0, 0, L""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        clock.time = 1000;
+        calls = 0;
+        reported.clear();
+        answer = c.answer;
+        gateway = Gateway(clock);
+        gateway.calls()->reportTo([this](const wchar_t* member, ULONGLONG milliseconds) {
+            reported.push_back(member + (L" " + std::to_wstring(milliseconds)));
+        });
+        const Object item = object();
+        EXPECT_EQ(twelveReads(item), c.came);
+        EXPECT_TRUE(calls == c.calls || c.calls == 0) << calls;
+        EXPECT_LT(calls, 40) << "the pauses grow";
+        const ULONGLONG took = clock.time - 1000;
+        EXPECT_TRUE(took >= c.least && took <= c.most) << took;
+        EXPECT_EQ(reported, c.reported.empty() ? std::vector<std::wstring>() : std::vector{c.reported});
+
+        if (c.reported.empty()) continue;
+        calls = 0;
+        const ULONGLONG refused = clock.time;
+        EXPECT_EQ(twelveReads(item), 0) << "nobody waits for it again";
+        EXPECT_EQ(calls, 0);
+        EXPECT_EQ(clock.time, refused);
+        clock.time += 5000;
+        answer = [](ULONGLONG) { return S_OK; };
+        EXPECT_EQ(twelveReads(item), 12);
+    }
+    EXPECT_EQ(outlook.references, 1);
+}
+
+TEST_F(DeadlineTest, AnyOutlookIsLeftInTime) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    anyOutlookIsLeftInTime();
+    CoUninitialize();
+}
+
+TEST_F(DeadlineTest, AnyOutlookIsLeftInTimeInAMultithreadedApartment) {
+    std::thread([this] {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        anyOutlookIsLeftInTime();
+        CoUninitialize();
+    }).join();
+}
+
+TEST_F(DeadlineTest, WhatMayHaveBeenDoneIsNotAskedTwice) {
+    const Object item = object();
+    const Deadline deadline(gateway, limit);
+    answer = [](ULONGLONG) { return kRejected; };
+    EXPECT_EQ(faultOf([&] { item.call(zelbar::outlook::Save); }), kRejected);
+    EXPECT_EQ(calls, 1);
+    answer = [&](ULONGLONG) { return calls < 4 ? kRejected : S_OK; };
+    item.put(zelbar::outlook::Name, L"again");
+    EXPECT_EQ(calls, 4) << "a value can be put again";
+    answer = [&](ULONGLONG) {
+        clock.time += kLimit;
+        return kCancelled;
+    };
+    try {
+        item.call(zelbar::outlook::Save);
+        ADD_FAILURE();
+    } catch (const Fault& fault) {
+        EXPECT_TRUE(saysNotAnswering(fault));
+        EXPECT_NE(fault.description.find(L"whether it has carried out Save is not known"),
+                  std::wstring::npos);
+    }
+    EXPECT_EQ(calls, 5);
+}
+
+TEST_F(DeadlineTest, TheEarlierEndHoldsAndTheUsersTimeDoesNotCount) {
+    const Object item = object();
+    const auto read = [&] { return faultOf([&] { item.get(zelbar::outlook::Name); }); };
+    {
+        const Deadline outer(gateway, limit);
+        clock.time += 4000;
+        {
+            const Deadline inner(gateway, limit);
+            clock.time += 500;
+            EXPECT_EQ(read(), 0);
+            const Untimed dialog(gateway);
+            clock.time += 60000;
+            EXPECT_EQ(read(), 0);
+            const Deadline ofTheDialog(gateway, limit);
+            clock.time += 4900;
+            EXPECT_EQ(read(), 0);
+        }
+        EXPECT_EQ(read(), 0);
+        answer = [&](ULONGLONG) {
+            clock.time += 60000;
+            return S_OK;
+        };
+        item.call(zelbar::outlook::Send);
+        answer = [](ULONGLONG) { return S_OK; };
+        EXPECT_EQ(read(), 0) << "Outlook has asked its user";
+        const Deadline inner(gateway, limit);
+        clock.time += 600;
+        EXPECT_EQ(read(), kNotAnswering) << "the outer one is over";
+    }
+    EXPECT_EQ(read(), 0) << "without a deadline Outlook is asked";
+    const Deadline none(gateway, [] { return DWORD{0}; });
+    answer = [](ULONGLONG) { return kRejected; };
+    clock.time += 60000;
+    EXPECT_EQ(read(), kRejected);
+    EXPECT_TRUE(clock.pauses.empty()) << "asked once, as ever";
+}
+
+TEST_F(DeadlineTest, TheClientsMessagesAreServedInAPauseButNotInAPauseWithin) {
+    const Object item = object();
+    answer = [](ULONGLONG) { return kRejected; };
+    int depth = 0, deepest = 0;
+    clock.meanwhile = [&] {
+        deepest = std::max(deepest, ++depth);
+        twelveReads(item);
+        --depth;
+    };
+    EXPECT_EQ(twelveReads(item), 0);
+    EXPECT_EQ(deepest, 1);
+    EXPECT_TRUE(clock.pauses.front());
+    EXPECT_FALSE(clock.pauses.back());
+    EXPECT_LE(clock.time, 1000 + 2 * kLimit);
+}
+
+TEST_F(DeadlineTest, AReferenceWaitsForItsReleaseUntilOutlookAnswers) {
+    Object given = object();
+    const Object other = object();
+    answer = [&](ULONGLONG) {
+        clock.time += kLimit;
+        return S_OK;
+    };
+    twelveReads(given);
+    given = {};
+    clock.time += 60000;
+    EXPECT_EQ(outlook.references, 3) << "to give it back is a call too";
+    answer = [](ULONGLONG) { return S_OK; };
+    twelveReads(other);
+    EXPECT_EQ(outlook.references, 2);
+}
+
+}  // namespace
+}  // namespace zelbar
