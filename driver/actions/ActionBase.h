@@ -19,6 +19,7 @@ class ActionBase : public CallActionBorder<Self> {
     /// The result means nothing to a client: it is False, whatever has happened.
     bool PIMAction_ExecuteAction(ContactArgument& contact) {
         try {
+            const auto deadline = parts_.outlook.timeForCall();
             static_cast<Self*>(this)->execute(contact);
         } catch (...) {
             parts_.log.fault(Self::kErrorPrefix, caughtFault());

@@ -16,7 +16,7 @@ ExportParts exportParts(DriverState& state) {
 }
 
 WindowParts windowParts(DriverState& state) {
-    return {state.module.title, state.log, state.gateway, state.outlook, state.languages, state.texts};
+    return {state.module.title, state.log, state.outlook, state.languages, state.texts};
 }
 
 }  // namespace zelbar

@@ -55,7 +55,9 @@ void openLog(DriverState& state, Attempts& attempt) {
              {L"*************************", L"* Driver initialization *", L"*************************", L""});
 }
 
+/// The user has just started the client, and Outlook may have to start as well.
 void connectToOutlook(DriverState& state, Attempts& attempt) {
+    const auto deadline = state.outlook.timeForUser();
     state.log.trace(L"Connecting to Outlook...");
     attempt([&] { state.outlook.connectApplication(); });
     state.log.trace(L"Connecting to Outlook...GetNameSpace");

@@ -60,12 +60,14 @@ void* cDataConnector::further(REFIID id) noexcept {
 }
 
 Com<IDispatch> cDataConnector::DataConnector_GetContactItemByContactItemID(const std::wstring& entryId) {
+    const auto deadline = state_.outlook.timeForCall();
     state_.log.trace(L"GetContactItemByContactItemID() ID=", entryId);
     return state_.outlook.GetNameSpace().object(outlook::GetItemFromID, entryId).target();
 }
 
 std::wstring cDataConnector::DataConnector_Version() {
     if (!state_.pimInstalled) return L"0";
+    const auto deadline = state_.outlook.timeForCall();
     return state_.outlook.GetApp().text(outlook::Version);
 }
 
@@ -87,6 +89,7 @@ Com<cContactRecord> cDataConnector::DataConnector_OpenContactRecord() {
 }
 
 void cDataConnector::DataConnector_ClosePIM() {
+    const auto deadline = state_.outlook.timeForCall();
     state_.outlook.release();
 }
 
@@ -96,6 +99,7 @@ void cDataConnector::DataConnector_ConfigPIM() {
 }
 
 Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wstring& entryId) {
+    const auto deadline = state_.outlook.timeForCall();
     FLog& log = state_.log;
     log.trace(L"GetContactByContactID: ID=", entryId);
     auto contact = makeObject<cContact>(contactParts(state_));
@@ -114,6 +118,7 @@ Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wst
 }
 
 Variant cDataConnector::DataConnector_ExecuteCommand(const std::wstring& command) {
+    const auto deadline = state_.outlook.timeForCall();
     return command == L"isFolderConfigured"
                ? Variant(isFolderConfigured(state_.log, state_.outlook, state_.cache))
                : Variant();
@@ -121,6 +126,7 @@ Variant cDataConnector::DataConnector_ExecuteCommand(const std::wstring& command
 
 /// True only when a new window had to be opened: that is what clients have always been told.
 bool cDataConnector::DataConnector_ShowFolder(const std::wstring& name) {
+    const auto deadline = state_.outlook.timeForUser();
     const Object folder = folderCalled(state_.outlook, name);
     if (!folder) return false;
     const Object explorer = state_.outlook.GetApp().object(outlook::ActiveExplorer);
@@ -135,6 +141,7 @@ bool cDataConnector::DataConnector_ShowFolder(const std::wstring& name) {
 
 Com<cContact> cDataConnector::DataConnector_GetActiveContact() {
     if (!state_.pimInstalled) return {};
+    const auto deadline = state_.outlook.timeForCall();
     const Object inspector = state_.outlook.GetApp().object(outlook::ActiveInspector);
     if (!inspector) return {};
     auto contact = makeObject<cContact>(contactParts(state_));
@@ -150,6 +157,7 @@ void cDataConnector::DataConnector_CreateContact(const std::wstring& name, const
                                                  bool show) {
     FLog& log = state_.log;
     if (!state_.pimInstalled) return;
+    const auto deadline = state_.outlook.timeForUser();
     log.trace(L"Contact creation asked by user: ", name, L" from ", number);
     try {
         const Object item = state_.outlook.GetNameSpace()

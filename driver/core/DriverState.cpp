@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "automation/OutgoingCalls.h"
 #include "com/ModuleState.h"
 
 namespace zelbar {
@@ -16,6 +17,22 @@ std::unique_ptr<DriverState>& holder() {
 }
 
 }  // namespace
+
+DriverState::DriverState() {
+    waitBy(systemClock());
+}
+
+// An object of Outlook's that somebody still holds must not tell a log that is gone.
+DriverState::~DriverState() {
+    gateway.calls()->reportTo({});
+}
+
+void DriverState::waitBy(CallClock& clock) {
+    gateway = Gateway(clock);
+    gateway.calls()->reportTo([this](const wchar_t* member, ULONGLONG milliseconds) {
+        log.trace(L"Outlook did not answer in time: ", member, L", ", milliseconds, L" ms");
+    });
+}
 
 DriverState& driver() {
     auto& state = holder();

@@ -22,6 +22,11 @@ namespace zelbar {
 /// no client needs the module (the log, the data folder and the language are decided once); what it holds of
 /// Outlook and DAO is opened by the entry object's start-up and closed by its shut-down.
 struct DriverState {
+    DriverState();
+    ~DriverState();
+    DriverState(const DriverState&) = delete;
+    DriverState& operator=(const DriverState&) = delete;
+
     Module module = thisModule();
     FLog log{module};
     mLogError errors{module};
@@ -34,6 +39,9 @@ struct DriverState {
     DirectoryDatabase directory{cache, paths};
     EmployeesDatabase employees{cache};
     OutlookConnection outlook{gateway, log, errors, user, cache.stores()};
+
+    /// By which clock Outlook is waited for; tests have their own, which must outlive the state.
+    void waitBy(CallClock& clock);
 
     /// How start-up waits; a test that cannot wait puts another in its place.
     void (*sleep)(DWORD milliseconds) = [](DWORD milliseconds) { Sleep(milliseconds); };

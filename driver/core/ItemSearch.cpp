@@ -14,7 +14,7 @@ LookUp ItemSearch::everywhere(const std::wstring& storeId, const StoreTable& sto
     if (!storeId.empty() && tryStore(storeId)) return result_;
     if (tryDefaultStore()) return result_;
     for (int i = 1; i <= StoreTable::kEntries && !stores.at(i).storeId.empty(); ++i)
-        if (tryStore(stores.at(i).storeId)) break;
+        if (saysNotAnswering(result_.fault) || tryStore(stores.at(i).storeId)) break;
     return result_;
 }
 

@@ -1,10 +1,12 @@
 #include "core/OutlookConnection.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "core/ItemSearch.h"
+#include "support/Settings.h"
 #include "support/Text.h"
 
 namespace zelbar {
@@ -19,7 +21,27 @@ constexpr wchar_t kLostText[] =
     L"You have to stop Tessaria and Outlook.\r\n"
     L"Then you can restart Tessaria.";
 
+/// Milliseconds; 0 for no limit, and the default for what is no number.
+DWORD limitOf(const Setting& setting, DWORD otherwise) {
+    constexpr std::int32_t kLongest = 3600000;
+    const std::wstring text = readSetting(setting);
+    const bool isNumber = !text.empty() && text.front() >= L'0' && text.front() <= L'9';
+    return isNumber ? static_cast<DWORD>(std::min(leadingInteger(text), kLongest)) : otherwise;
+}
+
 }  // namespace
+
+Deadline OutlookConnection::timeForCall() const {
+    return Deadline(gateway_, [] { return limitOf(settings::kOutlookTimeout, 5000); });
+}
+
+Deadline OutlookConnection::timeForUser() const {
+    return Deadline(gateway_, [] { return limitOf(settings::kOutlookTimeoutUser, 30000); });
+}
+
+Object OutlookConnection::running(const wchar_t* progId) const {
+    return gateway_.running(Server::Outlook, progId, outlook::kApplication);
+}
 
 Object OutlookConnection::connectApplication() {
     // The old reference goes last: when it is the only one that keeps a windowless Outlook running, releasing
@@ -76,6 +98,7 @@ Object OutlookConnection::GetApp() {
     }
     application_ = {};
     report(fault, kGetApp, L"Creating Outlook Application", L"    GetApp: ERR2 ");
+    const auto waitsForUser = untimed();
     user_.messageBox(kLostText, kLostTitle, MB_OK | MB_ICONERROR);
     raiseConnectionLost(fault, kGetApp);
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "automation/Deadline.h"
 #include "automation/Gateway.h"
 #include "automation/Object.h"
 #include "core/LookUp.h"
@@ -21,6 +22,17 @@ class OutlookConnection {
     OutlookConnection(Gateway& gateway, FLog& log, mLogError& errors, UserDoor& user,
                       const StoreTable& stores)
         : gateway_(gateway), log_(log), errors_(errors), user_(user), stores_(stores) {}
+
+    /// The time for what the client asks while the telephone rings, for what the user has asked for, and none
+    /// for windows that wait for him and for messages that are served. To be held by each member that is
+    /// asked, for as long as it lasts.
+    Deadline timeForCall() const;
+    Deadline timeForUser() const;
+    Untimed untimed() const { return Untimed(gateway_); }
+
+    /// The application of the Outlook that is running under that name; none is started for it. Throws when
+    /// there is none.
+    Object running(const wchar_t* progId) const;
 
     /// The shared application. When Outlook cannot be reached the user is told, and the connection-lost fault
     /// thrown.

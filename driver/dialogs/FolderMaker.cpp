@@ -7,6 +7,7 @@ namespace zelbar {
 
 cfolder makeContactsFolder(OutlookConnection& outlook, FLog& log, const cfolder& parent,
                            const std::wstring& name) {
+    const auto deadline = outlook.timeForUser();
     const Object made = outlook.GetNameSpace()
                             .object(outlook::GetFolderFromID, parent.EntryId, parent.StoreID)
                             .object(outlook::Folders)

@@ -8,8 +8,8 @@
 
 namespace zelbar {
 
-FolderSearch::FolderSearch(Gateway& gateway, FLog& log, std::wstring limit)
-    : gateway_(gateway),
+FolderSearch::FolderSearch(OutlookConnection& outlook, FLog& log, std::wstring limit)
+    : outlook_(outlook),
       log_(log),
       limit_(std::move(limit)),
       attempt_([this](const Fault& fault) { failed(fault); }) {}
@@ -17,11 +17,12 @@ FolderSearch::FolderSearch(Gateway& gateway, FLog& log, std::wstring limit)
 void FolderSearch::failed(const Fault& fault) {
     found_.complete = false;
     log_.fault(L"Error (Search_Outlook_ContactFolder): ", fault);
-    if (saysServerGone(fault)) levels_.clear();
+    if (saysServerGone(fault) || saysNotAnswering(fault)) levels_.clear();
 }
 
 bool FolderSearch::step() noexcept {
     attempt_([this] {
+        const auto deadline = outlook_.timeForUser();
         if (!std::exchange(started_, true)) return start();
         if (levels_.empty()) return;
         Level& level = levels_.back();
@@ -46,8 +47,7 @@ Object FolderSearch::connect() {
     for (const Way& way : kWays) {
         Object application;
         Attempts quietly;
-        quietly.into(application,
-                     [&] { return gateway_.running(Server::Outlook, way.progId, outlook::kApplication); });
+        quietly.into(application, [&] { return outlook_.running(way.progId); });
         if (!application) continue;
         if (way.said) log_.trace(way.said);
         return application;

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "automation/Attempts.h"
-#include "automation/Gateway.h"
 #include "automation/Object.h"
+#include "core/OutlookConnection.h"
 #include "dialogs/FolderTree.h"
 #include "support/FLog.h"
 
@@ -24,8 +24,8 @@ struct FoundFolders {
 /// folder at a time, so that a window stays alive during a long one, and asks nothing twice.
 class FolderSearch {
   public:
-    /// All that is passed must outlive the search. `limit` is the setting that limits the stores.
-    FolderSearch(Gateway& gateway, FLog& log, std::wstring limit);
+    /// Both must outlive the search. `limit` is the setting that limits the stores.
+    FolderSearch(OutlookConnection& outlook, FLog& log, std::wstring limit);
     FolderSearch(const FolderSearch&) = delete;
     FolderSearch& operator=(const FolderSearch&) = delete;
 
@@ -53,7 +53,7 @@ class FolderSearch {
     void visit(const Object& folder, const std::wstring& parentPath);
     void failed(const Fault& fault);
 
-    Gateway& gateway_;
+    OutlookConnection& outlook_;
     FLog& log_;
     std::wstring limit_;
     Attempts attempt_;

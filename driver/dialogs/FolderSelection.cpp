@@ -4,8 +4,8 @@
 
 namespace zelbar {
 
-FolderSelection::FolderSelection(Gateway& gateway, FLog& log)
-    : log_(log), search_(std::make_unique<FolderSearch>(gateway, log, settings_.LimitPST())) {}
+FolderSelection::FolderSelection(OutlookConnection& outlook, FLog& log)
+    : log_(log), search_(std::make_unique<FolderSearch>(outlook, log, settings_.LimitPST())) {}
 
 bool FolderSelection::search() noexcept {
     return search_ && search_->step();

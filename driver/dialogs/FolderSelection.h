@@ -14,7 +14,7 @@ namespace zelbar {
 class FolderSelection {
   public:
     /// Both must outlive the selection.
-    FolderSelection(Gateway& gateway, FLog& log);
+    FolderSelection(OutlookConnection& outlook, FLog& log);
 
     /// Goes on searching by one folder. False when all have been found.
     bool search() noexcept;

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "automation/Gateway.h"
 #include "core/OutlookConnection.h"
 #include "support/FLog.h"
 #include "support/cLocalizedText.h"
@@ -18,7 +17,6 @@ struct WindowParts {
     /// The driver's title.
     const std::wstring& title;
     FLog& log;
-    Gateway& gateway;
     OutlookConnection& outlook;
     const localize& languages;
     cLocalizedText& texts;

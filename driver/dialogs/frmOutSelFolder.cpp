@@ -173,7 +173,7 @@ void frmOutSelFolder::arrange() {
 void frmOutSelFolder::startSearch() {
     searching_ = true;
     found_.clear();
-    selection_ = std::make_unique<FolderSelection>(parts_.gateway, parts_.log);
+    selection_ = std::make_unique<FolderSelection>(parts_.outlook, parts_.log);
     list_.fill(0);
     focus(IDCANCEL);
     enable(false);

@@ -110,6 +110,7 @@ Object createExportFolder(const ExportParts& parts, const std::wstring& name) {
         const Fault fault = caughtFault();
         if (!nameIsTaken(parent, chosen)) throw fault;
         parts.log.fault(L"Error (createExportFolder): ", fault);
+        const auto waitsForUser = parts.outlook.untimed();
         parts.user.messageBox(
             parts.texts.translate(L"#07110#A folder with this name already exists. Please use another name."),
             kMessageTitle, MB_OK | MB_ICONEXCLAMATION);

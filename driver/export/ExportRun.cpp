@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "automation/OutlookFaults.h"
 #include "automation/MessageYield.h"
+#include "automation/OutlookFaults.h"
 
 namespace zelbar {
 
@@ -45,7 +45,7 @@ void ExportRun::rowFailed(const Fault& fault, size_t line) {
     outlookFailed_ = outlookFailed_ || saysOutlookFailed(fault);
     parts_.log.trace(L"cDataConnector.copyToContactItem", L" Error in ", fault.source, L". ",
                      fault.description, L" (", fault.number, L") at line ", line);
-    if (saysServerGone(fault)) throw fault;
+    if (saysServerGone(fault) || saysNotAnswering(fault)) throw fault;
 }
 
 void ExportRun::begin(const wchar_t* step, size_t total) {
@@ -62,6 +62,7 @@ void ExportRun::advance() {
 }
 
 void ExportRun::yield() noexcept {
+    const auto untimed = parts_.outlook.untimed();
     yieldToMessages();
 }
 

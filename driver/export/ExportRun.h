@@ -26,12 +26,14 @@ class ExportRun {
     /// The directory's rows, from the database at the path (empty: the one that is open).
     std::vector<EmployeeRow> readDirectory(const std::wstring& path);
 
-    /// Adds a contact for a row; a failure is logged and the run goes on, unless Outlook is gone.
+    /// Adds a contact for a row; a failure is logged and the run goes on, unless Outlook is gone or
+    /// does not answer.
     void add(const Object& items, const EmployeeRow& row, size_t line);
     /// Runs one row's work under the same rule; `line` is the row's number in the log. False when it failed.
     template <class Work>
     bool guarded(size_t line, Work&& work) {
         try {
+            const auto deadline = timeForUser();
             work();
             return true;
         } catch (...) {
@@ -39,6 +41,9 @@ class ExportRun {
             return false;
         }
     }
+
+    /// For what is asked beside the rows.
+    Deadline timeForUser() const { return parts_.outlook.timeForUser(); }
 
     /// A new step of `total` parts, and one part more done.
     void begin(const wchar_t* step, size_t total);

@@ -1,3 +1,4 @@
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -37,12 +38,13 @@ class Synchronization {
         changeContacts(plan);
         addMissing(plan);
         run_.trace(L" save export folder");
+        const auto deadline = run_.timeForUser();
         storeExportFolder(folder_);
     }
 
   private:
     void readFolder() {
-        const long count = items_.integer(outlook::Count);
+        const long count = itemCount();
         run_.begin(L"compare", static_cast<size_t>(count));
         for (long index = 1; index <= count; ++index) {
             run_.trace(L" do while for index: ", index);
@@ -50,7 +52,12 @@ class Synchronization {
             run_.advance();
         }
         // When the folder shrinks under the walk, one item slips past; when it grows, one is not met.
-        keptStill_ = items_.integer(outlook::Count) == count;
+        keptStill_ = itemCount() == count;
+    }
+
+    long itemCount() const {
+        const auto deadline = run_.timeForUser();
+        return items_.integer(outlook::Count);
     }
 
     void readItem(long index) {
@@ -172,6 +179,15 @@ class Synchronization {
     bool keptStill_ = false;
 };
 
+/// The folder, made anew where a name is given for it; none when that is taken.
+Object folderFor(const ExportParts& parts, const std::wstring& folderName) {
+    LookUp folder = GetExportFolder(parts.log, parts.outlook);
+    if (folder.failed()) throw folder.fault;
+    if (folder.found()) return folder.item;
+    if (folderName.empty()) throw Fault{fault::kObjectNotSet, L"There is no export folder.", kRoutine};
+    return createExportFolder(parts, folderName);
+}
+
 }  // namespace
 
 bool synchronizeExportFolder(const ExportParts& parts, const std::wstring& databasePath,
@@ -179,14 +195,14 @@ bool synchronizeExportFolder(const ExportParts& parts, const std::wstring& datab
     parts.log.trace(kRoutine);
     ExportRun run(parts, kRoutine, std::move(client));
     std::vector<EmployeeRow> rows = run.readDirectory(databasePath);
-    LookUp folder = GetExportFolder(parts.log, parts.outlook);
-    if (folder.failed()) throw folder.fault;
-    if (folder.gone()) {
-        if (folderName.empty()) throw Fault{fault::kObjectNotSet, L"There is no export folder.", kRoutine};
-        folder.item = createExportFolder(parts, folderName);
+    std::optional<Synchronization> synchronization;
+    {
+        const auto deadline = run.timeForUser();
+        const Object folder = folderFor(parts, folderName);
+        if (!folder) return false;
+        synchronization.emplace(run, parts.outlook.GetNameSpace(), folder, std::move(rows));
     }
-    if (!folder.item) return false;
-    Synchronization(run, parts.outlook.GetNameSpace(), folder.item, std::move(rows)).carryOut();
+    synchronization->carryOut();
     return run.complete();
 }
 

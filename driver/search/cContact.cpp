@@ -30,6 +30,7 @@ void cContact::SetValues(const Object& item) {
 }
 
 void cContact::SetValues(const Object& item, bool unified) {
+    const auto deadline = parts_.outlook.timeForCall();
     notInPIM_ = true;
     if (item) {
         load(item, unified);
@@ -71,6 +72,7 @@ void cContact::SetPhoneValues(bool unified) {
 }
 
 std::wstring cContact::read(const Member& member) const noexcept {
+    const auto deadline = parts_.outlook.timeForCall();
     std::wstring result;
     if (item_) Attempts().into(result, [&] { return item_.text(member); });
     return result;
@@ -82,6 +84,7 @@ std::wstring& cContact::cached(std::wstring& kept, const Member& member) noexcep
 }
 
 std::wstring cContact::Contact_employeeId() const {
+    const auto deadline = parts_.outlook.timeForCall();
     std::wstring result;
     const Object item = item_;
     if (item) Attempts().into(result, [&] { return employeeIdOf(item); });
@@ -93,6 +96,7 @@ std::wstring cContact::Contact_ContactId() {
 }
 
 std::wstring cContact::Contact_StoreId() {
+    const auto deadline = parts_.outlook.timeForCall();
     if (storeId_.empty() && item_) storeId_ = readStoreId(item_);
     return storeId_;
 }
@@ -115,15 +119,18 @@ std::wstring cContact::readStoreId(const Object& item) noexcept {
 }
 
 std::wstring cContact::Contact_MainPhoneNumber() {
+    const auto deadline = parts_.outlook.timeForCall();
     if (mainPhoneNumber_.empty() && item_) SetPhoneValues(parts_.unifiedSearch);
     return mainPhoneNumber_;
 }
 
 std::wstring cContact::Contact_MainHomeNumber() {
+    const auto deadline = parts_.outlook.timeForCall();
     return cached(cached(mainHomeNumber_, outlook::HomeTelephoneNumber), outlook::Home2TelephoneNumber);
 }
 
 std::vector<std::wstring> cContact::addresses() const {
+    const auto deadline = parts_.outlook.timeForCall();
     std::vector<std::wstring> result;
     if (!mayReadAddresses()) {
         if (employee_.exists()) result.push_back(employee_.column(L"EmailAddress"));
@@ -163,6 +170,7 @@ std::wstring cContact::Contact_PhotoURL() {
 /// A picture's file takes the place of what the client has put; without a picture that stays.
 void cContact::SetPhotoUrl() noexcept {
     photoUrlIsPut_ = false;
+    const auto deadline = parts_.outlook.timeForCall();
     try {
         const Object item = item_;
         if (std::wstring path = savePicture(item, parts_.paths.DataPath()); !path.empty())
@@ -190,6 +198,7 @@ std::wstring cContact::labelOf(const TelephoneProperty& property) {
 }
 
 Com<Collection> cContact::Contact_PhoneNumbers() {
+    const auto deadline = parts_.outlook.timeForCall();
     if (phoneList_ && phoneList_->count() > 0) return phoneList_;
     const auto list = makeObject<Collection>();
     parts_.log.trace(L"Contact.Contact_PhoneNumbers()");
@@ -202,6 +211,7 @@ Com<Collection> cContact::Contact_PhoneNumbers() {
 }
 
 void cContact::Contact_Show() const {
+    const auto deadline = parts_.outlook.timeForUser();
     if (item_) item_.object(outlook::GetInspector).call(outlook::Display);
 }
 

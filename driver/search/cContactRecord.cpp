@@ -4,8 +4,8 @@
 
 #include "automation/Attempts.h"
 #include "automation/DaoNames.h"
-#include "automation/OutlookNames.h"
 #include "automation/MessageYield.h"
+#include "automation/OutlookNames.h"
 #include "search/DialableContacts.h"
 #include "support/Settings.h"
 
@@ -67,32 +67,40 @@ short cContactRecord::ContactRecord_RecordCount() const {
     return search_ && search_->rows ? search_->count() : short{0};
 }
 
+/// Time that the client takes for itself.
+void cContactRecord::yield() {
+    const auto untimed = parts_.outlook.untimed();
+    yieldToMessages();
+}
+
 // ---- The first match
 
 cContactRecord::Search cContactRecord::begin(long searchKind, const std::wstring& searchText, bool unified) {
     ends_ = {.bof = true, .eof = false};
     searchKind_ = searchKind;
     searchText_ = searchText;
-    yieldToMessages();
+    yield();
     return std::make_shared<CacheSearch>(searchKind, searchText, unified);
 }
 
 Com<::Contact> cContactRecord::ContactRecord_FindFirst(long searchKind, const std::wstring& searchText) {
     FLog& log = parts_.log;
     log.trace(searchKind == kSearchByName ? L"=>FindFisrt() Name=" : L"=>FindFisrt() Phone=", searchText);
+    const auto deadline = parts_.outlook.timeForCall();
     const Search search = begin(searchKind, searchText, false);
     const Com<::Contact> result = TimerFind(search);
     log.trace(
         L"Found ", [&] { return search->rows.integer(dao::RecordCount); }, L" items...");
     setCurrentContact(search, result);
-    yieldToMessages();
+    yield();
     return result;
 }
 
 Com<::Contact> cContactRecord::ContactRecord_FindFirstForUnified(long searchKind,
                                                                  const std::wstring& searchText) {
+    const auto deadline = parts_.outlook.timeForCall();
     const Com<::Contact> result = TimerFind(begin(searchKind, searchText, true));
-    yieldToMessages();
+    yield();
     return result;
 }
 
@@ -207,6 +215,7 @@ bool cContactRecord::advance(const Search& search, const Direction& direction) {
 }
 
 Com<::Contact> cContactRecord::walk(const Direction& direction) {
+    const auto deadline = parts_.outlook.timeForCall();
     parts_.log.trace(direction.entryLine);
     if (!search_ || !search_->rows) return {};
     if (useMatchCount_) TimerFind(std::make_shared<CacheSearch>(searchKind_, searchText_, search_->unified));
@@ -250,6 +259,7 @@ void cContactRecord::ContactRecord_MoveFirst() {
 }
 
 void cContactRecord::ContactRecord_MoveLast() {
+    const auto deadline = parts_.outlook.timeForCall();
     parts_.log.trace(L"=>MoveLast()");
     const Search search = search_;
     if (!search || !search->rows) return;
@@ -275,12 +285,13 @@ void cContactRecord::ContactRecord_MoveLast() {
 /// are not looked at.
 Com<Collection> cContactRecord::ContactRecord_FillContactCollection(long searchKind,
                                                                     const std::wstring& searchText) {
+    const auto deadline = parts_.outlook.timeForCall();
     FLog& log = parts_.log;
     log.trace(L"ContactRecord_FillContactCollection()");
     OutputDebugStringW(L"ContactRecord_FillContactCollection......OutputDebugString");
     const Search search = begin(searchKind, searchText, true);
     const Com<::Contact> first = TimerFind(search);
-    yieldToMessages();
+    yield();
     const auto next = [&] {
         log.trace(Direction::next.entryLine);
         Com<::Contact> result;

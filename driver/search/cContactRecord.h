@@ -53,6 +53,7 @@ class cContactRecord final : public ContactRecordBorder<cContactRecord> {
     LookUp lookUp(const CacheRow& row, const wchar_t* caller);
     Com<cContact> contactOf(const LookUp& found, bool unified);
     Com<cContact> unknownContact(const CacheSearch& search);
+    void yield();
     Search begin(long searchKind, const std::wstring& searchText, bool unified);
     Com<cContact> TimerFind(const Search& search);
     void openQuery(const Search& search) noexcept;

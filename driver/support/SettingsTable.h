@@ -90,6 +90,29 @@ inline constexpr Setting kLimitPST{
     L"administrator",
     L"The highest number of Outlook stores that are searched, never more than 100."};
 
+inline constexpr Setting kOutlookTimeout{
+    CurrentUser,
+    L"7316\\Popup",
+    L"",
+    L"OutlookTimeout",
+    Number,
+    L"5000",
+    L"driver",
+    L"administrator",
+    L"Milliseconds that one question of the client waits for Outlook, such as the search for a caller; 0 "
+    L"waits for ever."};
+inline constexpr Setting kOutlookTimeoutUser{
+    CurrentUser,
+    L"7316\\Popup",
+    L"",
+    L"OutlookTimeoutUser",
+    Number,
+    L"30000",
+    L"driver",
+    L"administrator",
+    L"The same where the user has asked for something in Outlook: a window, the list of folders, a row of the "
+    L"export."};
+
 inline constexpr Setting kCountry{CurrentUser,
                                   L"7316\\Popup",
                                   L"",
@@ -284,6 +307,8 @@ inline constexpr std::array kAll = {
     &kSynchroProcess,
     &kInitPSTnumber,
     &kLimitPST,
+    &kOutlookTimeout,
+    &kOutlookTimeoutUser,
     &kCountry,
     &kAreaCode,
     &kOutsideLine,

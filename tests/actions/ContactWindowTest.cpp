@@ -50,6 +50,7 @@ TEST_F(ContactWindow, AContactThatHasGoneIsUnknownButOneThatCannotBeReadIsNot) {
     EXPECT_EQ(contacts(), 1u) << "Outlook was busy; making Anna again would double her";
     EXPECT_TRUE(traced("Error (ExecuteAction - ActionOpenContact): "));
     faults().clear();
+    letOutlookRest();
     outlook.mailbox().eraseItem(anna.id);
     run(*opener(2), caller);
     EXPECT_EQ(contacts(), 1u);

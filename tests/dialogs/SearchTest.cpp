@@ -11,7 +11,7 @@ class Search : public DialogTest {
     Search() { driver().log.load(); }
 
     static FoundFolders search(const std::wstring& limit = {}) {
-        FolderSearch search(driver().gateway, driver().log, limit);
+        FolderSearch search(driver().outlook, driver().log, limit);
         while (search.step()) {
         }
         return search.take();

@@ -37,7 +37,7 @@ class Selection : public DialogTest, public testing::WithParamInterface<Case> {
   protected:
     static FolderSelection loaded() {
         driver().log.load();
-        FolderSelection selection(driver().gateway, driver().log);
+        FolderSelection selection(driver().outlook, driver().log);
         while (selection.search()) {
         }
         selection.load();
@@ -101,6 +101,7 @@ TEST_F(Selection, AnIncompleteListIsNeverSavedUnasked) {
         EXPECT_EQ(storedStates(), L"11") << &spoil - ways;
         EXPECT_EQ(stored(L"ConfigChanged"), L"(none)") << &spoil - ways;
         faults().clear();
+        letOutlookRest();
     }
     EXPECT_TRUE(traced("Getting Outlook folders : no connection to object outlook"));
     // What OK does is the user's own decision.

@@ -52,7 +52,7 @@ TEST_F(Doubles, NoneGoesWhenInDoubt) {
     make({});
     for (const wchar_t* member :
          {L"UserProperty.Value", L"ContactItem.Department", L"ContactItem.JobTitle"}) {
-        faults().failMember(member, {static_cast<HRESULT>(0x80010001), {}}, 1);
+        faults().failMember(member, {static_cast<HRESULT>(0x80010100), {}}, 1);
         EXPECT_FALSE(synchronize());
         EXPECT_EQ(left().size(), 3u);
     }

@@ -5,7 +5,7 @@ namespace zelbar {
 
 namespace {
 
-constexpr HRESULT kBusy = static_cast<HRESULT>(0x80010001);
+constexpr HRESULT kLostCall = static_cast<HRESULT>(0x80010100);
 
 TEST_F(ExportTest, WhatFailsIsOneLineAndTheRestGoesOn) {
     fill(3);
@@ -16,7 +16,7 @@ TEST_F(ExportTest, WhatFailsIsOneLineAndTheRestGoesOn) {
         traced("cDataConnector.copyToContactItem Error in Microsoft Outlook. No. (-2147467259) at line 1"));
     sql({L"Delete From Employees Where EmployeeId = 3"});
     const std::tuple<const wchar_t*, HRESULT, Ids> cases[] = {
-        {L"ContactItem.EntryID", kBusy, {2, 3}},
+        {L"ContactItem.EntryID", kLostCall, {2, 3}},
         {L"ContactItem.Delete", E_ACCESSDENIED, {1, 2, 3}},
         {L"ContactItem.Department", E_FAIL, {1, 2}},
         {L"ContactItem.EntryID", E_FAIL, {1, 2, 2}}};
@@ -49,7 +49,7 @@ TEST_F(ExportTest, WhereverOutlookFailsTheNextRunIsRight) {
         if (call % 3 == 2)
             faults().quitAtCall(call);
         else
-            faults().failCall(call, {call % 3 == 0 ? E_FAIL : kBusy, {}});
+            faults().failCall(call, {call % 3 == 0 ? E_FAIL : kLostCall, {}});
         outlook.server().calls().reset();
         synchronize();
         const long calls = outlook.server().calls().invocations();

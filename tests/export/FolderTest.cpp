@@ -14,7 +14,7 @@ TEST_F(ExportTest, TheFolderIsFoundAgainWhereverTheUserPutsItAndWheneverOutlookA
     const auto before = mailbox.subfolders(root).size();
     EXPECT_TRUE(synchronize(L"Staff"));
     EXPECT_EQ(mailbox.items(staff.id).size(), 1u);
-    for (const unsigned long code : {0x80010001UL, 0x8004011CUL, 0x80070005UL, 0x80004005UL})
+    for (const unsigned long code : {0x80010100UL, 0x8004011CUL, 0x80070005UL, 0x80004005UL})
         for (const long times : {1, 2}) {
             faults().failMember(L"GetFolderFromID", {static_cast<HRESULT>(code), L"No."}, times);
             faults().failMember(L"GetFolderFromID", {static_cast<HRESULT>(0x8004010F), L"No."});

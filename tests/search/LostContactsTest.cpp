@@ -62,6 +62,7 @@ TEST_F(LostContacts, AnOutlookThatFailsLosesNoRow) {
         walkAll();
         EXPECT_TRUE(notInPim(first(0, L"5Ada"))) << std::hex << failure;
         outlook.server().faults().clear();
+        letOutlookRest();
     }
     EXPECT_TRUE(traced("TimerFind() error with Outlook."));
     EXPECT_TRUE(traced("Error (FindNext): "));
