@@ -13,3 +13,14 @@ target_include_directories(sqlite3 SYSTEM PUBLIC "${SQLITE_SOURCE_DIR}")
 target_compile_options(sqlite3 PRIVATE -w -O2)
 target_compile_definitions(sqlite3 PRIVATE
     SQLITE_OMIT_LOAD_EXTENSION SQLITE_OMIT_DEPRECATED SQLITE_THREADSAFE=1 SQLITE_DQS=0)
+
+# zip files: zlib's own library for them, and of zlib what that needs.
+set(ZLIB_SOURCE_DIR "${PROJECT_SOURCE_DIR}/build/tools/zlib" CACHE PATH "Folder that scripts/setup-zlib has made")
+set(zip_sources adler32 crc32 deflate inffast inflate inftrees trees zutil
+    contrib/minizip/ioapi contrib/minizip/iowin32 contrib/minizip/unzip contrib/minizip/zip)
+list(TRANSFORM zip_sources PREPEND "${ZLIB_SOURCE_DIR}/")
+list(TRANSFORM zip_sources APPEND ".c")
+add_library(zip STATIC EXCLUDE_FROM_ALL ${zip_sources})
+target_include_directories(zip SYSTEM PUBLIC "${ZLIB_SOURCE_DIR}" "${ZLIB_SOURCE_DIR}/contrib/minizip")
+target_compile_options(zip PRIVATE -w -Os -ffunction-sections -fdata-sections)
+target_compile_definitions(zip PRIVATE NOCRYPT NOUNCRYPT)
