@@ -77,6 +77,10 @@ const std::wstring& Arguments::operand(std::wstring_view meaning) const {
     return operands_.front();
 }
 
+std::wstring Arguments::operandOrNone(std::wstring_view meaning) const {
+    return operands_.empty() ? std::wstring() : operand(meaning);
+}
+
 const std::vector<std::wstring>& Arguments::operands(std::wstring_view meaning) const {
     if (operands_.empty()) throw UsageError(L"At least one " + std::wstring(meaning) + L" is needed.");
     return operands_;

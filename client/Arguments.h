@@ -36,6 +36,8 @@ class Arguments {
     const wchar_t* oneOf(const wchar_t* first, const wchar_t* second) const;
     /// Throws `UsageError` unless there is exactly one operand, and that not empty; `meaning` names it.
     const std::wstring& operand(std::wstring_view meaning) const;
+    /// The same where there may be none; empty then.
+    std::wstring operandOrNone(std::wstring_view meaning) const;
     /// All operands; throws `UsageError` when there is none. `meaning` names one.
     const std::vector<std::wstring>& operands(std::wstring_view meaning) const;
     /// Throws `UsageError` if there is any operand.

@@ -14,6 +14,7 @@ zelbar::Module driverModule() {
         const std::wstring path = doctor::textAt(root, doctor::driverClassKey() + L"\\InprocServer32", L"");
         if (const std::size_t slash = path.find_last_of(L'\\'); slash != std::wstring::npos) {
             module.folder = path.substr(0, slash);
+            module.stem = path.substr(slash + 1, path.find_last_of(L'.') - slash - 1);
             break;
         }
     }

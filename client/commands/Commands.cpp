@@ -3,9 +3,9 @@
 namespace pimcall {
 
 std::span<const Command* const> allCommands() {
-    static constexpr const Command* kCommands[] = {&kCall,    &kFind,   &kShow,       &kActive,
-                                                   &kActions, &kCreate, &kShowFolder, &kFolders,
-                                                   &kForms,   &kConfig, &kExport,     &kDoctor, &kExplain};
+    static constexpr const Command* kCommands[] = {&kCall,   &kFind,       &kShow,    &kActive, &kActions,
+                                                   &kCreate, &kShowFolder, &kFolders, &kForms,  &kConfig,
+                                                   &kExport, &kDoctor,     &kExplain, &kBundle};
     return kCommands;
 }
 

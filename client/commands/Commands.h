@@ -43,6 +43,7 @@ inline constexpr wchar_t kNotAPlainMiss[] =
 
 extern const Command kActions;
 extern const Command kActive;
+extern const Command kBundle;
 extern const Command kCall;
 extern const Command kConfig;
 extern const Command kCreate;

@@ -239,7 +239,7 @@ TEST_F(BrokenMachineTest, IsSeenThroughTheRegistryAndTheFiles) {
     EXPECT_TRUE(says(L"synchro", L"problem", L"killed"));
     popup(L"Country", L"XX");
     EXPECT_TRUE(says(L"place", L"problem", L"XX"));
-    EXPECT_TRUE(says(L"trace", L"note", L"zelbar00.log"));
+    EXPECT_TRUE(says(L"trace", L"note", L"old.log"));
 
     writeCache({{L"A", L"1", L"00FF", L"7"}});
     EXPECT_TRUE(says(L"cache", L"ok", L"1 row"));
