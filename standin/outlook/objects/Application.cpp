@@ -42,8 +42,7 @@ const MemberTable& Application::members() const {
 }
 
 std::wstring Application::version() const {
-    const std::wstring chosen = server().option(L"Version");
-    return chosen.empty() ? L"11.0.0.8010" : chosen;
+    return session().versionText();
 }
 
 Ref<Object> Application::activeExplorer() {

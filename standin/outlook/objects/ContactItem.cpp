@@ -45,9 +45,7 @@ const MemberTable& ContactItem::members() const {
 }
 
 bool ContactItem::offers(const Member& member) const {
-    if (member.id != kHasPicture) return true;
-    const std::wstring version = server().option(L"Version");
-    return version.empty() || std::wcstol(version.c_str(), nullptr, 10) >= kFirstVersionWithPictures;
+    return member.id != kHasPicture || session().version() >= kFirstVersionWithPictures;
 }
 
 void ContactItem::beforeSave() {

@@ -6,10 +6,13 @@
 #include "standin/outlook/objects/Errors.h"
 #include "standin/outlook/objects/Items.h"
 #include "standin/outlook/objects/NameSpace.h"
+#include "standin/outlook/objects/Table.h"
 #include "standin/outlook/objects/Windows.h"
 
 namespace standin::outlook {
 namespace {
+
+constexpr DISPID kGetTable = 0xFB1D;
 
 struct FolderKind {
     SpecialFolder special;
@@ -53,6 +56,7 @@ const MemberTable& Folder::members() const {
                                        readOnly<&Self::items>(L"Items", 0x3100),
                                        readOnly<&Self::folders>(L"Folders", 0x2103),
                                        method<&Self::getExplorer>(L"GetExplorer", 0x3101, 0, 1),
+                                       method<&Self::getTable>(L"GetTable", kGetTable, 0, 2),
                                        method<&Self::display>(L"Display", 0x3104),
                                        method<&Self::remove>(L"Delete", 0xF045),
                                    },
@@ -85,6 +89,20 @@ Ref<Object> Folder::items() {
 
 Ref<Object> Folder::folders() {
     return makeOf<FolderList>(*this, record().id);
+}
+
+bool Folder::offers(const Member& member) const {
+    constexpr long kFirstVersionWithTables = 12;
+    return member.id != kGetTable || session().version() >= kFirstVersionWithTables;
+}
+
+Ref<Object> Folder::getTable(const Arguments& arguments) {
+    // What a filter would let through nobody has asked yet.
+    if (arguments.has(0) && !arguments.text(0).empty()) throw badParameter(server());
+    constexpr long kUserItems = 0, kHiddenItems = 1;
+    const long content = arguments.number(1, kUserItems);
+    if (content != kUserItems && content != kHiddenItems) throw badParameter(server());
+    return makeOf<Table>(*this, record().id, content == kHiddenItems);
 }
 
 Ref<Object> Folder::getExplorer(const Arguments&) {

@@ -15,6 +15,7 @@ class Folder final : public OutlookObject {
   protected:
     const MemberTable& members() const override;
     Ref<Object> parent() override;
+    bool offers(const Member& member) const override;
 
   private:
     // Throws when the folder has been deleted meanwhile.
@@ -27,6 +28,7 @@ class Folder final : public OutlookObject {
     Ref<Object> items();
     Ref<Object> folders();
     Ref<Object> getExplorer(const Arguments& arguments);
+    Ref<Object> getTable(const Arguments& arguments);
     void display();
     void remove();
 

@@ -23,7 +23,10 @@ enum class ObjectClass : long {
     Journal = 42,
     Mail = 43,
     Inspectors = 61,
-    DistributionList = 69
+    DistributionList = 69,
+    Table = 120,
+    Columns = 150,
+    Column = 154
 };
 
 // What every object of the model has: Application, Class, Parent.

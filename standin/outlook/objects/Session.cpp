@@ -69,6 +69,15 @@ void Session::closeWindowsOf(const ItemState& item) {
     }
 }
 
+std::wstring Session::versionText() const {
+    const std::wstring chosen = server.option(L"Version");
+    return chosen.empty() ? L"11.0.0.8010" : chosen;
+}
+
+long Session::version() const {
+    return std::wcstol(versionText().c_str(), nullptr, 10);
+}
+
 void Session::guardAddresses() const {
     const std::wstring answer = server.option(L"Guard");
     if (answer == L"deny") throw notSupported(server);

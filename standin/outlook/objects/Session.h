@@ -59,6 +59,10 @@ class Session {
     void close(const ExplorerWindow& window);
     void closeWindowsOf(const ItemState& item);
 
+    // The number before the first dot of the version that is played.
+    long version() const;
+    std::wstring versionText() const;
+
     // Throws what a client gets when the user denies access to addresses, if the switch "Guard" says so.
     void guardAddresses() const;
 

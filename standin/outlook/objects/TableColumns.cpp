@@ -1,0 +1,126 @@
+#include "standin/outlook/objects/TableColumns.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <span>
+
+#include "standin/outlook/mailbox/ContactNames.h"
+#include "standin/outlook/objects/ContactFields.h"
+
+namespace standin::outlook {
+namespace {
+
+constexpr std::size_t kWidestCell = 255;
+constexpr wchar_t kTag[] = L"http://schemas.microsoft.com/mapi/proptag/0x";
+constexpr wchar_t kLastingId[] = L"66700102";
+constexpr wchar_t kRowId[] = L"0FFF0102";
+constexpr wchar_t kTextType[] = L"001F";
+
+constexpr const wchar_t* kOwnNames[] = {L"EntryID", L"Subject", L"MessageClass", L"FullName", L"FileAs"};
+
+template <std::size_t size>
+bool isOneOf(const std::wstring& name, const FieldName (&fields)[size]) {
+    return std::ranges::any_of(fields, [&](const FieldName& field) { return name == field.name; });
+}
+
+bool isTextProperty(const std::wstring& name) {
+    return isOneOf(name, kNameParts) || isOneOf(name, kTelephones) || isOneOf(name, kEmails) ||
+           isOneOf(name, kTextFields) || name == L"Categories" || name == L"BillingInformation";
+}
+
+// The part behind the namespace; empty for a name of another kind. Namespaces are compared with their case.
+std::wstring tagOf(const std::wstring& name) {
+    return name.starts_with(kTag) ? name.substr(std::size(kTag) - 1) : std::wstring();
+}
+
+// The telephone property that a tag names; empty for another one.
+std::wstring telephoneOf(const std::wstring& tag) {
+    if (tag.size() != 8 || !tag.ends_with(kTextType)) return {};
+    const DISPID id = static_cast<DISPID>(std::wcstol(tag.substr(0, 4).c_str(), nullptr, 16));
+    const auto found = std::ranges::find(kTelephones, id, &FieldName::id);
+    return found == std::end(kTelephones) ? std::wstring() : found->name;
+}
+
+std::wstring messageClassOf(const ItemRecord& item) {
+    const std::wstring own = item.field(L"MessageClass");
+    if (!own.empty()) return own;
+    switch (item.type) {
+        case ItemType::Contact:
+            return L"IPM.Contact";
+        case ItemType::DistributionList:
+            return L"IPM.DistList";
+        case ItemType::Journal:
+            return L"IPM.Activity";
+        default:
+            return L"IPM.Note";
+    }
+}
+
+Value missing(const OutlookObject& reader) {
+    if (reader.server().option(L"TableMissing") != L"error") return {};
+    constexpr long kNotFound = static_cast<long>(0x8004010FUL);
+    return Value(kNotFound, VT_ERROR);
+}
+
+bool hasShortIds(const OutlookObject& reader) {
+    return reader.server().option(L"TableIds").starts_with(L"short");
+}
+
+// An identifier for the session only begins with other flags than one that is kept.
+std::wstring rowId(const OutlookObject& reader, const std::wstring& lasting) {
+    return hasShortIds(reader) ? L"EF" + lasting.substr(2) : lasting;
+}
+
+// The bytes that hexadecimal digits stand for.
+Value bytesOf(const std::wstring& digits) {
+    const auto count = static_cast<ULONG>(digits.size() / 2);
+    VARIANT raw;
+    VariantInit(&raw);
+    raw.parray = SafeArrayCreateVector(VT_UI1, 0, count);
+    if (!raw.parray) throw std::bad_alloc();
+    raw.vt = VT_ARRAY | VT_UI1;
+    for (ULONG i = 0; i < count; ++i)
+        static_cast<BYTE*>(raw.parray->pvData)[i] =
+            static_cast<BYTE>(std::wcstoul(digits.substr(i * 2, 2).c_str(), nullptr, 16));
+    Value value;
+    value.Attach(raw);
+    return value;
+}
+
+std::wstring textOf(const ItemRecord& item, const std::wstring& column) {
+    if (column == L"MessageClass") return messageClassOf(item);
+    if (column == L"FullName" || column == L"Subject")
+        return item.type == ItemType::Contact ? fullNameOf(item.fields) : item.field(L"Subject");
+    if (column == L"FileAs" && item.field(column).empty()) return defaultFileAs(item.fields);
+    const std::wstring telephone = telephoneOf(tagOf(column));
+    return item.field(telephone.empty() ? column : telephone);
+}
+
+}  // namespace
+
+std::vector<std::wstring> defaultColumns(ItemType folderType) {
+    std::vector<std::wstring> names = {L"EntryID", L"Subject", L"CreationTime", L"LastModificationTime",
+                                       L"MessageClass"};
+    if (folderType == ItemType::Contact)
+        names.insert(names.end(), {L"FirstName", L"LastName", L"CompanyName"});
+    return names;
+}
+
+bool isColumn(const std::wstring& name) {
+    const std::wstring tag = tagOf(name);
+    if (!tag.empty()) return tag == kLastingId || tag == kRowId || !telephoneOf(tag).empty();
+    return isTextProperty(name) || std::ranges::find(kOwnNames, name) != std::end(kOwnNames);
+}
+
+Value cellOf(const OutlookObject& reader, const ItemRecord& item, const std::wstring& column) {
+    const auto lastingId = [&] { return reader.mailbox().entryId(item); };
+    if (column == L"EntryID") return toValue(rowId(reader, lastingId()));
+    const std::wstring tag = tagOf(column);
+    if (tag == kRowId) return bytesOf(rowId(reader, lastingId()));
+    if (tag == kLastingId)
+        return reader.server().option(L"TableIds") == L"short" ? bytesOf(lastingId()) : missing(reader);
+    const std::wstring text = textOf(item, column);
+    return text.empty() ? missing(reader) : toValue(text.substr(0, kWidestCell));
+}
+
+}  // namespace standin::outlook
