@@ -17,6 +17,8 @@ inline constexpr ObjectClass kInspector = 35;
 inline constexpr ObjectClass kUserProperties = 38;
 inline constexpr ObjectClass kUserProperty = 39;
 inline constexpr ObjectClass kContact = 40;
+inline constexpr ObjectClass kTable = 120;
+inline constexpr ObjectClass kColumns = 150;
 
 inline constexpr long kDefaultContacts = 10;
 inline constexpr long kDefaultJournal = 11;
@@ -54,6 +56,14 @@ inline constexpr Member Folders{L"Folders", kFolders};
 inline constexpr Member FolderAt{L"Item", kFolder};
 inline constexpr Member AddFolder{L"Add", kFolder, kLasting};
 inline constexpr Member DefaultItemType{L"DefaultItemType"};
+
+// A folder's table, of Outlook 2007 and later
+inline constexpr Member GetTable{L"GetTable", kTable};
+inline constexpr Member Columns{L"Columns", kColumns};
+inline constexpr Member RemoveAll{L"RemoveAll"};
+inline constexpr Member AddColumn{L"Add"};
+inline constexpr Member EndOfTable{L"EndOfTable"};
+inline constexpr Member GetArray{L"GetArray"};
 
 // Contact items
 inline constexpr Member Save{L"Save", kUnknownClass, kLasting};
