@@ -1,28 +1,33 @@
 #include "filler/AddressBook.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "automation/Fault.h"
-#include "automation/Object.h"
-#include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
+#include "filler/ItemReader.h"
 #include "filler/OpenFolders.h"
 #include "filler/OutlookFault.h"
+#include "filler/TableReader.h"
 
 namespace filler {
 namespace {
 
 namespace outlook = zelbar::outlook;
 using zelbar::Fault;
-using zelbar::Object;
 
 class Reader {
   public:
-    Reader(const OpenFolders& source, Observer& observer) : source_(source), observer_(observer) {}
+    Reader(const OpenFolders& source, ChosenWay way, Observer& observer)
+        : source_(source), observer_(observer) {
+        book_.way = std::move(way);
+    }
 
     AddressBook read() {
         book_.storeIds = source_.storeIds;
         book_.folderCount = static_cast<long>(source_.folders.size());
         for (const OpenFolder& folder : source_.folders) total_ += folder.count;
-        for (const OpenFolder& folder : source_.folders) readFolder(folder);
+        for (const OpenFolder& folder : source_.folders) take(folder, readFolder(folder));
         if (book_.contactCount == 0 && book_.unreadCount > 0)
             throw Failure{L"Outlook let none of the contacts be read (" + std::to_wstring(book_.unreadCount) +
                           L" failed): " + lastFault_};
@@ -30,42 +35,37 @@ class Reader {
     }
 
   private:
-    /// From the last to the first: when somebody deletes an item meanwhile, one that has been read is met
-    /// again and none is passed over.
-    void readFolder(const OpenFolder& folder) {
-        const long before = book_.unreadCount;
-        std::set<std::wstring> seen;
-        for (long position = folder.count; position >= 1; --position) {
-            goOn(observer_);
-            readItem(folder, position, seen);
-            observer_.progress(L"Reading Outlook", ++done_, total_);
+    FolderContacts readFolder(const OpenFolder& folder) {
+        const long before = done_;
+        if (book_.way.way == ReadWay::Table) {
+            try {
+                return readTable(source_.session, folder, source_.storeIds[folder.store], observer_,
+                                 [this](long rows) { progress(rows); });
+            } catch (const TableRefused& refused) {
+                observer_.note(L"The folder " + pathOf(folder.folder) + L" is read item by item: " +
+                               refused.reason);
+            }
         }
-        if (const long unread = book_.unreadCount - before; unread > 0)
-            observer_.note(L"Contacts that could not be read in " + pathOf(folder.folder) + L": " +
-                           std::to_wstring(unread) + L". The last reason: " + lastFault_);
+        done_ = before;
+        return readItems(folder, observer_, [this] { progress(1); });
     }
 
-    void readItem(const OpenFolder& folder, long position, std::set<std::wstring>& seen) {
-        std::wstring id;
-        try {
-            const Object item = folder.items.object(outlook::ItemAt, position);
-            if (item.objectClass() != outlook::kContact) return;
-            id = item.text(outlook::EntryID);
-            if (!seen.insert(id).second) return;
-            Contact contact = readContact(item, id);
-            ++book_.contactCount;
+    void progress(long items) {
+        done_ = std::min(done_ + items, total_);
+        observer_.progress(L"Reading Outlook", done_, total_);
+    }
+
+    void take(const OpenFolder& folder, FolderContacts&& read) {
+        book_.contactCount += static_cast<long>(read.contacts.size());
+        for (Contact& contact : read.contacts)
             if (!contact.numbers.empty()) book_.contacts.push_back({folder.store, std::move(contact)});
-        } catch (const Fault& fault) {
-            if (saysOutlookFailed(fault)) throw;
-            // So many have been deleted meanwhile that nothing stands at this position.
-            if (id.empty() && folder.items.integer(outlook::Count) < position) return;
-            ++book_.unreadCount;
-            lastFault_ = fault.description;
-            if (id.empty())
-                book_.partlyRead.insert(folder.store);
-            else
-                book_.unreadable.emplace(folder.store, id);
-        }
+        for (std::wstring& id : read.unreadable) book_.unreadable.emplace(folder.store, std::move(id));
+        if (read.withoutIdentifier > 0) book_.partlyRead.insert(folder.store);
+        if (read.unread() == 0) return;
+        book_.unreadCount += read.unread();
+        lastFault_ = read.lastFault;
+        observer_.note(L"Contacts that could not be read in " + pathOf(folder.folder) + L": " +
+                       std::to_wstring(read.unread()) + L". The last reason: " + lastFault_);
     }
 
     const OpenFolders& source_;
@@ -78,10 +78,12 @@ class Reader {
 
 }  // namespace
 
-AddressBook readAddressBook(zelbar::Gateway& gateway, const FolderChoice& choice, Observer& observer) {
+AddressBook readAddressBook(zelbar::Gateway& gateway, const FolderChoice& choice,
+                            std::optional<ReadWay> asked, Observer& observer) {
     try {
         const OpenFolders source = openFolders(gateway, choice, observer);
-        AddressBook book = Reader(source, observer).read();
+        ChosenWay way = chooseWay(asked, source.application.text(outlook::Version));
+        AddressBook book = Reader(source, std::move(way), observer).read();
         book.listedStores = choice.stores;
         return book;
     } catch (const Fault& fault) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "filler/ContactReader.h"
 #include "filler/FolderChoice.h"
 #include "filler/Observer.h"
+#include "filler/ReadWay.h"
 
 namespace filler {
 
@@ -33,12 +35,15 @@ struct AddressBook {
     long folderCount = 0;
     long contactCount = 0;  ///< With a number or without.
     long unreadCount = 0;   ///< Items that could not be read.
+    ChosenWay way;          ///< How the folders were read, as far as they let themselves be.
 
     bool isComplete() const { return unreadCount == 0; }
 };
 
-/// Reads the chosen folders, or the default contacts folder. An item that cannot be read is counted; when
+/// Reads the chosen folders, or the default contacts folder, in the way `asked` for or the best one; a folder
+/// that refuses its table is read item by item. An item that cannot be read is counted; when
 /// Outlook itself fails, or no item at all can be read, a Failure ends the run.
-AddressBook readAddressBook(zelbar::Gateway& gateway, const FolderChoice& choice, Observer& observer);
+AddressBook readAddressBook(zelbar::Gateway& gateway, const FolderChoice& choice,
+                            std::optional<ReadWay> asked, Observer& observer);
 
 }  // namespace filler

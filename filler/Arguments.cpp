@@ -6,7 +6,8 @@ namespace filler {
 namespace {
 
 /// Where the value of an option goes; null for one that there is not.
-std::wstring* valueOf(std::wstring_view option, numbers::PlaceWords& place) {
+std::wstring* valueOf(std::wstring_view option, numbers::PlaceWords& place, std::wstring& way) {
+    if (option == L"--read") return &way;
     if (option == L"--country") return &place.country;
     if (option == L"--area") return &place.areaCode;
     if (option == L"--outside-line") return &place.outsideLine;
@@ -17,6 +18,7 @@ std::wstring* valueOf(std::wstring_view option, numbers::PlaceWords& place) {
 
 Arguments parseArguments(int count, wchar_t** words) {
     Arguments result;
+    std::wstring way;
     for (int i = 1; i < count; ++i) {
         const std::wstring_view word = words[i];
         if (word == L"--help" || word == L"-h" || word == L"/?") {
@@ -29,7 +31,7 @@ Arguments parseArguments(int count, wchar_t** words) {
         }
         const std::size_t equals = word.find(L'=');
         const std::wstring option(word.substr(0, equals));
-        std::wstring* value = valueOf(option, result.place);
+        std::wstring* value = valueOf(option, result.place, way);
         if (!value) throw WrongUsage{L"unknown argument " + std::wstring(word)};
         if (!value->empty()) throw WrongUsage{option + L" is given more than once"};
         const bool isAttached = equals != std::wstring_view::npos;
@@ -39,6 +41,8 @@ Arguments parseArguments(int count, wchar_t** words) {
             *value = words[++i];
         if (value->empty()) throw WrongUsage{option + L" needs a value"};
     }
+    result.way = wayNamed(way);
+    if (!way.empty() && !result.way) throw WrongUsage{L"--read is table or items, not " + way};
     return result;
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "filler/ReadWay.h"
 #include "numbers/HomePlace.h"
 
 namespace filler {
@@ -11,6 +13,7 @@ struct Arguments {
     bool isQuiet = false;
     bool wantsHelp = false;
     numbers::PlaceWords place;
+    std::optional<ReadWay> way;
 };
 
 /// The command line is wrong; the sentence is for the user.

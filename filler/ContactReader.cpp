@@ -10,26 +10,32 @@ namespace filler {
 namespace {
 
 namespace outlook = zelbar::outlook;
+using Read = std::function<std::wstring(const zelbar::Member&)>;
 
-std::wstring readName(const zelbar::Object& item) {
-    NameParts parts{item.text(outlook::LastName), item.text(outlook::FirstName), {}, {}};
+std::wstring readName(const Read& read) {
+    NameParts parts{read(outlook::LastName), read(outlook::FirstName), {}, {}};
     std::wstring name = searchName(parts);
     if (!name.empty()) return name;
-    parts.company = item.text(outlook::CompanyName);
-    parts.fileAs = item.text(outlook::FileAs);
+    parts.company = read(outlook::CompanyName);
+    parts.fileAs = read(outlook::FileAs);
     return searchName(parts);
 }
 
 }  // namespace
 
-Contact readContact(const zelbar::Object& item, std::wstring entryId) {
+Contact readContact(std::wstring entryId, const Read& read) {
     std::vector<std::wstring> numbers;
     numbers.reserve(zelbar::kTelephoneProperties.size());
     for (const zelbar::TelephoneProperty& telephone : zelbar::kTelephoneProperties)
-        numbers.push_back(item.text(telephone.member));
+        numbers.push_back(read(telephone.member));
     Contact contact{std::move(entryId), {}, storedNumbers(numbers)};
-    if (!contact.numbers.empty()) contact.name = readName(item);
+    if (!contact.numbers.empty()) contact.name = readName(read);
     return contact;
+}
+
+Contact readContact(const zelbar::Object& item, std::wstring entryId) {
+    return readContact(std::move(entryId),
+                       [&](const zelbar::Member& property) { return item.text(property); });
 }
 
 }  // namespace filler

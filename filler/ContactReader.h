@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,9 +15,11 @@ struct Contact {
     std::vector<std::wstring> numbers;  ///< As stored; may be empty.
 };
 
-/// Reads a contact item whose identifier is known. Throws a Fault. Names are asked for only where there is a
-/// number: without one nothing of the contact is stored. Each property is a call of its own; only Outlook
-/// 2007 and later could give several at once.
+/// A contact whose properties `read` gives by their names. Names are asked for only where there is a number:
+/// without one nothing of the contact is stored. What `read` throws ends it.
+Contact readContact(std::wstring entryId, const std::function<std::wstring(const zelbar::Member&)>& read);
+
+/// Reads a contact item whose identifier is known; each property is a call of its own. Throws a Fault.
 Contact readContact(const zelbar::Object& item, std::wstring entryId);
 
 }  // namespace filler

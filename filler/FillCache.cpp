@@ -21,7 +21,7 @@ std::wstring counted(long count, const wchar_t* one, const wchar_t* many) {
 
 }  // namespace
 
-FillResult fillCache(Observer& observer, const numbers::Place& place) {
+FillResult fillCache(Observer& observer, const numbers::Place& place, std::optional<ReadWay> asked) {
     const zelbar::Module module = zelbar::thisModule();
     zelbar::mLogError errors(module);
     zelbar::modMultiUser paths(module, errors);
@@ -32,14 +32,14 @@ FillResult fillCache(Observer& observer, const numbers::Place& place) {
         const FolderChoice choice = readFolderChoice();
         // Before Outlook, which takes minutes: a cache that cannot be written is told at once.
         CacheFile file(gateway, path);
-        const AddressBook book = readAddressBook(gateway, choice, observer);
+        const AddressBook book = readAddressBook(gateway, choice, asked, observer);
         const CacheChange change = updateCache(file, book, numbers::PresentedForms(place), flag, observer);
         if (book.isComplete() && paths.IsPerUserPath()) removeOldPhotos(paths.DataPath(), book);
         if (flag.isOthers())
             observer.note(
                 L"SynchroInProgress in the registry says that another program is filling the cache. If "
                 L"none is, delete that value: the client waits for it whenever it starts.");
-        return {book.folderCount, book.contactCount, book.unreadCount, change};
+        return {book.folderCount, book.contactCount, book.unreadCount, change, book.way};
     } catch (const zelbar::Fault& fault) {
         throw Failure{L"The cache " + path + L" cannot be updated: " + fault.description};
     }
@@ -47,9 +47,12 @@ FillResult fillCache(Observer& observer, const numbers::Place& place) {
 
 std::wstring describe(const FillResult& result) {
     const CacheChange& change = result.change;
-    std::wstring text = counted(result.contactCount, L"contact", L"contacts") + L" in " +
-                        counted(result.folderCount, L"folder", L"folders") + L", " +
-                        counted(change.numberCount, L"number", L"numbers") + L".\n";
+    std::wstring text = std::wstring(L"Outlook was read ") +
+                        (result.way.way == ReadWay::Table ? L"through its tables: " : L"item by item: ") +
+                        result.way.reason + L".\n";
+    text += counted(result.contactCount, L"contact", L"contacts") + L" in " +
+            counted(result.folderCount, L"folder", L"folders") + L", " +
+            counted(change.numberCount, L"number", L"numbers") + L".\n";
     if (!change.any()) return text + L"Nothing changed.\n";
     text += counted(change.added, L"row", L"rows") + L" added, " + std::to_wstring(change.removed) +
             L" removed.\n";

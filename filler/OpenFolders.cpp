@@ -24,12 +24,12 @@ class Opening {
     Opening(zelbar::Gateway& gateway, const FolderChoice& choice) : choice_(choice) {
         result_.application =
             gateway.create(zelbar::Server::Outlook, outlook::kProgId, outlook::kApplication);
-        session_ = result_.application.object(outlook::GetNamespace, L"MAPI");
+        result_.session = result_.application.object(outlook::GetNamespace, L"MAPI");
     }
 
     OpenFolders run(Observer& observer) {
         if (choice_.folders.empty()) {
-            add(session_.object(outlook::GetDefaultFolder, outlook::kDefaultContacts));
+            add(result_.session.object(outlook::GetDefaultFolder, outlook::kDefaultContacts));
         } else {
             for (const ChosenFolder& chosen : choice_.folders) add(folderOf(chosen));
         }
@@ -44,8 +44,9 @@ class Opening {
     /// None when the folder has been deleted.
     Object folderOf(const ChosenFolder& chosen) {
         try {
-            if (chosen.storeId.empty()) return session_.object(outlook::GetFolderFromID, chosen.entryId);
-            return session_.object(outlook::GetFolderFromID, chosen.entryId, chosen.storeId);
+            if (chosen.storeId.empty())
+                return result_.session.object(outlook::GetFolderFromID, chosen.entryId);
+            return result_.session.object(outlook::GetFolderFromID, chosen.entryId, chosen.storeId);
         } catch (const Fault& fault) {
             if (mayPass(fault)) throw;
             if (!saysItemGone(fault))
@@ -59,7 +60,7 @@ class Opening {
     std::wstring nameOf(const ChosenFolder& chosen) const {
         std::wstring name = L"The chosen folder number " + std::to_wstring(chosen.number);
         zelbar::Attempts()([&] {
-            const Object stores = session_.object(outlook::Folders);
+            const Object stores = result_.session.object(outlook::Folders);
             const long count = stores.integer(outlook::Count);
             for (long i = 1; i <= count; ++i) {
                 const Object store = stores.object(outlook::FolderAt, i);
@@ -97,7 +98,6 @@ class Opening {
 
     const FolderChoice& choice_;
     OpenFolders result_;
-    Object session_;
     std::vector<std::wstring> notes_;
 };
 

@@ -22,6 +22,7 @@ struct OpenFolder {
 /// Outlook with the folders to read. It keeps running for as long as this lives.
 struct OpenFolders {
     zelbar::Object application;
+    zelbar::Object session;
     std::vector<OpenFolder> folders;
     std::vector<std::wstring> storeIds;
 };

@@ -18,7 +18,8 @@ enum ExitStatus { kDone = 0, kIncomplete = 1, kUsage = 2, kFailure = 3 };
 constexpr wchar_t kHelp[] =
     L"Fills the contact cache of Tessaria (connec00.mdb in the data folder) from Outlook.\n"
     L"\n"
-    L"  fillcache [--country DE] [--area 89] [--outside-line 0] [--without-prefix KIND] [--quiet]\n"
+    L"  fillcache [--country DE] [--area 89] [--outside-line 0] [--without-prefix KIND]\n"
+    L"            [--read table|items] [--quiet]\n"
     L"\n"
     L"Reads the contacts folders that were chosen in the client, or the default contacts folder\n"
     L"while none is chosen. Only rows that differ are written, all of them or none: a run that\n"
@@ -32,6 +33,10 @@ constexpr wchar_t kHelp[] =
     L"  --outside-line DIGITS  what the system puts before numbers from outside; mostly nothing\n"
     L"  --without-prefix KIND  what numbers without + and prefix are: international, national or\n"
     L"                         unknown; unknown writes only those that can mean one number alone\n"
+    L"\n"
+    L"  --read table           reads hundreds of contacts in one call (Outlook 2007 and later); left to\n"
+    L"                         itself only where that cannot make Outlook ask its user\n"
+    L"  --read items           reads item by item, which takes minutes for thousands\n"
     L"\n"
     L"  -q, --quiet   say nothing unless something goes wrong\n"
     L"  -h, --help    this text\n"
@@ -92,15 +97,16 @@ class Apartment {
     HRESULT result_;
 };
 
-int run(bool isQuiet, const numbers::HomePlace& home, const filler::Console& output,
-        const filler::Console& errors) {
+int run(const filler::Arguments& given, const filler::Console& output, const filler::Console& errors) {
+    const numbers::HomePlace home = numbers::findHomePlace(given.place);
+    const bool isQuiet = given.isQuiet;
     std::wstring reason;
     try {
         if (!isQuiet) output.write(numbers::described(home) + L"\n");
         const Apartment apartment;
         const zelbar::BusyRetry retry;
         ConsoleObserver observer(errors, isQuiet);
-        const filler::FillResult result = filler::fillCache(observer, home.place);
+        const filler::FillResult result = filler::fillCache(observer, home.place, given.way);
         observer.endLine();
         if (!isQuiet) output.write(filler::describe(result));
         if (result.isComplete()) return kDone;
@@ -123,7 +129,7 @@ int wmain(int count, wchar_t** arguments) {
     const filler::Console output(STD_OUTPUT_HANDLE), errors(STD_ERROR_HANDLE);
     try {
         const filler::Arguments given = filler::parseArguments(count, arguments);
-        if (!given.wantsHelp) return run(given.isQuiet, numbers::findHomePlace(given.place), output, errors);
+        if (!given.wantsHelp) return run(given, output, errors);
         output.write(kHelp);
         return kDone;
     } catch (const filler::WrongUsage& wrong) {

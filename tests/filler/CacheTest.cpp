@@ -45,7 +45,8 @@ TEST_F(CacheTest, OnlyRowsThatDifferAreTouchedBesideAnOpenDriver) {
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(calls.invocations(L"AddNew"), 1);
     EXPECT_EQ(calls.invocations(L"Delete"), 1);
-    EXPECT_EQ(filler::describe(result_), L"2 contacts in 1 folder, 2 numbers.\n1 row added, 1 removed.\n");
+    EXPECT_TRUE(filler::describe(result_).ends_with(
+        L"\n2 contacts in 1 folder, 2 numbers.\n1 row added, 1 removed.\n"));
     EXPECT_EQ(search.object(dao::FieldNamed, L"PhoneNumber").text(dao::Value), L"1");
     EXPECT_EQ(people(), (Texts{L"Byron|1", L"Hopper|3"}));
 }

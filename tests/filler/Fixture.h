@@ -83,7 +83,7 @@ class FillerTest : public testing::Test {
         observer_.notes.clear();
         observer_.pauses = 0;
         try {
-            result_ = filler::fillCache(observer_, place_);
+            result_ = filler::fillCache(observer_, place_, way_);
             return {};
         } catch (const filler::Failure& failure) {
             return failure.sentence;
@@ -123,5 +123,6 @@ class FillerTest : public testing::Test {
     zelbar::Gateway gateway_;
     TestObserver observer_;
     numbers::Place place_;  ///< Not known, unless a test says so.
+    std::optional<filler::ReadWay> way_;
     filler::FillResult result_;
 };

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace filler {
+
+/// How a folder's contacts are read.
+enum class ReadWay {
+    Items,  ///< Item by item, each property a call of its own.
+    Table,  ///< Hundreds of contacts in one call, by Outlook 2007 and later.
+};
+
+struct ChosenWay {
+    ReadWay way;
+    std::wstring reason;  ///< For the user.
+};
+
+/// The way for the Outlook of that version: the one that the user `asked` for, else the table where Outlook
+/// has it and its guard cannot ask the user, who would meet a question where item by item there is none.
+ChosenWay chooseWay(std::optional<ReadWay> asked, const std::wstring& version);
+
+/// "table" or "items"; none for other words.
+std::optional<ReadWay> wayNamed(const std::wstring& word);
+
+}  // namespace filler
