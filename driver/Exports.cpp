@@ -63,6 +63,17 @@ STDAPI DllCanUnloadNow() {
     });
 }
 
+// "user" for the one at work alone, who needs no rights for it; without a text for all.
+STDAPI DllInstall(BOOL install, LPCWSTR text) {
+    const bool isForUser = text && _wcsicmp(text, L"user") == 0;
+    if (text && *text && !isForUser) return E_INVALIDARG;
+    const Audience audience = isForUser ? Audience::User : Audience::Machine;
+    return guarded([&] {
+        return install ? registerServer(dataConnector(), audience)
+                       : unregisterServer(dataConnector(), audience);
+    });
+}
+
 STDAPI DllRegisterServer() {
     return guarded([] { return registerServer(dataConnector()); });
 }

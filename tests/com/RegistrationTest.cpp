@@ -3,6 +3,8 @@
 #include <PIMDriverAbstract.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "com/TypeLibrary.h"
 #include "module/OwnModule.h"
 #include "support/Registry.h"
@@ -32,29 +34,45 @@ struct RegistrationTest : testing::Test {
         RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
         RegCloseKey(classes);
     }
-    std::wstring value(const std::wstring& key, const wchar_t* name = L"") {
-        return registry.get(HKEY_LOCAL_MACHINE, std::wstring(kClasses) + L"\\" + key, name)
-            .value_or(L"(missing)");
+    std::wstring value(const std::wstring& key, const wchar_t* name = L"", HKEY root = HKEY_LOCAL_MACHINE) {
+        return registry.get(root, std::wstring(kClasses) + L"\\" + key, name).value_or(L"(missing)");
     }
-    void expectNothingLeft() {
+    void expectNothingLeft(HKEY root = HKEY_LOCAL_MACHINE) {
         for (const auto& key : {driver.progId, kClass, kLibrary, kContact})
-            EXPECT_FALSE(RegKeyExists(HKEY_CLASSES_ROOT, key)) << testing::PrintToString(key);
+            EXPECT_FALSE(RegKeyExists(root, std::wstring(kClasses) + L"\\" + key))
+                << testing::PrintToString(key);
     }
 };
 
 TEST_F(RegistrationTest, AllThatIsWrittenGoesAgain) {
+    for (const auto& [audience, root, other] :
+         {std::tuple(Audience::Machine, HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER),
+          std::tuple(Audience::User, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE)}) {
+        ASSERT_EQ(registerServer(driver, audience), S_OK);
+        ASSERT_EQ(registerServer(driver, audience), S_OK) << "once more";
+        expectNothingLeft(other);
+        EXPECT_EQ(value(driver.progId + L"\\CLSID", L"", root), kClass.substr(6));
+        EXPECT_EQ(value(kClass + L"\\ProgID", L"", root), driver.progId);
+        EXPECT_EQ(value(kClass + L"\\TypeLib", L"", root), kLibrary.substr(8));
+        EXPECT_EQ(value(kClass + L"\\InprocServer32", L"", root), modulePath());
+        EXPECT_EQ(value(kClass + L"\\InprocServer32", L"ThreadingModel", root), L"Apartment");
+        EXPECT_EQ(value(kLibrary + L"\\1.0\\0\\win32", L"", root), modulePath());
+        EXPECT_EQ(value(kContact + L"\\TypeLib", L"", root), kLibrary.substr(8));
+        EXPECT_EQ(unregisterServer(driver, audience), S_OK);
+        expectNothingLeft(root);
+        EXPECT_EQ(unregisterServer(driver, audience), S_OK) << "what is not there is no failure";
+    }
+}
+
+TEST_F(RegistrationTest, AnotherVersionOfTheLibraryStays) {
     ASSERT_EQ(registerServer(driver), S_OK);
-    ASSERT_EQ(registerServer(driver), S_OK) << "once more";
-    EXPECT_EQ(value(driver.progId + L"\\CLSID"), kClass.substr(6));
-    EXPECT_EQ(value(kClass + L"\\ProgID"), driver.progId);
-    EXPECT_EQ(value(kClass + L"\\TypeLib"), kLibrary.substr(8));
-    EXPECT_EQ(value(kClass + L"\\InprocServer32"), modulePath());
-    EXPECT_EQ(value(kClass + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
-    EXPECT_EQ(value(kLibrary + L"\\1.0\\0\\win32"), modulePath());
-    EXPECT_EQ(value(kContact + L"\\TypeLib"), kLibrary.substr(8));
+    const std::wstring branch = std::wstring(kClasses) + L"\\";
+    registry.set(HKEY_LOCAL_MACHINE, branch + kLibrary + L"\\2.0", L"", L"newer");
+    registry.set(HKEY_LOCAL_MACHINE, branch + kContact + L"\\TypeLib", L"Version", L"2.0");
     EXPECT_EQ(unregisterServer(driver), S_OK);
-    expectNothingLeft();
-    EXPECT_EQ(unregisterServer(driver), S_OK) << "what is not there is no failure";
+    EXPECT_EQ(value(kLibrary + L"\\2.0"), L"newer");
+    EXPECT_EQ(value(kLibrary + L"\\1.0"), L"(missing)");
+    EXPECT_EQ(value(kContact), L"Contact");
 }
 
 TEST_F(RegistrationTest, OneThatIsRefusedLeavesNothingBehind) {
