@@ -58,12 +58,13 @@ class Com {
         if (T* old = std::exchange(pointer_, nullptr)) old->Release();
     }
 
-    /// The same object's other interface, or none.
+    /// The same object's other interface, or none. Who refuses it may have left rubbish in its place.
     template <class U>
-    Com<U> as() const {
-        Com<U> result;
-        if (pointer_) pointer_->QueryInterface(__uuidof(U), reinterpret_cast<void**>(result.put()));
-        return result;
+    Com<U> as(const IID& id = __uuidof(U)) const {
+        U* other = nullptr;
+        const bool has =
+            pointer_ && SUCCEEDED(pointer_->QueryInterface(id, reinterpret_cast<void**>(&other)));
+        return Com<U>::adopt(has ? other : nullptr);
     }
 
   private:

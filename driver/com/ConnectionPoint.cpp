@@ -50,10 +50,10 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     if (!sink || !cookie) return E_POINTER;
     *cookie = 0;
     try {
-        Com<IUnknown> listener;
-        if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(listener.put()))) &&
-            FAILED(sink->QueryInterface(__uuidof(IDispatch), reinterpret_cast<void**>(listener.put()))))
-            return CONNECT_E_CANNOTCONNECT;
+        const auto given = Com<IUnknown>::share(sink);
+        auto listener = given.as<IUnknown>(events_);
+        if (!listener) listener = given.as<IDispatch>();
+        if (!listener) return CONNECT_E_CANNOTCONNECT;
         connections_.push_back({lastCookie_ + 1, listener});
         *cookie = ++lastCookie_;
         return S_OK;
