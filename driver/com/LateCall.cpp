@@ -15,7 +15,7 @@ namespace zelbar {
 
 namespace {
 
-/// One [in, out] argument that the caller did not pass as a reference of the declared type.
+/// What stands for an argument that the caller did not pass as the member declares it.
 struct Stand {
     Variant value;
     VARIANT* caller;  // the caller's variant that gets the result, or none for an argument by value
@@ -46,16 +46,39 @@ class Function {
     /// The type behind the reference that argument `i` (from the left) is declared as; VT_EMPTY if it is none
     /// that the caller gets something back through.
     VARTYPE referenced(UINT i) const {
-        if (!description_ || i >= static_cast<UINT>(description_->cParams)) return VT_EMPTY;
-        const ELEMDESC& declared = description_->lprgelemdescParam[i];
-        if (!(declared.paramdesc.wParamFlags & PARAMFLAG_FOUT) ||
-            (declared.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) || declared.tdesc.vt != VT_PTR)
+        const ELEMDESC* const declared = parameter(i);
+        if (!declared || !(declared->paramdesc.wParamFlags & PARAMFLAG_FOUT) ||
+            (declared->paramdesc.wParamFlags & PARAMFLAG_FRETVAL) || declared->tdesc.vt != VT_PTR)
             return VT_EMPTY;
-        const VARTYPE type = declared.tdesc.lptdesc->vt;
+        const VARTYPE type = declared->tdesc.lptdesc->vt;
         return type == VT_PTR || type == VT_USERDEFINED ? static_cast<VARTYPE>(VT_DISPATCH) : type;
     }
 
+    bool takesVariant(UINT i) const {
+        const ELEMDESC* const declared = parameter(i);
+        return declared && declared->tdesc.vt == VT_VARIANT;
+    }
+
+    /// The interface that argument `i` is declared as; IID_NULL when it is no object.
+    IID interfaceOf(UINT i) const {
+        const ELEMDESC* const declared = parameter(i);
+        Com<ITypeInfo> type;
+        TYPEATTR* attributes = nullptr;
+        if (!declared || declared->tdesc.vt != VT_PTR || declared->tdesc.lptdesc->vt != VT_USERDEFINED ||
+            FAILED(info_.GetRefTypeInfo(declared->tdesc.lptdesc->hreftype, type.put())) ||
+            FAILED(type->GetTypeAttr(&attributes)))
+            return IID_NULL;
+        const IID id = attributes->guid;
+        type->ReleaseTypeAttr(attributes);
+        return id;
+    }
+
   private:
+    const ELEMDESC* parameter(UINT i) const {
+        const bool isOne = description_ && i < static_cast<UINT>(description_->cParams);
+        return isOne ? &description_->lprgelemdescParam[i] : nullptr;
+    }
+
     ITypeInfo& info_;
     FUNCDESC* description_ = nullptr;
 };
@@ -129,12 +152,33 @@ HRESULT inPlaces(const DISPPARAMS& parameters, std::vector<VARIANT>& places) {
     return S_OK;
 }
 
+/// Replaces an argument that the member only reads by its value, and an object by the interface that the
+/// member takes: what the platform's own call does with references and with objects that are something else
+/// is not the same everywhere, and not always right.
+void take(VARIANT& argument, const IID& wanted, std::deque<Stand>& stands) {
+    const VARIANT& content = *contentOf(argument);
+    const VARTYPE type = content.vt & ~VT_BYREF;
+    const bool isObject = wanted != IID_NULL && (type == VT_DISPATCH || type == VT_UNKNOWN);
+    if (!(argument.vt & VT_BYREF) && !isObject) return;
+    Variant value = given(argument);
+    if (isObject && !value.isNothing()) {
+        // The variant is a late-bound object's, but the one that calls the member takes its pointer as it is.
+        const auto object = Com<IUnknown>::share(value.raw().punkVal);
+        IDispatch* face = nullptr;
+        if (FAILED(object->QueryInterface(wanted, reinterpret_cast<void**>(&face))))
+            throw runtimeFault(fault::kTypeMismatch);
+        value = Variant(Com<IDispatch>::adopt(face));
+    }
+    argument = stands.emplace_back(std::move(value), nullptr).value.raw();
+}
+
 HRESULT substituteAll(const Function& function, std::vector<VARIANT>& arguments, std::deque<Stand>& stands) {
     const auto count = static_cast<UINT>(arguments.size());
     for (UINT i = 0; i < count; ++i) {
         VARIANT& argument = arguments[count - 1 - i];
         if (!contentOf(argument)) return E_POINTER;
         const VARTYPE type = function.referenced(i);
+        if (type == VT_EMPTY && !function.takesVariant(i)) take(argument, function.interfaceOf(i), stands);
         if (type == VT_EMPTY || type == VT_VARIANT) continue;
         if (const HRESULT ready = substitute(argument, type, stands); FAILED(ready)) return ready;
     }
