@@ -1,0 +1,240 @@
+#include "tests/hostile/OddValue.h"
+
+#include <oleauto.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace hostile {
+
+namespace {
+
+enum Way : size_t {
+    kPlain,
+    kReference,
+    kNowhere,
+    kVariant,
+    kVariantThatRefers,
+    kVariantInVariant,
+    kVariantNowhere,
+    kEndless,
+    kArray,
+    kVariantArray,
+    kArrayReference,
+    kWays
+};
+
+template <class T>
+VARIANT made(int type, T content) {
+    VARIANT result{};
+    result.vt = static_cast<VARTYPE>(type);
+    std::memcpy(&result.llVal, &content, sizeof content);
+    return result;
+}
+
+const std::vector<std::wstring>& texts() {
+    static const std::vector<std::wstring> kTexts{L"",
+                                                  L"1",
+                                                  L"Byron*",
+                                                  L"-3",
+                                                  L"1e400",
+                                                  L"contacts",
+                                                  L"isFolderConfigured",
+                                                  L"\"O'Brien\" | [#?*",
+                                                  std::wstring(40'000, L'7'),
+                                                  std::wstring(40'000, L'\x4E2D'),
+                                                  std::wstring(L"a\0b", 3),
+                                                  L"\xD800 half",
+                                                  L"\xDC00\xD800",
+                                                  L"START=;DURATION=99:99:99;TYPE=;=;;",
+                                                  L"\\\\?\\nul",
+                                                  L"%s%n{0}",
+                                                  L"\x202E\x0130\x0131"};
+    return kTexts;
+}
+
+/// Contents that own nothing: numbers at their ends, nothing of every type, types that no variant has.
+const std::vector<VARIANT>& numbers() {
+    static const std::vector<VARIANT> kNumbers = [] {
+        const double kNan = std::numeric_limits<double>::quiet_NaN();
+        std::vector<VARIANT> all{made(VT_ERROR, DISP_E_PARAMNOTFOUND),
+                                 made(VT_ERROR, E_FAIL),
+                                 made(VT_BOOL, short{1}),
+                                 made(VT_R8, 1e300),
+                                 made(VT_R8, kNan),
+                                 made(VT_R8, -HUGE_VAL),
+                                 made(VT_R4, 2.5f),
+                                 made(VT_DATE, 1e300),
+                                 made(VT_DATE, -1e9),
+                                 made(VT_CY, ~0ull >> 1),
+                                 made(VT_I8, ~0ull >> 1),
+                                 made(VT_UI8, ~0ull),
+                                 made(VT_UI4, ~0u),
+                                 made(VT_I1, 'x')};
+        for (const long number :
+             {0L, 1L, 2L, -1L, 77L, 4097L, 4098L, 4099L, 4100L, 4101L, 32768L, 2147483647L, -2147483647L - 1})
+            all.push_back(made(VT_I4, number));
+        for (const short number : {short{0}, short{1}, short{-1}, short{32767}})
+            all.push_back(made(VT_I2, number));
+        VARIANT decimal{};
+        std::memset(&decimal, 0xFF, sizeof decimal);
+        decimal.vt = VT_DECIMAL;
+        decimal.decVal.scale = 28;
+        decimal.decVal.sign = DECIMAL_NEG;
+        all.push_back(decimal);
+        for (int type = 0; type <= VT_CLSID; ++type)
+            if (type != VT_VARIANT) all.push_back(made(type, 0ull));
+        for (const int type : {VT_ARRAY | VT_BSTR, VT_ARRAY | VT_VARIANT, int{VT_ARRAY}, VT_VECTOR | VT_I4,
+                               0x0FFF, int{VT_RESERVED}, 0x7FFF})
+            all.push_back(made(type, 0ull));
+        return all;
+    }();
+    return kNumbers;
+}
+
+SAFEARRAY* oddArray(size_t which) {
+    SAFEARRAYBOUND bounds[] = {{2, -5}, {3, 7}};
+    SAFEARRAY* array = nullptr;
+    switch (which) {
+        case 0:
+            return SafeArrayCreateVector(VT_BSTR, 0, 3);  // of null texts
+        case 1:
+            return SafeArrayCreateVector(VT_DISPATCH, 0, 3);  // of Nothing
+        case 2:
+            return SafeArrayCreate(VT_BSTR, 2, bounds);
+        case 3:
+            return SafeArrayCreate(VT_VARIANT, 1, bounds);
+        case 4:
+            return SafeArrayCreateVector(VT_I4, 0, 0);
+        default:
+            SafeArrayAllocDescriptorEx(VT_BSTR, 1, &array);  // without anything in it
+            return array;
+    }
+}
+constexpr size_t kOddArrays = 6;
+
+size_t contents(const std::vector<IUnknown*>& objects) {
+    return numbers().size() + texts().size() + 1 + kOddArrays + 2 * objects.size();
+}
+
+VARIANT makeContent(size_t which, const std::vector<IUnknown*>& objects) {
+    if (which < numbers().size()) return numbers()[which];
+    which -= numbers().size();
+    if (which < texts().size()) {
+        const auto& text = texts()[which];
+        return made(VT_BSTR, SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
+    }
+    which -= texts().size();
+    if (which == 0) return made(VT_BSTR, SysAllocStringByteLen("odd", 3));
+    if (--which < kOddArrays)
+        return made(VT_ARRAY | (which == 1   ? VT_DISPATCH
+                                : which == 3 ? VT_VARIANT
+                                : which == 4 ? VT_I4
+                                             : VT_BSTR),
+                    oddArray(which));
+    which -= kOddArrays;
+    IUnknown* const object = objects[which / 2];
+    object->AddRef();
+    return made(which % 2 ? VT_UNKNOWN : VT_DISPATCH, object);
+}
+
+/// Whether the platform knows how to copy and clear such a content.
+bool isKnown(VARTYPE type) {
+    const int plain = type & ~VT_ARRAY;
+    return (plain <= VT_UINT && plain != 15) && (!(type & VT_ARRAY) || plain > VT_NULL);
+}
+
+VARIANT referenceTo(VARIANT& content) {
+    void* const place = content.vt == VT_DECIMAL ? static_cast<void*>(&content) : &content.llVal;
+    return made(VT_BYREF | content.vt, place);
+}
+
+}  // namespace
+
+size_t OddValue::count(const std::vector<IUnknown*>& objects) {
+    return contents(objects) * kWays;
+}
+
+OddValue::OddValue(size_t which, const std::vector<IUnknown*>& objects)
+    : content(makeContent(which / kWays, objects)), way_(which % kWays) {
+    const bool fitsInArray = isKnown(content.vt) && content.vt > VT_NULL && !(content.vt & VT_ARRAY);
+    if (way_ >= kArray && !fitsInArray) way_ = kPlain;
+    switch (way_) {
+        case kReference:
+            value = referenceTo(content);
+            break;
+        case kNowhere:
+            value = made(VT_BYREF | content.vt, static_cast<void*>(nullptr));
+            break;
+        case kVariant:
+            value = made(VT_BYREF | VT_VARIANT, &content);
+            break;
+        case kVariantThatRefers:
+            inner_ = referenceTo(content);
+            value = made(VT_BYREF | VT_VARIANT, &inner_);
+            break;
+        case kVariantInVariant:
+            inner_ = made(VT_BYREF | VT_VARIANT, &content);
+            value = made(VT_BYREF | VT_VARIANT, &inner_);
+            break;
+        case kVariantNowhere:
+            inner_ = made(VT_BYREF | content.vt, static_cast<void*>(nullptr));
+            value = made(VT_BYREF | VT_VARIANT, &inner_);
+            break;
+        case kEndless:
+            value = inner_ = made(VT_BYREF | VT_VARIANT, &inner_);
+            break;
+        case kArray:
+        case kArrayReference:
+        case kVariantArray: {
+            const VARTYPE type = way_ == kVariantArray ? VARTYPE{VT_VARIANT} : content.vt;
+            array_ = SafeArrayCreateVector(type, 0, 3);
+            LONG first = 0;
+            const bool isHeld = type == VT_BSTR || type == VT_DISPATCH || type == VT_UNKNOWN;
+            void* const element = type == VT_VARIANT   ? static_cast<void*>(&content)
+                                  : type == VT_DECIMAL ? static_cast<void*>(&content.decVal)
+                                  : isHeld             ? content.byref
+                                                       : static_cast<void*>(&content.llVal);
+            if (element) SafeArrayPutElement(array_, &first, element);
+            value = way_ == kArrayReference ? made(VT_BYREF | VT_ARRAY | type, &array_)
+                                            : made(VT_ARRAY | type, array_);
+            break;
+        }
+        default:
+            value = content;
+    }
+}
+
+OddValue::~OddValue() {
+    if (array_) SafeArrayDestroy(array_);
+    if (isKnown(content.vt)) VariantClear(&content);
+}
+
+bool OddValue::isPortable() const {
+    const bool isObject = (content.vt & ~VT_ARRAY) == VT_DISPATCH || content.vt == VT_UNKNOWN;
+    // Arrays of objects lose references on their way.
+    const bool isArrayOfObjects = isObject && (way_ >= kArray || (content.vt & VT_ARRAY));
+    const bool leadsNowhere = way_ == kNowhere || way_ == kVariantNowhere || way_ == kVariantInVariant ||
+                              way_ == kEndless ||
+                              ((content.vt & VT_ARRAY) && (!content.parray || !content.parray->pvData));
+    return isKnown(content.vt) && !isArrayOfObjects && !leadsNowhere &&
+           (content.vt != VT_ERROR || content.scode == DISP_E_PARAMNOTFOUND);
+}
+
+std::string OddValue::name() const {
+    const char* const kNames[] = {"plain",
+                                  "reference",
+                                  "nowhere",
+                                  "variant",
+                                  "variant that refers",
+                                  "variant in variant",
+                                  "variant nowhere",
+                                  "endless",
+                                  "array",
+                                  "variant array",
+                                  "array reference"};
+    return std::string(kNames[way_]) + " of type " + std::to_string(content.vt);
+}
+
+}  // namespace hostile
