@@ -28,7 +28,7 @@ void removeFile(const std::wstring& path) {
 
 }  // namespace
 
-std::wstring savePicture(const Object& item, const std::wstring& folder) {
+std::wstring savePicture(const Object& item, const std::wstring& entryId, const std::wstring& folder) {
     if (!item.boolean(outlook::HasPicture)) return {};
     const Object attachments = item.object(outlook::Attachments);
     const long count = attachments.integer(outlook::Count);
@@ -37,7 +37,7 @@ std::wstring savePicture(const Object& item, const std::wstring& folder) {
         if (!namesPicture(attachment.text(outlook::DisplayName)) &&
             !namesPicture(attachment.text(outlook::FileName)))
             continue;
-        const std::wstring path = pathOf(item.text(outlook::EntryID), folder);
+        const std::wstring path = pathOf(entryId, folder);
         removeFile(path);
         attachment.call(outlook::SaveAsFile, path);
         return path;

@@ -1,5 +1,6 @@
 #include "search/cContact.h"
 
+#include <iterator>
 #include <utility>
 
 #include "automation/Attempts.h"
@@ -17,6 +18,8 @@ namespace {
 bool mayReadAddresses() {
     return readSetting(settings::kNoEmailAddressAccess) == L"0";
 }
+
+constexpr Member kAddresses[] = {outlook::Email1Address, outlook::Email2Address, outlook::Email3Address};
 
 /// An entry of a list, as the client shows it.
 std::wstring listEntry(const std::wstring& label, const std::wstring& value) {
@@ -129,21 +132,23 @@ std::wstring cContact::Contact_MainHomeNumber() {
     return cached(cached(mainHomeNumber_, outlook::HomeTelephoneNumber), outlook::Home2TelephoneNumber);
 }
 
-std::vector<std::wstring> cContact::addresses() const {
+std::vector<std::wstring> cContact::addresses(size_t most) const {
     const auto deadline = parts_.outlook.timeForCall();
     std::vector<std::wstring> result;
     if (!mayReadAddresses()) {
         if (employee_.exists()) result.push_back(employee_.column(L"EmailAddress"));
         return result;
     }
-    for (const Member& member : {outlook::Email1Address, outlook::Email2Address, outlook::Email3Address})
+    for (const Member& member : kAddresses) {
+        if (result.size() == most) break;
         if (std::wstring address = read(member); !address.empty()) result.push_back(std::move(address));
+    }
     return result;
 }
 
 std::wstring cContact::Contact_MainEmail() {
     if (mainEmail_.empty())
-        if (const auto found = addresses(); !found.empty()) mainEmail_ = found.front();
+        if (const auto found = addresses(1); !found.empty()) mainEmail_ = found.front();
     return mainEmail_;
 }
 
@@ -152,7 +157,7 @@ Com<Collection> cContact::Contact_Emails() {
     // Filled aside: the client may ask again while Outlook is asked, and gets a whole list then too.
     const auto list = makeObject<Collection>();
     const std::wstring label = parts_.texts.translate(L"#99999#");
-    for (const auto& address : addresses()) list->add(listEntry(label, address));
+    for (const auto& address : addresses(std::size(kAddresses))) list->add(listEntry(label, address));
     emailList_ = list;
     return list;
 }
@@ -173,7 +178,8 @@ void cContact::SetPhotoUrl() noexcept {
     const auto deadline = parts_.outlook.timeForCall();
     try {
         const Object item = item_;
-        if (std::wstring path = savePicture(item, parts_.paths.DataPath()); !path.empty())
+        if (std::wstring path = savePicture(item, Contact_ContactId(), parts_.paths.DataPath());
+            !path.empty())
             photoUrl_ = std::move(path);
     } catch (...) {
         photoUrl_.clear();

@@ -83,8 +83,8 @@ class cContact final : public ContactBorder<cContact> {
     /// The same, read once: what is kept is handed out as it is.
     std::wstring& cached(std::wstring& kept, const Member& member) noexcept;
     static std::wstring readStoreId(const Object& item) noexcept;
-    /// The addresses that may be read just now, from Outlook or from the directory.
-    std::vector<std::wstring> addresses() const;
+    /// The addresses that may be read just now, from Outlook or from the directory; no more than asked for.
+    std::vector<std::wstring> addresses(size_t most) const;
     void reloadItem() noexcept;
     std::wstring labelOf(const struct TelephoneProperty& property);
 
