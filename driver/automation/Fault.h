@@ -22,6 +22,7 @@ namespace fault {
 inline constexpr long kOverflow = 6;
 inline constexpr long kSubscriptOutOfRange = 9;
 inline constexpr long kTypeMismatch = 13;
+inline constexpr long kPermissionDenied = 70;
 inline constexpr long kObjectNotSet = 91;
 }  // namespace fault
 

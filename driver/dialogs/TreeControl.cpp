@@ -62,6 +62,8 @@ void TreeControl::attach(HWND tree, const FolderTree& folders) {
 
 void TreeControl::add(const FolderTree& folders, size_t position) {
     const FolderNode& node = folders[position];
+    // An item of the control without its place here would shift all that come behind it.
+    items_.reserve(items_.size() + 1);
     HTREEITEM parent = TVI_ROOT;
     for (size_t above = position; above-- > 0 && parent == TVI_ROOT && node.depth > 0;)
         if (folders[above].depth < node.depth) parent = items_[above];
@@ -110,7 +112,7 @@ bool TreeControl::isChecked(size_t position) const {
 }
 
 void TreeControl::tidy(const FolderTree& folders) {
-    for (size_t i = 0; i < folders.size(); ++i)
+    for (size_t i = 0; i < items_.size(); ++i)
         if (!folders[i].holdsContacts) setBox(items_[i], kNone);
 }
 

@@ -28,6 +28,8 @@ class TreeControl {
     /// The current folder's place in the tree.
     std::optional<size_t> current() const;
     bool isChecked(size_t position) const;
+    /// How many folders it shows: fewer than there are when the memory was not enough.
+    size_t count() const { return items_.size(); }
 
     /// Takes check marks away that the control has given to other folders than those of contacts.
     void tidy(const FolderTree& folders);

@@ -10,7 +10,8 @@ namespace {
 
 constexpr WORD kManifest = 2;
 
-HANDLE makeContext() {
+/// Without memory for it the window has the system's older looks.
+HANDLE makeContext() noexcept try {
     const std::wstring path = modulePath();
     ACTCTXW description{};
     description.cbSize = sizeof(description);
@@ -19,6 +20,8 @@ HANDLE makeContext() {
     description.lpSource = path.c_str();
     description.lpResourceName = MAKEINTRESOURCEW(kManifest);
     return CreateActCtxW(&description);
+} catch (...) {
+    return INVALID_HANDLE_VALUE;
 }
 
 /// Gives the thread another way of scaling; returns the one before. Windows 10 is the first to know any.

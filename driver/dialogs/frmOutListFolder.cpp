@@ -138,7 +138,8 @@ void frmOutListFolder::nameChanged() {
 }
 
 void frmOutListFolder::takeChoice() {
-    for (size_t i = 0; i < folders_.size(); ++i)
+    // What could not be shown stays as it was.
+    for (size_t i = 0; i < tree_.count(); ++i)
         if (folders_[i].holdsContacts) folders_[i].folder.IsSelected = tree_.isChecked(i);
 }
 
@@ -188,7 +189,12 @@ void frmOutListFolder::made(size_t parent, cfolder folder) {
     node.folder.IsSelected = readable;
     const size_t place = endOfBranch(folders_, parent);
     folders_.insert(folders_.begin() + static_cast<std::ptrdiff_t>(place), std::move(node));
-    tree_.insert(folders_, place);
+    try {
+        tree_.insert(folders_, place);
+    } catch (...) {
+        folders_.erase(folders_.begin() + static_cast<std::ptrdiff_t>(place));
+        throw;
+    }
     folders_[place].folder.IsSelected = false;
     tell(readable ? std::wstring()
                   : parts_.texts.translate(
