@@ -49,6 +49,13 @@ void FaultScript::clear() {
     rules_.clear();
     all_.reset();
     creation_ = S_OK;
+    hook_ = nullptr;
+}
+
+std::optional<Value> FaultScript::meet(Moment moment, const Member* member) const {
+    // A copy: what it does may give the order for another one.
+    const Hook hook = hook_;
+    return hook ? hook(moment, member) : std::nullopt;
 }
 
 bool FaultScript::applies(Rule& rule, const MemberTable& table, const Member& member) {
@@ -64,6 +71,7 @@ bool FaultScript::applies(Rule& rule, const MemberTable& table, const Member& me
 
 void FaultScript::beforeLookUp() const {
     if (all_) throw errorOf(*all_);
+    meet(Moment::LookUp);
 }
 
 bool FaultScript::beforeInvocation(const MemberTable& table, const Member& member) {

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "standin/common/Value.h"
+
 namespace standin {
 
 class MemberTable;
@@ -38,10 +40,17 @@ class FaultScript {
     // What the client does on its own thread while it waits for that call: a proxy serves its messages
     // meanwhile.
     void meanwhileAtCall(long n, std::function<void()> action);
+    // Meets everything that reaches the server: it may throw an Error, call in, or answer in the call's
+    // place. At a release, when nobody holds the object any more, it may only call in. The member is empty
+    // but for calls.
+    enum class Moment { LookUp, Call, Release };
+    using Hook = std::function<std::optional<Value>(Moment, const Member*)>;
+    void onEachCall(Hook hook) { hook_ = std::move(hook); }
     void clear();
 
     // For the server. Each may sleep, and throws the Error that the call is to report.
     void beforeLookUp() const;
+    std::optional<Value> meet(Moment moment, const Member* member = nullptr) const;
     // True when the server is to quit instead of answering.
     bool beforeInvocation(const MemberTable& table, const Member& member);
     // S_OK or how the creation of the root object fails.
@@ -65,6 +74,7 @@ class FaultScript {
     std::vector<Rule> rules_;
     std::optional<Failure> all_;
     HRESULT creation_ = S_OK;
+    Hook hook_;
 };
 
 }  // namespace standin

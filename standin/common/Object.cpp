@@ -53,7 +53,12 @@ ULONG Object::AddRef() noexcept {
 
 ULONG Object::Release() noexcept {
     const ULONG left = --references_;
-    if (left == 0) delete this;
+    if (left == 0) {
+        // A client that lets go of an object of another process may be called in meanwhile, too.
+        if (accounting_ == Accounting::Counted && !life_->ended)
+            server_.faults().meet(FaultScript::Moment::Release);
+        delete this;
+    }
     return left;
 }
 
@@ -137,7 +142,9 @@ Value Object::invoke(DISPID id, WORD flags, const DISPPARAMS& parameters) {
     if (isAccounted(member)) {
         server_.calls().noteInvocation(members(), *member);
         const bool quits = server_.faults().beforeInvocation(members(), *member);
+        const auto answer = server_.faults().meet(FaultScript::Moment::Call, member);
         if (references_ == 1) server_.calls().noteAbandoned();
+        if (answer) return *answer;
         if (quits) {
             server_.quit();
             throw Error::plain(kServerUnavailable);

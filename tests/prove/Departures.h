@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+
+namespace prove {
+
+/// What can leave the module under test.
+enum class Kind {
+    Outlook,
+    OutlookName,  ///< a look-up of a member's number
+    OutlookItem,  ///< a question for an item; it is counted as a call as well
+    OutlookEnd,   ///< the last release of an object
+    Dao,
+    DaoName,
+    DaoEnd,
+    Activation,
+    Registry,
+    File,
+    Process,
+    Memory,
+    Window,
+    Yield,  ///< waiting messages are served, or a box is shown
+    kCount
+};
+inline constexpr std::size_t kKinds = static_cast<std::size_t>(Kind::kCount);
+const char* nameOf(Kind kind);
+
+/// All that leaves the module while it is watched, counted by kind. One of these calls meets the event that a
+/// run is about: it fails, or something else happens meanwhile.
+class Departures {
+  public:
+    /// Counts from now on. The event happens at call `number` (from 1; 0 never) and, when it lasts, at all
+    /// later ones of that kind.
+    void watch(Kind kind, long number, bool lasts = false);
+    void ignore() { watching_ = false; }
+
+    /// One call leaves; true when the event is to happen at it.
+    bool leaves(Kind kind) noexcept;
+
+    long count(Kind kind) const { return counts_[static_cast<std::size_t>(kind)]; }
+    bool reached() const { return reached_; }
+
+  private:
+    bool watching_ = false;
+    Kind kind_ = Kind::Outlook;
+    long number_ = 0;
+    bool lasts_ = false;
+    bool reached_ = false;
+    std::array<long, kKinds> counts_{};
+};
+
+Departures& departures();
+
+}  // namespace prove

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "tests/prove/Client.h"
+#include "tests/prove/Departures.h"
+
+namespace prove {
+
+/// What happens at one call that leaves the driver: it fails in some way, or the client calls in meanwhile.
+struct Event {
+    const char* name;
+    bool (*meets)(Kind kind);
+    /// A failure, as a bare HRESULT or with a description; for Windows' own functions their number.
+    long code = 0;
+    const wchar_t* description = nullptr;
+    /// From this call on all of the kind fail.
+    bool lasts = false;
+    /// The answer in the call's place.
+    VARTYPE answer = VT_ILLEGAL;
+    /// Outlook or DAO is gone, and does not come back during the scenario.
+    bool kills = false;
+    /// What the client does.
+    void (*meanwhile)(Client& client) = nullptr;
+    /// Outlook says that the contact is gone.
+    bool saysGone = false;
+    /// Belongs to the short form.
+    bool isShort = false;
+};
+
+std::span<const Event> faults();
+std::span<const Event> calls();
+
+/// Watches from now on, with the event at that call of the kind.
+void watch(const Event& event, Kind kind, long call, Client& client);
+
+}  // namespace prove

@@ -1,0 +1,186 @@
+#include "tests/prove/Run.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
+#include "tests/dialogs/Windows.h"
+#include "tests/prove/Imports.h"
+#include "tests/prove/Memory.h"
+#include "tests/prove/Stage.h"
+
+namespace prove {
+
+namespace {
+
+constexpr wchar_t kPopup[] = L"Software\\Norvane\\7316\\Popup";
+constexpr Event kNone{.name = "none", .meets = nullptr};
+
+Facts without(const Facts& all, const Facts& those) {
+    Facts result;
+    std::set_difference(all.begin(), all.end(), those.begin(), those.end(),
+                        std::inserter(result, result.end()));
+    return result;
+}
+
+std::string first(const Facts& facts) {
+    return facts.empty() ? "" : *facts.begin();
+}
+
+bool startsWith(const std::string& line, const char* begin) {
+    return line.rfind(begin, 0) == 0;
+}
+
+/// What a scenario may add is of the same kind each time, but for names and numbers that grow.
+std::string kindOf(const std::string& line) {
+    std::string result = line.substr(0, line.find('|'));
+    if (result == "file" || result == "setting") return line.substr(0, line.rfind('|'));
+    return result;
+}
+
+std::set<std::string> kindsOf(const Facts& facts) {
+    std::set<std::string> result;
+    for (const auto& each : facts) result.insert(kindOf(each));
+    return result;
+}
+
+bool isNeutral(const std::string& answer) {
+    return answer.ends_with("=");
+}
+
+void closeWindows() {
+    for (const HWND each : zelbar::openDialogs()) SendMessageW(each, WM_CLOSE, 0, 0);
+    zelbar::serveMessages();
+    for (const HWND each : zelbar::openDialogs()) DestroyWindow(each);
+}
+
+}  // namespace
+
+Rehearsed::Rehearsed(HMODULE module, const Scenario& scenario) : module_(module), scenario_(scenario) {
+    Stage& stage = Stage::current();
+    Outcome ignored;
+    // The first time also makes what the module keeps for ever.
+    for (int time = 0; time < 2; ++time) {
+        stage.reset();
+        if (*scenario.log) stage.set(kPopup, L"Developper", scenario.log);
+        before_ = stage.facts();
+        Client client(module);
+        play(client, kNone, Kind::Outlook, 0);
+        departed_ = departures();
+        answers_ = {client.answers.begin(), client.answers.end()};
+        once_ = stage.facts();
+        scenario.act(client);
+        twice_ = stage.facts();
+        client.release();
+        closeWindows();
+        leaks(ignored);
+        blocks_ = memory::blocks();
+    }
+}
+
+void Rehearsed::play(Client& client, const Event& event, Kind kind, long call) {
+    scenario_.before(client);
+    client.answers.clear();
+    watch(event, kind, call, client);
+    scenario_.act(client);
+    departures().ignore();
+    Stage::current().revive();
+}
+
+/// What the module keeps for ever it may make at any time, but once.
+Outcome Rehearsed::run(const Event& event, Kind kind, long call) {
+    Outcome outcome = runOnce(event, kind, call);
+    for (int again = 0; again < 2 && !outcome.leak.empty(); ++again)
+        outcome.leak = runOnce(event, kind, call).leak;
+    return outcome;
+}
+
+void Rehearsed::print() const {
+    for (const auto& each : answers_) std::printf("  answers %s\n", each.c_str());
+    for (const auto& each : without(before_, twice_)) std::printf("  goes %.200s\n", each.c_str());
+    for (const auto& each : without(twice_, before_)) std::printf("  comes %.200s\n", each.c_str());
+}
+
+Outcome Rehearsed::runOnce(const Event& event, Kind kind, long call) {
+    Stage& stage = Stage::current();
+    Outcome outcome;
+    stage.reset();
+    if (*scenario_.log) stage.set(kPopup, L"Developper", scenario_.log);
+    {
+        Client client(module_);
+        play(client, event, kind, call);
+        outcome.reached = departures().reached();
+        outcome.escape = client.escaped;
+        if (outcome.escape.empty() && stage.outlook.server().calls().abandoned() > 0)
+            outcome.escape = "an object was released while it was called";
+        stage.outlook.server().calls().reset();
+        compare(outcome, event, kind, client, stage.facts(), false);
+        // And then all works again.
+        const bool anew = scenario_.anew || event.meanwhile ||
+                          (event.kills && (kind == Kind::Dao || kind == Kind::DaoName));
+        if (anew) {
+            closeWindows();
+            client.release();
+            scenario_.before(client);
+        }
+        client.answers.clear();
+        client.escaped.clear();
+        scenario_.act(client);
+        compare(outcome, event, kind, client, stage.facts(), true);
+        closeWindows();
+    }
+    leaks(outcome);
+    return outcome;
+}
+
+void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const Client& client,
+                        const Facts& now, bool again) {
+    const auto fail = [&](const std::string& what) {
+        if (outcome.lost.empty() && !what.empty()) outcome.lost = (again ? "afterwards: " : "") + what;
+    };
+    const Facts answers(client.answers.begin(), client.answers.end());
+    if (again) {
+        if (!(event.saysGone && kind == Kind::OutlookItem) && !event.meanwhile) {
+            fail(first(without(answers_, answers)));
+            fail(first(without(answers, answers_)));
+        }
+        if (!client.escaped.empty()) outcome.escape = "afterwards: " + client.escaped;
+    } else {
+        for (const std::string& each : answers)
+            if (!isNeutral(each) && !answers_.contains(each) && !scenario_.also.contains(each))
+                fail("wrong answer " + each);
+    }
+    const Facts mayGo = without(before_, twice_);
+    const bool copiesGo = kindsOf(mayGo).contains("copy");
+    for (const std::string& each : without(without(before_, now), mayGo)) {
+        if (startsWith(each, "row|") && event.saysGone && kind == Kind::OutlookItem) continue;
+        if (startsWith(each, "copy|") && copiesGo) continue;
+        fail("gone: " + each);
+    }
+    const auto mayCome = kindsOf(without(twice_, before_));
+    for (const std::string& each : without(now, before_))
+        if (!mayCome.contains(kindOf(each)) && !event.meanwhile) fail("come: " + each);
+    if (again && scenario_.changes == Scenario::Changes::Settles && !event.meanwhile &&
+        kind != Kind::OutlookItem && now != twice_)
+        fail("not as it was to be: " + first(without(now, twice_)) + " / " + first(without(twice_, now)));
+}
+
+/// Nothing is left when the client has released all that it held.
+void Rehearsed::leaks(Outcome& outcome) {
+    Stage& stage = Stage::current();
+    const auto canUnload = reinterpret_cast<HRESULT(__stdcall*)()>(
+        reinterpret_cast<void*>(GetProcAddress(module_, "DllCanUnloadNow")));
+    const auto leak = [&](const char* what, long number) {
+        if (number != 0 && outcome.leak.empty()) outcome.leak = std::to_string(number) + " " + what;
+    };
+    leak("objects of the driver", canUnload() == S_OK ? 0 : 1);
+    leak("objects of Outlook", stage.outlook.server().liveObjects());
+    leak("objects of DAO", stage.dao.server().liveObjects());
+    leak("handles, keys, fonts or hooks", openResources());
+    if (const long spoilt = memory::spoilt())
+        outcome.escape = std::to_string(spoilt) + " blocks used after their end";
+    if (blocks_ != 0) leak("blocks of memory", std::max(0L, memory::blocks() - blocks_));
+    blocks_ = blocks_ ? memory::blocks() : 0;
+}
+
+}  // namespace prove

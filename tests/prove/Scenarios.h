@@ -1,0 +1,31 @@
+#pragma once
+
+#include <set>
+#include <span>
+#include <string>
+
+#include "tests/prove/Client.h"
+
+namespace prove {
+
+/// What a client does, once with something going wrong in the middle of `act`.
+struct Scenario {
+    const char* name;
+    /// What the client has done before; nothing goes wrong there.
+    void (*before)(Client& client);
+    void (*act)(Client& client);
+
+    /// What it may change of the world. Nothing; what is added each time; or what is the same after one time
+    /// and after two.
+    enum class Changes { Nothing, Adds, Settles } changes = Changes::Nothing;
+    /// It is done again by a client that begins anew: what has failed lasts as long as the driver object.
+    bool anew = false;
+    /// The trace, as the setting has it.
+    const wchar_t* log = L"";
+    /// What it may be answered as well when something fails: the next best.
+    std::set<std::string> also = {};
+};
+
+std::span<const Scenario> scenarios();
+
+}  // namespace prove
