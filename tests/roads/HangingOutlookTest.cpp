@@ -1,0 +1,207 @@
+#include <PIMDriverAbstract.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+#include "automation/Bstr.h"
+#include "automation/DaoNames.h"
+#include "automation/Object.h"
+#include "automation/OutlookNames.h"
+#include "tests/harness/Files.h"
+#include "tests/harness/Process.h"
+#include "tests/harness/TemporaryFolder.h"
+
+/// The driver as COM activates it, and an Outlook in a process of its own that does not answer as it should.
+namespace {
+
+using namespace zelbar;
+
+constexpr DWORD kLimit = 300, kHang = 600, kSlack = 300;
+
+std::wstring own(const std::wstring& program) {
+    return L"\"" + harness::programFolder() + L"\\" + program + L"\"";
+}
+
+void set(const wchar_t* key, const wchar_t* name, const std::wstring& value) {
+    RegSetKeyValueW(HKEY_CURRENT_USER, (std::wstring(L"Software\\Norvane\\7316\\") + key).c_str(), name,
+                    REG_SZ, value.c_str(), static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+}
+
+/// What a client does with its thread.
+enum class Client { Plain, OwnFilterAndMessages, MultiThreaded };
+
+class OwnFilter final : public IMessageFilter {
+  public:
+    STDMETHODIMP QueryInterface(REFIID, void** result) noexcept override {
+        *result = this;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return static_cast<ULONG>(++references); }
+    STDMETHODIMP_(ULONG) Release() noexcept override { return static_cast<ULONG>(--references); }
+    STDMETHODIMP_(DWORD) HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) noexcept override {
+        return SERVERCALL_ISHANDLED;
+    }
+    STDMETHODIMP_(DWORD) RetryRejectedCall(HTASK, DWORD, DWORD) noexcept override { return ~DWORD{0}; }
+    STDMETHODIMP_(DWORD) MessagePending(HTASK, DWORD, DWORD) noexcept override {
+        return PENDINGMSG_WAITDEFPROCESS;
+    }
+    long references = 1;
+};
+
+class Hanging : public testing::TestWithParam<Client> {
+  protected:
+    static void SetUpTestSuite() {
+        folder_ = new harness::TemporaryFolder;
+        set(L"VEXPhone", L"DataPath", folder_->path());
+        quitOutlook();
+        SetEnvironmentVariableW(L"STANDIN_MAILBOX", folder_->file(L"mailbox.db").c_str());
+        harness::writeFile(folder_->file(L"book.vcf"),
+                           "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Byron;Ada\r\nTEL;TYPE=WORK:5\r\nEND:VCARD\r\n");
+        harness::run(own(L"outlook_standin.exe") + L" import \"" + folder_->file(L"book.vcf") + L"\"");
+        ASSERT_EQ(harness::run(own(L"fillcache.exe")).exitCode, 0u);
+    }
+    static void TearDownTestSuite() {
+        quitOutlook();
+        set(L"VEXPhone", L"DataPath", L"");
+        limit(L"");
+        delete folder_;
+    }
+    static void quitOutlook() { harness::run(own(L"outlook_standin.exe") + L" quit"); }
+    static void limit(const std::wstring& milliseconds) { set(L"Popup", L"OutlookTimeout", milliseconds); }
+
+    static long rows() {
+        const Object database = Gateway()
+                                    .create(Server::Dao, dao::kEngineProgIds[0], dao::kEngine)
+                                    .object(dao::OpenDatabase, folder_->file(L"connec00.mdb"));
+        const long count = database.object(dao::OpenRecordset, L"TCache").integer(dao::RecordCount);
+        database.call(dao::Close);
+        return count;
+    }
+
+    static inline harness::TemporaryFolder* folder_ = nullptr;
+};
+
+/// One client's life: it finds the caller, or does not, in time.
+class Caller {
+  public:
+    Caller() {
+        CoCreateInstance(CLSID_cDataConnector, nullptr, CLSCTX_INPROC_SERVER, __uuidof(DataConnector),
+                         reinterpret_cast<void**>(driver_.put()));
+        driver_->OpenContactRecord(cursor_.put());
+    }
+    bool finds() {
+        LONG kind = 0;
+        VARIANT_BOOL unknown = VARIANT_TRUE;
+        contact_.reset();
+        const ULONGLONG begun = GetTickCount64();
+        cursor_->FindFirst(&kind, Bstr(L"*").get(), contact_.put());
+        took = GetTickCount64() - begun;
+        if (contact_) contact_->get_NotInPIM(&unknown);
+        return unknown == VARIANT_FALSE;
+    }
+    ULONGLONG took = 0;
+
+  private:
+    Com<DataConnector> driver_;
+    Com<ContactRecord> cursor_;
+    Com<Contact> contact_;
+};
+
+void everyWay(const std::function<void(const wchar_t*)>& limit, const std::function<long()>& rows) {
+    const Object application = Gateway().create(Server::Outlook, outlook::kProgId, outlook::kApplication);
+    const Object control = application.object(Member{L"StandIn"});
+    const auto hangOnce = [&](long call) { control.call(Member{L"Hang"}, call, static_cast<long>(kHang)); };
+    const auto reject = [&](const Variant& times) {
+        for (const wchar_t* name : {L"GetNamespace", L"GetItemFromID", L"LastName"})
+            control.call(Member{L"FailMember"}, name, static_cast<long>(0x80010001), Variant::missing(),
+                         times);
+    };
+    std::thread busy;
+    const struct {
+        const char* name;
+        std::function<void()> order;
+        bool found;
+        ULONGLONG most;
+        long calls;  ///< At most.
+    } ways[] = {
+        {"rejects for a while", [&] { reject(1L); }, true, kLimit + kSlack, 100},
+        {"rejects for ever", [&] { reject(Variant::missing()); }, false, kLimit + kSlack, 10},
+        {"hangs in GetNamespace", [&] { hangOnce(1); }, false, kHang + kSlack, 1},
+        {"hangs in GetItemFromID", [&] { hangOnce(3); }, false, kHang + kSlack, 3},
+        {"hangs in a property", [&] { hangOnce(5); }, false, kHang + kSlack, 5},
+        {"hangs in the activation",
+         [&] {
+             control.call(Member{L"HangMember"}, L"Version", static_cast<long>(kHang));
+             busy = std::thread([] {
+                 CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+                 Gateway()
+                     .create(Server::Outlook, outlook::kProgId, outlook::kApplication)
+                     .text(outlook::Version);
+                 CoUninitialize();
+             });
+             Sleep(100);
+         },
+         false, kHang + kSlack, 1},
+    };
+    Caller caller;
+    const long before = rows();
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.name);
+        limit(L"0");
+        ASSERT_TRUE(caller.finds());
+        control.call(Member{L"ResetCounters"});
+        way.order();
+        limit(std::to_wstring(kLimit).c_str());
+        EXPECT_EQ(caller.finds(), way.found);
+        EXPECT_LE(caller.took, way.most);
+        if (busy.joinable()) busy.join();
+        EXPECT_LE(control.integer(Member{L"Invocations"}), way.calls) << "none once the time was over";
+        if (!way.found) {
+            control.call(Member{L"ResetCounters"});
+            EXPECT_FALSE(caller.finds());
+            EXPECT_LE(caller.took, 100u);
+            EXPECT_EQ(control.integer(Member{L"Invocations"}), 0);
+        }
+        control.call(Member{L"Clear"});
+        EXPECT_EQ(rows(), before);
+    }
+    limit(L"0");
+    EXPECT_TRUE(caller.finds());
+}
+
+TEST_P(Hanging, AnOutlookOfItsOwnProcessIsLeftInTime) {
+    const auto ways = [] { everyWay([](const wchar_t* text) { limit(text); }, rows); };
+    if (GetParam() == Client::MultiThreaded) {
+        std::thread([&] {
+            CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+            ways();
+            CoUninitialize();
+        }).join();
+        return;
+    }
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    OwnFilter filter;
+    std::atomic<bool> ended = GetParam() == Client::Plain;
+    if (!ended) CoRegisterMessageFilter(&filter, nullptr);
+    std::thread messages([&ended, thread = GetCurrentThreadId()] {
+        for (; !ended; Sleep(50)) PostThreadMessageW(thread, WM_NULL, 0, 0);
+    });
+    ways();
+    ended = true;
+    messages.join();
+    Com<IMessageFilter> left;
+    CoRegisterMessageFilter(nullptr, left.put());
+    EXPECT_EQ(left.get(), GetParam() == Client::Plain ? nullptr : &filter);
+    left.reset();
+    EXPECT_EQ(filter.references, 1);
+    CoUninitialize();
+}
+
+INSTANTIATE_TEST_SUITE_P(Clients, Hanging,
+                         testing::Values(Client::Plain, Client::OwnFilterAndMessages, Client::MultiThreaded));
+
+}  // namespace
