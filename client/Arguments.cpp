@@ -1,17 +1,22 @@
 #include "client/Arguments.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "client/Failure.h"
+#include "support/Similar.h"
 
 namespace pimcall {
 namespace {
 
 const Option& find(std::wstring_view name, std::span<const Option> known) {
-    const auto found = std::ranges::find_if(known, [&](const Option& option) { return option.name == name; });
-    if (found == known.end()) throw UsageError(L"There is no option " + std::wstring(name) + L" here.");
-    return *found;
+    std::vector<std::wstring_view> names;
+    for (const Option& option : known) {
+        if (option.name == name) return option;
+        names.push_back(option.name);
+    }
+    const std::wstring similar(zelbar::similarWord(name, names));
+    throw UsageError(L"There is no option " + std::wstring(name) + L" here" +
+                     (similar.empty() ? L"." : L"; did you mean " + similar + L"?"));
 }
 
 bool looksLikeOption(std::wstring_view word) {

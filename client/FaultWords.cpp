@@ -11,6 +11,7 @@ std::wstring reason(const zelbar::Fault& fault) {
     if (saysItemGone(fault)) return L"there is no such item";
     if (saysBusy(fault)) return L"it is busy, perhaps with an open dialog";
     if (saysServerGone(fault)) return L"it was closed meanwhile";
+    if (saysNotAnswering(fault)) return L"it did not answer in time";
     if (saysStarting(fault))
         return L"it is starting or closing just now, or runs with other rights than this program";
     if (saysNotInstalled(fault)) return L"it is not installed";

@@ -18,6 +18,20 @@ bool isHighSurrogate(wchar_t unit) {
 HandleWriter::HandleWriter(DWORD which) : handle_(GetStdHandle(which)) {
     DWORD mode = 0;
     isConsole_ = GetConsoleMode(handle_, &mode) != FALSE;
+    CONSOLE_SCREEN_BUFFER_INFO screen{};
+    hasColours_ = isConsole_ && GetConsoleScreenBufferInfo(handle_, &screen) &&
+                  GetEnvironmentVariableW(L"NO_COLOR", nullptr, 0) <= 1;
+    usualColours_ = screen.wAttributes;
+}
+
+void HandleWriter::colour(Colour colour) {
+    if (!hasColours_) return;
+    constexpr WORD kInk = FOREGROUND_RED | FOREGROUND_GREEN | FOREGROUND_BLUE | FOREGROUND_INTENSITY;
+    WORD ink = usualColours_ & kInk;
+    if (colour == Colour::Green) ink = FOREGROUND_GREEN | FOREGROUND_INTENSITY;
+    if (colour == Colour::Yellow) ink = FOREGROUND_RED | FOREGROUND_GREEN | FOREGROUND_INTENSITY;
+    if (colour == Colour::Red) ink = FOREGROUND_RED | FOREGROUND_INTENSITY;
+    SetConsoleTextAttribute(handle_, static_cast<WORD>((usualColours_ & ~kInk) | ink));
 }
 
 void HandleWriter::write(std::wstring_view text) {

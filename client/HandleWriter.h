@@ -16,6 +16,9 @@ class HandleWriter final : public Writer {
     explicit HandleWriter(DWORD which);
 
     void write(std::wstring_view text) override;
+    bool isTerminal() const override { return isConsole_; }
+    /// Only on a console, and not where the environment has NO_COLOR.
+    void colour(Colour colour) override;
 
   private:
     void writeToConsole(std::wstring_view text);
@@ -23,6 +26,8 @@ class HandleWriter final : public Writer {
 
     HANDLE handle_;
     bool isConsole_;
+    WORD usualColours_ = 0;
+    bool hasColours_ = false;
 };
 
 }  // namespace pimcall

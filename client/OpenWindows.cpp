@@ -22,9 +22,10 @@ bool hasOpenWindow() {
     return found;
 }
 
-void serveOpenWindows(Writer& notes) {
-    if (hasOpenWindow())
-        notes.line(L"pimcall: a window of the driver is open; this program ends when it has been closed.");
+void serveOpenWindows(Writer& notes, Activity& activity) {
+    if (!hasOpenWindow()) return;
+    activity.end();
+    notes.line(L"pimcall: a window of the driver is open; this program ends when it has been closed.");
     while (hasOpenWindow()) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, kLongestNapMilliseconds, QS_ALLINPUT);
         MSG message;

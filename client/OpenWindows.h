@@ -1,5 +1,6 @@
 #pragma once
 
+#include "client/Activity.h"
 #include "client/Writer.h"
 
 namespace pimcall {
@@ -9,6 +10,6 @@ bool hasOpenWindow();
 
 /// Serves the windows that the driver has opened until the user has closed the last of them, and tells a
 /// user who may not see them that they wait.
-void serveOpenWindows(Writer& notes);
+void serveOpenWindows(Writer& notes, Activity& activity);
 
 }  // namespace pimcall

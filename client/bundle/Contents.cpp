@@ -158,6 +158,11 @@ std::wstring previousOf(std::wstring path) {
     return dot == std::wstring::npos ? path : path.insert(dot, L"_o");
 }
 
+struct TextWriter final : Writer {
+    void write(std::wstring_view more) override { text += more; }
+    std::wstring text;
+};
+
 constexpr wchar_t kMaskedAbout[] =
     L"Names, numbers, addresses, identifiers and folders were replaced: ~xxx stands for a word, #xxx for a\n"
     L"number. The same one stands for the same thing in all files of this bundle, and in no other bundle.\n\n";
@@ -165,16 +170,17 @@ constexpr wchar_t kPlainAbout[] = L"NOTHING WAS REPLACED: this bundle holds pers
 
 }  // namespace
 
-std::vector<Part> collect(bool isMasked, const std::function<void(const std::wstring&)>& tell) {
-    tell(L"Looking at the computer");
-    const doctor::Machine machine = doctor::observe();
+std::vector<Part> collect(bool isMasked, const std::function<void(const wchar_t*)>& tell) {
+    const doctor::Machine machine = doctor::observe(tell);
     tell(L"Counting the cache");
     const CacheFacts cache = readCache();
     std::optional<Masker> masker;
     if (isMasked) masker.emplace(productVocabulary(machine, cache));
     Collection collection(std::move(masker));
     collection.add("about.txt", (isMasked ? kMaskedAbout : kPlainAbout) + versionsText(machine));
-    collection.add("doctor.txt", collection.report(doctor::reportText(doctor::examine(machine))));
+    TextWriter report;
+    doctor::writeReport(report, doctor::examine(machine));
+    collection.add("doctor.txt", collection.report(report.text));
     collection.add("settings.txt", settingsText(collection));
     collection.add("tables.txt", collection.report(cache.statistics));
     tell(L"Reading the logs");

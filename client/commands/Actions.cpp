@@ -20,10 +20,11 @@ ExitCode run(const Context& context) {
 }  // namespace
 
 const Command kActions = {
-    L"actions",
-    L"actions",
-    L"Lists the actions for a call, with their settings as the driver sets them at first.",
-    {},
-    run};
+    .name = L"actions",
+    .synopsis = L"actions",
+    .brief = L"the actions for a call, with their settings",
+    .details = L"Lists the actions for a call, with their settings as the driver sets them at first.",
+    .examples = L"pimcall actions\n",
+    .run = run};
 
 }  // namespace pimcall

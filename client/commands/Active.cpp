@@ -12,7 +12,11 @@ ExitCode run(const Context& context) {
 
 }  // namespace
 
-const Command kActive = {
-    L"active", L"active", L"Shows the contact whose window is in front in Outlook.", {}, run};
+const Command kActive = {.name = L"active",
+                         .synopsis = L"active",
+                         .brief = L"the contact whose window is in front in Outlook",
+                         .details = L"Shows the contact whose window is in front in Outlook.",
+                         .examples = L"pimcall active --json\n",
+                         .run = run};
 
 }  // namespace pimcall

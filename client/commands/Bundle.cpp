@@ -35,7 +35,7 @@ ExitCode run(const Context& context) {
         context.notes.line(
             L"pimcall: with --plain the bundle holds names, numbers and addresses in clear. "
             L"Send it only to whom you would show the address book.");
-    const auto parts = bundle::collect(!isPlain, [](const std::wstring&) {});
+    const auto parts = bundle::collect(!isPlain, [&](const wchar_t* what) { context.activity.say(what); });
     bundle::writeZip(path, parts);
     if (context.json()) {
         json::Array names;
@@ -60,10 +60,19 @@ constexpr Option kOptions[] = {{L"--plain", nullptr}};
 }  // namespace
 
 const Command kBundle = {
-    L"bundle", L"bundle [FILE.zip] [--plain]",
-    L"Packs what support needs to see into a zip file: versions, the doctor's report, settings,\n"
-    L"      statistics of the cache, logs. Names, numbers, addresses, identifiers and folders are replaced by\n"
-    L"      stand-ins; with --plain they are not.",
-    kOptions, run};
+    .name = L"bundle",
+    .synopsis = L"bundle [FILE.zip] [--plain]",
+    .brief = L"what support needs to see, with nobody's name in it",
+    .details =
+        L"Packs versions, the doctor's report, settings, statistics of the cache and the logs into a zip file.\n"
+        L"Names, numbers, addresses, identifiers and folders are replaced by stand-ins: the same one for the\n"
+        L"same thing, so that lines about one caller still belong together. A file that exists is not touched.\n"
+        L"\n"
+        L"  --plain  replaces nothing. The bundle then holds personal data in clear.\n",
+    .examples =
+        L"pimcall bundle\n"
+        L"pimcall bundle C:\\Temp\\for-support.zip\n",
+    .options = kOptions,
+    .run = run};
 
 }  // namespace pimcall

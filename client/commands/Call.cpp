@@ -108,7 +108,7 @@ ExitCode run(const Context& context) {
         context.out.write(reportText(report, context.verbose()));
     noteRemark(context.notes, details.number);
     // A program that did not start is told in a window, which is gone when this program ends.
-    serveOpenWindows(context.notes);
+    serveOpenWindows(context.notes, context.activity);
     return report.contact.inPim ? ExitCode::Found : ExitCode::NotFound;
 }
 
@@ -122,20 +122,28 @@ constexpr auto kOptions = [] {
 }  // namespace
 
 const Command kCall = {
-    L"call", L"call --from NUMBER | --to NUMBER [--action ACTION[,ACTION...]] [OPTION...]",
-    L"Asks for the contact behind a call, as the telephony client does, and for the actions; runs "
-    L"those named,\n"
-    L"      in that order. The driver does not tell what came of them: Outlook shows it, and the driver's "
-    L"log.\n"
-    L"        open      opens the contact; --create: makes one for an unknown caller as well;\n"
-    L"                  --create-only: makes one for an unknown caller, and opens none that is found\n"
-    L"        mail      sends a mail about the call; --to-address ADDRESS; --leave-open: shows it instead\n"
-    L"        journal   writes a journal entry\n"
-    L"        launch    starts a program; --path FOLDER; --arguments TEXT: program and arguments, where $1 "
-    L"is\n"
-    L"                  the number, $2 the own number, $3 INC or OUT, $4 the origin\n"
-    L"        close     closes the contact\n"
-    L"      About the call: --start \"DATE TIME\", --duration TEXT, --local-number NUMBER, --origin TEXT",
-    kOptions, run};
+    .name = L"call",
+    .synopsis = L"call --from NUMBER | --to NUMBER [--action ACTION[,ACTION...]] [OPTION...]",
+    .brief = L"the contact behind a call, and what can be done for it",
+    .details =
+        L"Asks for the contact behind a call, as the telephone client does, and for the actions; runs those\n"
+        L"named, in that order. The driver does not tell what came of them: Outlook shows it, and the driver's\n"
+        L"log.\n"
+        L"\n"
+        L"  open      opens the contact; --create: makes one for an unknown caller as well;\n"
+        L"            --create-only: makes one for an unknown caller, and opens none that is found\n"
+        L"  mail      sends a mail about the call; --to-address ADDRESS; --leave-open: shows it instead\n"
+        L"  journal   writes a journal entry\n"
+        L"  launch    starts a program; --path FOLDER; --arguments TEXT: program and arguments, where $1 is\n"
+        L"            the number, $2 the own number, $3 INC or OUT, $4 the origin\n"
+        L"  close     closes the contact\n"
+        L"\n"
+        L"About the call: --start \"DATE TIME\", --duration TEXT, --local-number NUMBER, --origin TEXT\n",
+    .examples =
+        L"pimcall call --from +4930123456\n"
+        L"pimcall call --to 123 --action open\n"
+        L"pimcall call --from 123 --action journal,mail --to-address desk@example.com --duration 00:04:00\n",
+    .options = kOptions,
+    .run = run};
 
 }  // namespace pimcall

@@ -3,6 +3,7 @@
 #include <functional>
 #include <span>
 
+#include "client/Activity.h"
 #include "client/Arguments.h"
 #include "client/Driver.h"
 #include "client/Failure.h"
@@ -16,6 +17,8 @@ struct Context {
     Writer& out;
     /// For remarks that are no part of the answer.
     Writer& notes;
+    /// Tells the user what takes long.
+    Activity& activity;
     /// Makes the driver. A command calls it once its arguments are known to be good.
     std::function<Driver()> driver;
 
@@ -28,10 +31,14 @@ struct Command {
     const wchar_t* name;
     /// How it is written, without the name of the program.
     const wchar_t* synopsis;
-    /// What it does; further lines are indented like the first.
-    const wchar_t* summary;
+    /// What it is for, in the list of all commands.
+    const wchar_t* brief;
+    /// What it does, for its own help.
+    const wchar_t* details;
+    /// Command lines to learn from, one a line.
+    const wchar_t* examples;
     /// Its options beside those that every command has.
-    std::span<const Option> options;
+    std::span<const Option> options = {};
     ExitCode (*run)(const Context& context);
 };
 

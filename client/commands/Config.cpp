@@ -11,7 +11,7 @@ ExitCode run(const Context& context) {
     driver.configure();
     if (!hasOpenWindow())
         throw Failure(L"The driver opened no window; its log and the user's error file tell why.");
-    serveOpenWindows(context.notes);
+    serveOpenWindows(context.notes, context.activity);
     const bool configured = driver.isConfigured();
     if (context.json())
         context.out.line(json::Object().boolean(L"configured", configured).str());
@@ -23,11 +23,12 @@ ExitCode run(const Context& context) {
 
 }  // namespace
 
-const Command kConfig = {L"config",
-                         L"config",
-                         L"Opens the driver's window for the choice of contacts folders, and waits until it "
-                         L"is closed.",
-                         {},
-                         run};
+const Command kConfig = {
+    .name = L"config",
+    .synopsis = L"config",
+    .brief = L"the window for the choice of contacts folders",
+    .details = L"Opens the driver's window for the choice of contacts folders, and waits until it is closed.",
+    .examples = L"pimcall config\n",
+    .run = run};
 
 }  // namespace pimcall

@@ -25,9 +25,15 @@ constexpr Option kOptions[] = {{L"--name", L"NAME"}, {L"--number", L"NUMBER"}, {
 
 }  // namespace
 
-const Command kCreate = {L"create", L"create --name NAME --number NUMBER [--show]",
-                         L"Makes a contact in Outlook, and opens its window with --show. The driver does not "
-                         L"tell\n      whether it worked; its log does.",
-                         kOptions, run};
+const Command kCreate = {
+    .name = L"create",
+    .synopsis = L"create --name NAME --number NUMBER [--show]",
+    .brief = L"makes a contact in Outlook",
+    .details =
+        L"Makes a contact in Outlook, and opens its window with --show. The driver does not tell whether it\n"
+        L"worked; its log does.",
+    .examples = L"pimcall create --name \"Example Ann\" --number +4930123456 --show\n",
+    .options = kOptions,
+    .run = run};
 
 }  // namespace pimcall

@@ -27,10 +27,17 @@ constexpr Option kOptions[] = {{L"--name", L"NAME"}};
 }  // namespace
 
 const Command kExplain = {
-    L"explain", L"explain NUMBER | --name NAME",
-    L"Follows the search for a caller step by step and says why it finds its contact or not; for a\n"
-    L"      miss, which rows of the cache are near. Asks Outlook as the driver does, and changes nothing:\n"
-    L"      what the driver would delete is only named.",
-    kOptions, run};
+    .name = L"explain",
+    .synopsis = L"explain NUMBER | --name NAME",
+    .brief = L"why a search finds its contact or not",
+    .details =
+        L"Follows the search for a caller step by step and says why it finds its contact or not; for a\n"
+        L"miss, which rows of the cache are near. Asks Outlook as the driver does, and changes nothing:\n"
+        L"what the driver would delete is only named.",
+    .examples =
+        L"pimcall explain +4930123456\n"
+        L"pimcall explain --name \"Example*\" --verbose\n",
+    .options = kOptions,
+    .run = run};
 
 }  // namespace pimcall

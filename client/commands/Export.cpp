@@ -4,42 +4,12 @@
 
 #include "client/ExportFolder.h"
 #include "client/ExportProgress.h"
-#include "client/HandleWriter.h"
 #include "client/Json.h"
 #include "client/Text.h"
 #include "client/commands/Commands.h"
 
 namespace pimcall {
 namespace {
-
-/// One line that is written over and over while a run lasts, and is gone when it has ended.
-class ProgressLine {
-  public:
-    ~ProgressLine() {
-        try {
-            if (longest_ > 0) writer_.write(L'\r' + std::wstring(longest_, L' ') + L'\r');
-        } catch (...) {
-            // Nobody sees it then.
-        }
-    }
-    void show(const std::wstring& step, long done, long total) {
-        // More often than that nobody can read it.
-        constexpr DWORD kPauseMilliseconds = 250;
-        const DWORD now = GetTickCount();
-        if (longest_ > 0 && now - shownAt_ < kPauseMilliseconds) return;
-        shownAt_ = now;
-        std::wstring text = step + L": " + std::to_wstring(done) + L" of " + std::to_wstring(total);
-        const size_t length = text.size();
-        if (length < longest_) text.append(longest_ - length, L' ');
-        longest_ = text.size();
-        writer_.write(L'\r' + text);
-    }
-
-  private:
-    HandleWriter writer_{STD_ERROR_HANDLE};
-    size_t longest_ = 0;
-    DWORD shownAt_ = 0;
-};
 
 /// What the driver calls its steps, as a person reads it.
 std::wstring stepText(const std::wstring& step) {
@@ -62,9 +32,9 @@ std::wstring existingFile(const std::wstring& name) {
 bool carryOut(const Context& context, ExportStep step, const std::wstring& database,
               const std::wstring& folder) {
     const Driver driver = context.driver();
-    ProgressLine line;
     ExportProgress progress([&](const std::wstring& name, long done, long total) {
-        if (!context.json()) line.show(stepText(name), done, total);
+        context.activity.say(stepText(name) + L": " + std::to_wstring(done) + L" of " +
+                             std::to_wstring(total));
     });
     return driver.exportEmployees(step, database, folder, progress);
 }
@@ -109,10 +79,17 @@ constexpr Option kOptions[] = {{L"--database", L"FILE"}, {L"--folder", L"NAME"}}
 }  // namespace
 
 const Command kExport = {
-    L"export", L"export init|sync --database FILE [--folder NAME]; export adopt --folder NAME",
-    L"Copies the employees of a directory database into Outlook's export folder (init, "
-    L"once),\n      or brings that folder up to date (sync); NAME is for a folder that has "
-    L"to be made.\n      adopt takes the folder that another computer has made.",
-    kOptions, run};
+    .name = L"export",
+    .synopsis = L"export init|sync --database FILE [--folder NAME]; export adopt --folder NAME",
+    .brief = L"the company's employees in Outlook's export folder",
+    .details =
+        L"Copies the employees of a directory database into Outlook's export folder (init, once), or brings\n"
+        L"that folder up to date (sync); NAME is for a folder that has to be made. adopt takes the folder\n"
+        L"that another computer has made.",
+    .examples =
+        L"pimcall export init --database C:\\Tessaria\\wxd.mdb --folder Colleagues\n"
+        L"pimcall export sync --database C:\\Tessaria\\wxd.mdb\n",
+    .options = kOptions,
+    .run = run};
 
 }  // namespace pimcall

@@ -91,8 +91,17 @@ constexpr Option kOptions[] = {{L"--number", L"PATTERN"}, {L"--name", L"PATTERN"
 
 }  // namespace
 
-const Command kFind = {L"find", L"find --number PATTERN | --name PATTERN [--all]",
-                       L"Searches by number or by name (\"last first\"); \"*\" stands for any characters.",
-                       kOptions, run};
+const Command kFind = {
+    .name = L"find",
+    .synopsis = L"find --number PATTERN | --name PATTERN [--all]",
+    .brief = L"a search by number or name",
+    .details =
+        L"Searches by number or by name (\"last first\"); \"*\" stands for any characters. --all shows every\n"
+        L"hit, not only the first.",
+    .examples =
+        L"pimcall find --number *123456\n"
+        L"pimcall find --name \"Example*\" --all\n",
+    .options = kOptions,
+    .run = run};
 
 }  // namespace pimcall

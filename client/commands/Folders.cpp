@@ -130,10 +130,12 @@ ExitCode run(const Context& context) {
 
 }  // namespace
 
-const Command kFolders = {L"folders",
-                          L"folders",
-                          L"Lists the contacts folders that are chosen, beside those that Outlook has.",
-                          {},
-                          run};
+const Command kFolders = {
+    .name = L"folders",
+    .synopsis = L"folders",
+    .brief = L"the chosen contacts folders, beside those of Outlook",
+    .details = L"Lists the contacts folders that are chosen, beside those that Outlook has.",
+    .examples = L"pimcall folders\n",
+    .run = run};
 
 }  // namespace pimcall

@@ -51,13 +51,19 @@ ExitCode run(const Context& context) {
 }  // namespace
 
 const Command kForms = {
-    L"forms", L"forms [--country DE] [--area 89] [--outside-line 0] [--without-prefix KIND] NUMBER...",
-    L"Shows how the telephone system presents numbers that are stored like this: the forms under which\n"
-    L"      fillcache enters them in the cache, the text as it stands first. What is not given is taken from\n"
-    L"      the settings, else from Windows. KIND says what numbers without + and prefix are: international,\n"
-    L"      national or unknown. The number - stands for the lines of the standard input. --json: an "
-    L"array for\n"
-    L"      each number, one a line.",
-    kPlaceOptions, run};
+    .name = L"forms",
+    .synopsis = L"forms [--country DE] [--area 89] [--outside-line 0] [--without-prefix KIND] NUMBER...",
+    .brief = L"how the telephone system presents a stored number",
+    .details =
+        L"Shows how the telephone system presents numbers that are stored like this: the forms under which\n"
+        L"fillcache enters them in the cache, the text as it stands first. What is not given is taken from\n"
+        L"the settings, else from Windows. KIND says what numbers without + and prefix are: international,\n"
+        L"national or unknown. The number - stands for the lines of the standard input. --json: an array\n"
+        L"for each number, one a line.",
+    .examples =
+        L"pimcall forms \"(030) 123456\" --country DE\n"
+        L"pimcall forms - < numbers.txt\n",
+    .options = kPlaceOptions,
+    .run = run};
 
 }  // namespace pimcall

@@ -12,6 +12,11 @@ ExitCode run(const Context& context) {
 }  // namespace
 
 const Command kShow = {
-    L"show", L"show ID", L"Shows the contact that has an identifier (see --verbose).", {}, run};
+    .name = L"show",
+    .synopsis = L"show ID",
+    .brief = L"the contact that has an identifier",
+    .details = L"Shows the contact that has an identifier (other commands tell it with --verbose).",
+    .examples = L"pimcall show ID\n",
+    .run = run};
 
 }  // namespace pimcall

@@ -22,10 +22,11 @@ ExitCode run(const Context& context) {
 
 }  // namespace
 
-const Command kShowFolder = {L"show-folder",
-                             L"show-folder contacts | journal",
-                             L"Lets Outlook show one of the user's own folders.",
-                             {},
-                             run};
+const Command kShowFolder = {.name = L"show-folder",
+                             .synopsis = L"show-folder contacts | journal",
+                             .brief = L"lets Outlook show one of the user's own folders",
+                             .details = L"Lets Outlook show one of the user's own folders.",
+                             .examples = L"pimcall show-folder journal\n",
+                             .run = run};
 
 }  // namespace pimcall

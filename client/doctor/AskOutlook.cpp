@@ -31,6 +31,7 @@ struct Talk {
     Object connect() const;
     void readStores(const Object& session);
     void look(const Object& session, ChosenFolder& folder);
+    State stateFor(const Fault& fault) const;
 };
 
 /// Outlook enters itself among the running objects only some time after its start, mostly when its window
@@ -68,6 +69,12 @@ void Talk::look(const Object& session, ChosenFolder& folder) {
     }
 }
 
+State Talk::stateFor(const Fault& fault) const {
+    if (saysNotInstalled(fault) && !isThere) return State::NotRunning;
+    if (saysNotAnswering(fault)) return State::Silent;
+    return saysBusy(fault) ? State::Busy : State::Failed;
+}
+
 void Talk::run() {
     try {
         const Object application = connect();
@@ -79,10 +86,7 @@ void Talk::run() {
         for (ChosenFolder& folder : folders) look(session, folder);
     } catch (...) {
         answer.fault = zelbar::caughtFault();
-        if (saysNotInstalled(answer.fault) && !isThere)
-            answer.state = State::NotRunning;
-        else
-            answer.state = saysBusy(answer.fault) ? State::Busy : State::Failed;
+        answer.state = stateFor(answer.fault);
     }
 }
 

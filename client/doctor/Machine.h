@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -156,8 +157,8 @@ struct Machine {
 std::wstring driverClassKey();
 
 /// Looks at everything. Asks a running Outlook, but not for longer than some seconds; starts and changes
-/// nothing.
-Machine observe();
+/// nothing. `tell` hears what is being looked at.
+Machine observe(const std::function<void(const wchar_t*)>& tell);
 
 // Its parts; the later ones may use what the earlier ones have seen.
 void observeDriver(Machine& machine);

@@ -81,11 +81,14 @@ void observeDriver(Machine& machine) {
     findOthers(driver.otherDrivers);
 }
 
-Machine observe() {
+Machine observe(const std::function<void(const wchar_t*)>& tell) {
     Machine machine;
+    tell(L"Looking at the registration");
     observeDriver(machine);
     observeFolders(machine);
+    tell(L"Asking Outlook");
     observeOutlook(machine);
+    tell(L"Reading the cache");
     observeData(machine);
     observeTrace(machine);
     return machine;

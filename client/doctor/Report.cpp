@@ -8,14 +8,19 @@
 namespace pimcall::doctor {
 namespace {
 
-const wchar_t* wordFor(Verdict verdict) {
+struct Shown {
+    const wchar_t* word;
+    Colour colour;
+};
+
+Shown shown(Verdict verdict) {
     switch (verdict) {
         case Verdict::Good:
-            return L"ok";
+            return {L"ok", Colour::Green};
         case Verdict::Notice:
-            return L"note";
+            return {L"note", Colour::Yellow};
         default:
-            return L"PROBLEM";
+            return {L"PROBLEM", Colour::Red};
     }
 }
 
@@ -24,14 +29,15 @@ std::wstring padded(std::wstring text, std::size_t width) {
     return text + L"  ";
 }
 
-std::wstring lineOf(const Result& result, std::size_t titleWidth) {
+void writeResult(Writer& writer, const Result& result, std::size_t titleWidth) {
     constexpr std::size_t kVerdictWidth = 7;
-    const std::wstring verdict = padded(wordFor(result.finding.verdict), kVerdictWidth);
+    const auto [word, colour] = shown(result.finding.verdict);
+    const std::wstring verdict = padded(word, kVerdictWidth);
+    writer.coloured(colour, verdict);
+    writer.line(padded(result.check.title, titleWidth) + oneLine(result.finding.what));
+    if (result.finding.fix.empty()) return;
     const std::wstring indent(verdict.size() + titleWidth + 2, L' ');
-    std::wstring text =
-        verdict + padded(result.check.title, titleWidth) + oneLine(result.finding.what) + L'\n';
-    if (!result.finding.fix.empty()) text += indent + L"-> " + oneLine(result.finding.fix) + L'\n';
-    return text;
+    writer.line(indent + L"-> " + oneLine(result.finding.fix));
 }
 
 std::wstring summary(const std::vector<Result>& results) {
@@ -53,13 +59,12 @@ std::vector<Result> examine(const Machine& machine) {
     return results;
 }
 
-std::wstring reportText(const std::vector<Result>& results) {
+void writeReport(Writer& writer, const std::vector<Result>& results) {
     std::size_t width = 0;
     for (const Result& result : results)
         width = std::max(width, std::wstring_view(result.check.title).size());
-    std::wstring text;
-    for (const Result& result : results) text += lineOf(result, width);
-    return text + L'\n' + summary(results);
+    for (const Result& result : results) writeResult(writer, result, width);
+    writer.write(L'\n' + summary(results));
 }
 
 std::wstring reportJson(const std::vector<Result>& results) {

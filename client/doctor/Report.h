@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "client/Writer.h"
 #include "client/doctor/Finding.h"
 
 namespace pimcall::doctor {
@@ -17,7 +18,7 @@ struct Result {
 std::vector<Result> examine(const Machine& machine);
 
 /// One line a check, with what to do below it, and the sums at the end.
-std::wstring reportText(const std::vector<Result>& results);
+void writeReport(Writer& writer, const std::vector<Result>& results);
 std::wstring reportJson(const std::vector<Result>& results);
 
 }  // namespace pimcall::doctor

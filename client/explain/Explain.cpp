@@ -4,11 +4,13 @@
 #include <set>
 #include <utility>
 
+#include "automation/Deadline.h"
 #include "automation/Gateway.h"
 #include "automation/OutlookNames.h"
 #include "client/explain/Explanation.h"
 #include "client/explain/Nearest.h"
 #include "core/ItemSearch.h"
+#include "core/OutlookConnection.h"
 #include "core/StoreTable.h"
 #include "search/CacheRow.h"
 #include "search/CacheSearch.h"
@@ -63,12 +65,13 @@ class LiveAnswers {
 
   private:
     bool connect() {
+        const zelbar::Deadline deadline(gateway_, zelbar::limitForCall);
         auto& steps = explanation_.connection;
         Object application;
         return take(steps, {L"Outlook joined or started", 1},
                     [&] {
-                        application = zelbar::Gateway().create(zelbar::Server::Outlook, outlook::kProgId,
-                                                               outlook::kApplication);
+                        application =
+                            gateway_.create(zelbar::Server::Outlook, outlook::kProgId, outlook::kApplication);
                     }) &&
                take(steps, {L"its address books opened", 2}, [&] {
                    session_ = application.object(outlook::GetNamespace, L"MAPI");
@@ -86,7 +89,9 @@ class LiveAnswers {
         return places;
     }
 
+    /// Each row is a question of the client's, with its own time.
     void ask(MatchingRow& row) {
+        const zelbar::Deadline deadline(gateway_, zelbar::limitForCall);
         row.wasAsked = true;
         const std::wstring storeId = stores_.storeIdOf(row.row.storeKey);
         row.isStoreKnown = row.row.storeKey.empty() || !storeId.empty();
@@ -125,6 +130,7 @@ class LiveAnswers {
     }
 
     Explanation& explanation_;
+    zelbar::Gateway gateway_;
     zelbar::StoreTable stores_;
     Object session_;
 };

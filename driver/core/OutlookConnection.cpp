@@ -31,8 +31,12 @@ DWORD limitOf(const Setting& setting, DWORD otherwise) {
 
 }  // namespace
 
+DWORD limitForCall() {
+    return limitOf(settings::kOutlookTimeout, 5000);
+}
+
 Deadline OutlookConnection::timeForCall() const {
-    return Deadline(gateway_, [] { return limitOf(settings::kOutlookTimeout, 5000); });
+    return Deadline(gateway_, limitForCall);
 }
 
 Deadline OutlookConnection::timeForUser() const {

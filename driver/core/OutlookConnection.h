@@ -13,6 +13,9 @@
 
 namespace zelbar {
 
+/// How long one question of the client waits for Outlook, in milliseconds; 0 for no limit.
+DWORD limitForCall();
+
 /// The driver's one connection to Outlook. Nothing is trusted: Outlook may have been closed and started again
 /// since the last call, so what is handed out has been probed, and is rebuilt in stages where the probe
 /// fails.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "client/commands/Commands.h"
 #include "com/DataConnectorBorder.h"
 #include "tests/client/ProgramRun.h"
 
@@ -87,6 +88,71 @@ TEST(Program, WrongCommandLinesNeverReachTheDriver) {
         EXPECT_EQ(L"", run.out);
         EXPECT_TRUE(run.error.starts_with(L"pimcall: ")) << run.error.c_str();
         EXPECT_TRUE(run.error.ends_with(L".\n\"pimcall --help\" shows what there is.\n"));
+    }
+}
+
+TEST(Program, HelpsAsUsersOfEverySystemAsk) {
+    for (const wchar_t* asked : {L"--help", L"-h", L"/?"}) {
+        const ProgramRun all({asked}, noDriver), one({L"forms", L"--area", L"89", asked}, noDriver);
+        EXPECT_EQ(ExitCode::Found, all.exitCode);
+        EXPECT_EQ(ExitCode::Found, one.exitCode);
+        for (const Command* command : allCommands())
+            EXPECT_NE(std::wstring::npos, all.out.find(L"\n  " + std::wstring(command->name) + L" "));
+        EXPECT_TRUE(one.out.starts_with(L"pimcall forms [--country")) << one.out.c_str();
+        EXPECT_NE(std::wstring::npos, one.out.find(L"\nExamples:\n  pimcall forms "));
+    }
+    // Behind "--" it is an operand.
+    EXPECT_EQ(L"[\"/?\"]\n", ProgramRun({L"forms", L"--json", L"--country=FR", L"--", L"/?"}, noDriver).out);
+    const struct {
+        std::vector<std::wstring> words;
+        const wchar_t* end;
+    } slips[] = {
+        {{L"docter"}, L"; did you mean \"doctor\"?\n"},
+        {{L"fnid"}, L"; did you mean \"find\"?\n"},
+        {{L"bun"}, L"; did you mean \"bundle\"?\n"},
+        {{L"call", L"--form=1"}, L"; did you mean --from?\n"},
+        {{L"call", L"--jsn"}, L"; did you mean --json?\n"},
+        {{L"xyzzy"}, L"There is no command \"xyzzy\".\n"},
+        {{L"find", L"--nu"}, L"; did you mean --number?\n"},
+        {{L"call", L"--q"}, L"no option --q here.\n"},
+    };
+    for (const auto& row : slips) {
+        const ProgramRun run(row.words, noDriver);
+        EXPECT_EQ(ExitCode::Usage, run.exitCode);
+        EXPECT_NE(std::wstring::npos, run.error.find(row.end)) << run.error.c_str();
+    }
+}
+
+/// A terminal, as far as a writer goes.
+class Terminal final : public Writer {
+  public:
+    explicit Terminal(bool isOne) : isOne_(isOne) {}
+    void write(std::wstring_view more) override { text += more; }
+    bool isTerminal() const override { return isOne_; }
+
+    std::wstring text;
+
+  private:
+    bool isOne_;
+};
+
+TEST(Activity, IsShownOnATerminalOnlyAndLeavesNothingBehind) {
+    for (const bool isOne : {true, false}) {
+        Terminal screen(isOne);
+        {
+            Activity activity(screen, L"Asking", 20);
+            Sleep(200);
+            BesideActivity(screen, activity).line(L"answer");
+            activity.say(L"Reading");
+            Sleep(200);
+        }
+        const std::size_t asked = screen.text.find(L"\rAsking ... 0 s");
+        const std::size_t gone = screen.text.find(L"\r              \ranswer\n");
+        const std::size_t read = screen.text.find(L"\rReading ... 0 s");
+        if (isOne)
+            EXPECT_TRUE(asked < gone && gone < read && screen.text.ends_with(L" \r")) << screen.text.c_str();
+        else
+            EXPECT_EQ(L"answer\n", screen.text);
     }
 }
 
