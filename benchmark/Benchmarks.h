@@ -1,17 +1,28 @@
 #pragma once
 
+#include "benchmark/Aims.h"
+
 namespace benchmark {
 
-/// An incoming call and what it asks of Outlook, across the process border. Prints its tables.
-void measureIncomingCalls();
+/// What start-up, incoming calls, steps, lists and actions ask of Outlook, across the process border. Prints
+/// its tables.
+void measureIncomingCalls(const Scale& scale);
 
-/// Searches in caches of two sizes beside the bare query. Prints its table.
-void measureSearches();
+/// Searches in caches of several sizes beside the bare query, and with a row for each form of a number.
+/// Prints its tables.
+void measureSearches(const Scale& scale);
+
+/// The filler: reading Outlook both ways, first and unchanged runs, with and without forms. Prints its
+/// tables.
+void measureFills(const Scale& scale);
+
+/// The filler's program on large address books: time and memory. Prints its lines.
+void measureFillMemory(const Scale& scale);
 
 /// Runs of the export on directories of three sizes: calls and time for each employee. Prints its tables.
-void measureExports();
+void measureExports(const Scale& scale);
 
-/// One line below a table: whether an aim is reached.
-void reportAim(const char* aim, bool reached);
+/// What the driver costs its host: file, loading, start-up, memory, handles. Prints its table.
+void measureFootprint(const Scale& scale);
 
 }  // namespace benchmark

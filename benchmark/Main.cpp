@@ -2,55 +2,65 @@
 
 #include <objbase.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <cwchar>
-#include <exception>
+#include <iterator>
 #include <string_view>
+#include <vector>
 
 #include "automation/Fault.h"
 #include "benchmark/Benchmarks.h"
 
 namespace benchmark {
 
-void reportAim(const char* aim, bool reached) {
-    std::printf("%s: %s\n", reached ? "Reached" : "MISSED", aim);
-}
-
 namespace {
 
 struct Section {
     const wchar_t* name;
-    void (*measure)();
+    void (*measure)(const Scale& scale);
 };
+// The footprint first: the driver stays in the process once it has been used.
 constexpr Section kSections[] = {
-    {L"calls", measureIncomingCalls},
-    {L"searches", measureSearches},
-    {L"exports", measureExports},
+    {L"footprint", measureFootprint}, {L"calls", measureIncomingCalls}, {L"searches", measureSearches},
+    {L"fills", measureFills},         {L"memory", measureFillMemory},   {L"exports", measureExports},
 };
 
-/// All of them, or the one of that name; false when there is none.
-bool measureSections(std::wstring_view only) {
-    bool measured = false;
+/// Those of the names given, or all; false when one of the words names none.
+bool measureSections(const std::vector<std::wstring_view>& words) {
+    Scale scale;
+    std::vector<const Section*> chosen;
+    for (const std::wstring_view word : words) {
+        const auto section = std::find_if(std::begin(kSections), std::end(kSections),
+                                          [&](const Section& one) { return word == one.name; });
+        if (section != std::end(kSections))
+            chosen.push_back(section);
+        else if (word == L"--quick")
+            scale.isQuick = true;
+        else
+            return false;
+    }
     for (const Section& section : kSections)
-        if (only.empty() || only == section.name) {
-            section.measure();
-            measured = true;
-        }
-    return measured;
+        if (chosen.empty() || std::find(chosen.begin(), chosen.end(), &section) != chosen.end())
+            section.measure(scale);
+    std::printf("%s.%s\n", countedAims().c_str(),
+                scale.isQuick ? " (Smaller sizes and fewer rounds: --quick.)" : "");
+    return true;
 }
 
 }  // namespace
 
 }  // namespace benchmark
 
-/// usage: benchmark [calls|searches|exports]
+/// usage: benchmark [--quick] [footprint|calls|searches|fills|memory|exports]...
 int wmain(int argc, wchar_t** argv) {
-    const std::wstring_view only = argc > 1 ? argv[1] : L"";
+    // A pipe would get the whole page only at its end.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
     int status = 0;
     try {
-        if (!benchmark::measureSections(only)) {
-            std::fprintf(stderr, "usage: benchmark [calls|searches|exports]\n");
+        if (!benchmark::measureSections({argv + 1, argv + argc})) {
+            std::fprintf(stderr,
+                         "usage: benchmark [--quick] [footprint|calls|searches|fills|memory|exports]...\n");
             status = 2;
         }
     } catch (...) {

@@ -33,6 +33,12 @@ class Times {
         for (size_t i = 0; i < result.values_.size(); ++i) result.values_[i] -= other.values_[i];
         return result;
     }
+    /// The median of what is left of each run over the other's run of the same round.
+    double ratioTo(const Times& other) const {
+        Times result = *this;
+        for (size_t i = 0; i < result.values_.size(); ++i) result.values_[i] /= other.values_[i];
+        return result.median();
+    }
     double total() const {
         double sum = 0;
         for (const double value : values_) sum += value;

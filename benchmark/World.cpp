@@ -29,19 +29,37 @@ std::wstring padded(long row) {
     return digits;
 }
 
+/// The digits of a number as systems present it, behind one of their prefixes.
+std::wstring form(const wchar_t* prefix, const std::wstring& number) {
+    std::wstring digits = prefix;
+    for (const wchar_t c : number.substr(3))
+        if (c != L' ') digits += c;
+    return digits;
+}
+
 void addRows(const Object& table, const CacheRows& rows) {
     const Object name = table.object(dao::FieldNamed, L"Name");
     const Object number = table.object(dao::FieldNamed, L"PhoneNumber");
     const Object entryId = table.object(dao::FieldNamed, L"EntryId");
     const Object storeId = table.object(dao::FieldNamed, L"StoreID");
-    for (long row = 0; row < rows.count; ++row) {
+    const auto add = [&](const std::wstring& named, const std::wstring& presented,
+                         const ContactPlace& contact) {
         table.call(dao::AddNew);
-        name.put(dao::Value, CacheRows::name(row));
-        number.put(dao::Value, CacheRows::number(row));
-        entryId.put(dao::Value, rows.contact.entryId);
+        if (!named.empty()) name.put(dao::Value, named);
+        number.put(dao::Value, presented);
+        entryId.put(dao::Value, contact.entryId);
         storeId.put(dao::Value, L"1");
         table.call(dao::Update);
+    };
+    for (long row = 0; row < rows.count; ++row) {
+        const std::wstring stored = CacheRows::number(row);
+        add(CacheRows::name(row), stored, rows.contact);
+        if (!rows.withForms) continue;
+        for (const wchar_t* prefix : {L"+33", L"0033", L"0", L"33"})
+            add(L"", form(prefix, stored), rows.contact);
     }
+    for (const ContactPlace& person : rows.people)
+        add(L"Person " + person.entryId, L"+49 9 " + person.entryId, person);
 }
 
 }  // namespace
@@ -53,8 +71,12 @@ std::wstring CacheRows::name(long row) {
     return L"Caller" + padded(row) + L" Ada";
 }
 
-DataFolder::DataFolder() : path_(std::filesystem::temp_directory_path() / L"tessaria-benchmark") {
+DataFolder::DataFolder(const wchar_t* name) : path_(std::filesystem::temp_directory_path() / name) {
     std::filesystem::create_directory(path_);
+    use();
+}
+
+void DataFolder::use() const {
     const std::wstring text = path_.native();
     RegSetKeyValueW(HKEY_CURRENT_USER, kClientKey, L"DataPath", REG_SZ, text.c_str(),
                     static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));

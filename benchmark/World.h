@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "automation/Object.h"
 
@@ -23,22 +24,28 @@ struct ContactPlace {
 /// The rows of a cache, numbered from 0.
 struct CacheRows {
     long count;
-    ContactPlace contact;  ///< The contact of all rows.
+    ContactPlace contact;    ///< The contact of all rows.
+    bool withForms = false;  ///< Four more rows behind each, without a name, as the filler writes them.
+    std::vector<ContactPlace> people = {};  ///< One row more for each, to walk through.
 
     /// What a row is found by.
     static std::wstring number(long row);
     static std::wstring name(long row);
+    /// What finds all of the people.
+    static std::wstring allPeople() { return L"+49 9*"; }
 };
 
-/// A data folder for the driver in this process, emptied; the settings name it until the program ends.
+/// A data folder for the driver in this process; the settings name the latest one until it goes.
 class DataFolder {
   public:
-    DataFolder();
+    explicit DataFolder(const wchar_t* name = L"tessaria-benchmark");
     ~DataFolder();
     DataFolder(const DataFolder&) = delete;
     DataFolder& operator=(const DataFolder&) = delete;
 
     const std::filesystem::path& path() const { return path_; }
+    /// Has the settings name this one again.
+    void use() const;
     std::filesystem::path cacheFile() const { return path_ / L"connec00.mdb"; }
     /// Makes connec00.mdb anew, through DAO.
     void writeCache(const CacheRows& rows) const;
