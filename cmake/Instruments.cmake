@@ -1,5 +1,6 @@
 # What the commands of scripts/instruments build their own folders with; nothing in an ordinary build.
-set(INSTRUMENT "" CACHE STRING "traps: undefined behaviour of our own code ends the program")
+set(INSTRUMENT "" CACHE STRING "traps: undefined behaviour of our own code ends the program; \
+coverage: the driver counts its branches")
 
 if(INSTRUMENT STREQUAL "traps")
     # There is no run-time library that could report for this target: an illegal instruction has to do. Texts that
@@ -7,4 +8,12 @@ if(INSTRUMENT STREQUAL "traps")
     target_compile_options(project_options INTERFACE
         -O1 -g1 -fno-omit-frame-pointer
         -fsanitize=undefined,float-cast-overflow -fsanitize-undefined-trap-on-error -fno-sanitize=alignment)
+elseif(INSTRUMENT STREQUAL "coverage")
+    function(count_branches)
+        foreach(target automation com support driver_core zelbar00)
+            target_compile_options(${target} PRIVATE --coverage -O0 -g1)
+        endforeach()
+    endfunction()
+    cmake_language(DEFER CALL count_branches)
+    add_link_options(--coverage)
 endif()
