@@ -53,7 +53,8 @@ file(GLOB_RECURSE our_sources CONFIGURE_DEPENDS
     fuzz/*.cpp
     benchmark/*.h
     benchmark/*.cpp
-    docs/*.cpp)
+    docs/*.cpp
+    scripts/*.cpp)
 add_test(NAME formatting COMMAND clang-format --dry-run -Werror ${our_sources})
 
 add_test(NAME includes COMMAND "${PROJECT_SOURCE_DIR}/scripts/check-includes")
