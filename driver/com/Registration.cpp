@@ -86,7 +86,7 @@ class Library {
         id_ = textOf(attributes->guid);
         version_ =
             std::to_wstring(attributes->wMajorVerNum) + L"." + std::to_wstring(attributes->wMinorVerNum);
-        flags_ = std::to_wstring(attributes->wLibFlags);
+        flags_ = std::to_wstring(attributes->wLibFlags & ~LIBFLAG_FHASDISKIMAGE);
         library_->ReleaseTLibAttr(attributes);
         for (UINT i = 0; i < library_->GetTypeInfoCount(); ++i) readInterface(i);
     }
