@@ -1,17 +1,27 @@
 #pragma once
 
-#include <map>
+#include <array>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "automation/Object.h"
+#include "filler/VariantGrid.h"
 
 namespace filler {
 
-/// One row, its texts in the order of the columns. Null and an empty text are one, as to the driver.
-using Record = std::vector<std::wstring>;
+inline constexpr std::size_t kMostColumns = 4;
+
+/// One row, its texts in the order of the columns; a table with fewer columns leaves the last ones empty.
+/// Null and an empty text are one, as to the driver.
+using Record = std::array<std::wstring, kMostColumns>;
+/// The same with texts that lie elsewhere.
+using RecordView = std::array<std::wstring_view, kMostColumns>;
+
+RecordView viewOf(const Record& record);
 
 /// A table of the cache: its columns, and the statements that make it with its indexes.
 struct TableLayout {
@@ -36,17 +46,23 @@ class CacheTable {
     CacheTable& operator=(const CacheTable&) = delete;
 
     bool atEnd() const;
-    void next() const;
+    void next();
     /// The current row; nothing when somebody has deleted it meanwhile.
-    std::optional<Record> current() const;
+    std::optional<Record> current();
     /// Deletes the current row; move on before the next read. This and `add` are for tables opened to be
     /// changed.
     void remove() const;
-    void add(const Record& record) const;
+    void add(const RecordView& record) const;
 
   private:
+    Record blockRow();
+
+    Use use_;
     zelbar::Object rows_;
     std::vector<zelbar::Object> fields_;
+    // Of a table opened to be read: rows that have been fetched, and the current one among them.
+    std::unique_ptr<VariantGrid> block_;
+    std::size_t at_ = 0;
 };
 
 bool tableExists(const zelbar::Object& database, const TableLayout& layout);

@@ -1,7 +1,10 @@
 #include "filler/CacheUpdate.h"
 
+#include <deque>
 #include <functional>
 #include <map>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "filler/CacheTable.h"
@@ -12,11 +15,14 @@ namespace {
 
 using zelbar::Object;
 
-/// What one table is to hold.
+/// What one table is to hold. The texts lie in the address book, among the keys, or with the target: a large
+/// address book's rows would fill a good part of what a process of 32 bits has.
 struct Target {
     const TableLayout& layout;
-    std::vector<Record> records;
+    std::vector<RecordView> records;
     std::function<bool(const Record&)> keeps;  ///< Whether a row stays although it is not among the records.
+    /// Never moved: records point to them.
+    std::unique_ptr<std::deque<std::wstring>> texts = std::make_unique<std::deque<std::wstring>>();
 };
 
 struct Difference {
@@ -28,17 +34,17 @@ struct Difference {
 /// Opened to be changed, the table is made to hold what the target says; opened to be read, the difference is
 /// only counted.
 Difference reconcile(const Object& database, const Target& target, CacheTable::Use use, Observer& observer) {
-    // By address: a large address book's rows fill a good part of what a process of 32 bits has.
-    const auto isBefore = [](const Record* one, const Record* other) { return *one < *other; };
-    std::map<const Record*, long, decltype(isBefore)> missing(isBefore);
-    for (const Record& record : target.records) ++missing[&record];
+    const auto isBefore = [](const RecordView* one, const RecordView* other) { return *one < *other; };
+    std::map<const RecordView*, long, decltype(isBefore)> missing(isBefore);
+    for (const RecordView& record : target.records) ++missing[&record];
     Difference difference;
-    const CacheTable table(database, target.layout, use);
+    CacheTable table(database, target.layout, use);
     for (; !table.atEnd(); table.next()) {
         goOn(observer);
         const std::optional<Record> row = table.current();
         if (!row) continue;
-        if (const auto wanted = missing.find(&*row); wanted != missing.end()) {
+        const RecordView view = viewOf(*row);
+        if (const auto wanted = missing.find(&view); wanted != missing.end()) {
             if (--wanted->second == 0) missing.erase(wanted);
         } else if (!target.keeps(*row)) {
             ++difference.removed;
@@ -62,7 +68,7 @@ Difference reconcile(const Object& database, const Target& target, CacheTable::U
 std::vector<StoreKey> knownKeys(const CacheFile& file) {
     std::vector<StoreKey> keys;
     if (file.isNew() || !tableExists(file.database(), storeLayout())) return keys;
-    for (const CacheTable table(file.database(), storeLayout(), CacheTable::Use::Read); !table.atEnd();
+    for (CacheTable table(file.database(), storeLayout(), CacheTable::Use::Read); !table.atEnd();
          table.next()) {
         if (const auto row = table.current()) keys.push_back({(*row)[0], (*row)[1]});
     }
@@ -71,19 +77,21 @@ std::vector<StoreKey> knownKeys(const CacheFile& file) {
 
 /// A contact's rows: its numbers as they stand, and without a name their other forms, each once.
 void addRows(const Contact& contact, const std::wstring& storeKey, const numbers::PresentedForms& forms,
-             std::vector<Record>& rows) {
+             Target& target) {
     std::set<std::wstring> written(contact.numbers.begin(), contact.numbers.end());
     for (const std::wstring& number : contact.numbers)
-        rows.push_back({contact.name, number, contact.entryId, storeKey});
+        target.records.push_back(RecordView{contact.name, number, contact.entryId, storeKey});
     for (const std::wstring& number : contact.numbers)
-        for (const std::wstring& form : forms.of(number))
-            if (written.insert(form).second) rows.push_back({L"", form, contact.entryId, storeKey});
+        for (std::wstring& form : forms.of(number))
+            if (written.insert(form).second)
+                target.records.push_back(
+                    RecordView{L"", target.texts->emplace_back(std::move(form)), contact.entryId, storeKey});
 }
 
 std::vector<Target> targetsOf(const AddressBook& book, const std::vector<StoreKey>& keys,
                               const numbers::PresentedForms& forms, Observer& observer) {
     Target stores{storeLayout(), {}, [](const Record&) { return false; }};
-    for (const StoreKey& key : keys) stores.records.push_back({key.index, key.storeId});
+    for (const StoreKey& key : keys) stores.records.push_back(RecordView{key.index, key.storeId});
 
     std::set<std::pair<std::wstring, std::wstring>> unreadable;
     for (const auto& [store, entryId] : book.unreadable) unreadable.emplace(entryId, keys[store].index);
@@ -94,9 +102,12 @@ std::vector<Target> targetsOf(const AddressBook& book, const std::vector<StoreKe
                    }};
     for (const AddressBook::Entry& entry : book.contacts) {
         goOn(observer);
-        addRows(entry.contact, keys[entry.store].index, forms, numbers.records);
+        addRows(entry.contact, keys[entry.store].index, forms, numbers);
     }
-    return {std::move(stores), std::move(numbers)};
+    std::vector<Target> targets;
+    targets.push_back(std::move(stores));
+    targets.push_back(std::move(numbers));
+    return targets;
 }
 
 bool isUpToDate(const CacheFile& file, const std::vector<Target>& targets, Observer& observer) {

@@ -13,14 +13,6 @@ namespace {
 /// A store cuts texts at 255 characters, or at 255 bytes of two a character.
 constexpr std::size_t kMayBeCut = 127;
 
-std::size_t extent(SAFEARRAY* array, UINT dimension) {
-    LONG first = 0, last = -1;
-    if (FAILED(SafeArrayGetLBound(array, dimension, &first)) ||
-        FAILED(SafeArrayGetUBound(array, dimension, &last)))
-        return 0;
-    return last < first ? 0 : static_cast<std::size_t>(last - first) + 1;
-}
-
 std::wstring digitsOf(const SAFEARRAY& bytes) {
     std::wstring digits;
     const auto* data = static_cast<const unsigned char*>(bytes.pvData);
@@ -31,27 +23,9 @@ std::wstring digitsOf(const SAFEARRAY& bytes) {
 
 }  // namespace
 
-TableBlock::TableBlock(zelbar::Variant array) : array_(std::move(array)) {
-    const VARIANT& raw = array_.raw();
-    if (raw.vt != (VT_ARRAY | VT_VARIANT) || !raw.parray || SafeArrayGetDim(raw.parray) != 2) return;
-    columns_ = extent(raw.parray, 1);
-    rows_ = extent(raw.parray, 2);
-    void* data = nullptr;
-    if (rows_ == 0 || FAILED(SafeArrayAccessData(raw.parray, &data))) rows_ = 0;
-    cells_ = static_cast<const VARIANT*>(data);
-}
-
-TableBlock::~TableBlock() {
-    if (cells_) SafeArrayUnaccessData(array_.raw().parray);
-}
-
-const VARIANT& TableBlock::cell(std::size_t row, std::size_t column) const {
-    return cells_[row * columns_ + column];
-}
-
 std::optional<std::wstring> TableBlock::text(std::size_t row, std::size_t column) const {
     constexpr auto kNotFound = static_cast<SCODE>(0x8004010FUL);
-    const VARIANT& value = cell(row, column);
+    const VARIANT& value = grid_.cell(row, column);
     if (value.vt == VT_BSTR) {
         std::wstring text = zelbar::textOf(value.bstrVal);
         if (text.size() < kMayBeCut) return text;
@@ -62,7 +36,7 @@ std::optional<std::wstring> TableBlock::text(std::size_t row, std::size_t column
 }
 
 std::wstring TableBlock::identifier(std::size_t row, std::size_t column) const {
-    const VARIANT& value = cell(row, column);
+    const VARIANT& value = grid_.cell(row, column);
     if (value.vt == (VT_ARRAY | VT_UI1) && value.parray && SafeArrayGetDim(value.parray) == 1)
         return digitsOf(*value.parray);
     std::wstring text = value.vt == VT_BSTR ? zelbar::textOf(value.bstrVal) : std::wstring();

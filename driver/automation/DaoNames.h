@@ -45,6 +45,7 @@ inline constexpr Member RecordCount{L"RecordCount"};
 inline constexpr Member MoveFirst{L"MoveFirst"};
 inline constexpr Member MoveLast{L"MoveLast"};
 inline constexpr Member MoveNext{L"MoveNext"};
+inline constexpr Member GetRows{L"GetRows"};
 inline constexpr Member MovePrevious{L"MovePrevious"};
 inline constexpr Member Delete{L"Delete"};
 inline constexpr Member AddNew{L"AddNew"};

@@ -24,6 +24,7 @@ const MemberTable& Recordset::members() const {
                                        daoReadOnly<&Recordset::eof>(L"EOF", 105),
                                        daoReadOnly<&Recordset::recordCount>(L"RecordCount", 116),
                                        daoMethod<&Recordset::addNew>(L"AddNew", 132),
+                                       daoMethod<&Recordset::getRows>(L"GetRows", 154, 0, 1),
                                        daoMethod<&Recordset::close>(L"Close", 133),
                                        daoMethod<&Recordset::remove>(L"Delete", 135),
                                        daoMethod<&Recordset::moveFirst>(L"MoveFirst", 141),
@@ -57,6 +58,31 @@ void Recordset::moveLast() {
 void Recordset::movePrevious() {
     refuseIfForwardOnly();
     cursor_->movePrevious();
+}
+
+Value Recordset::getRows(const Arguments& arguments) {
+    const long most = arguments.number(0, 1);
+    if (most < 1) raise(3001);
+    if (cursor_->isAfterLast()) raise(3021);
+    std::vector<Value> cells;
+    const std::vector<ResultField>& fields = cursor_->fields();
+    for (long row = 0; row < most && !cursor_->isAfterLast(); ++row) {
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            cells.push_back(toClient(cursor_->value(i), fields[i].column.type));
+        cursor_->moveNext();
+    }
+    const auto columns = static_cast<ULONG>(fields.size());
+    SAFEARRAYBOUND bounds[] = {{columns, 0}, {static_cast<ULONG>(cells.size()) / columns, 0}};
+    VARIANT raw;
+    VariantInit(&raw);
+    raw.parray = SafeArrayCreate(VT_VARIANT, 2, bounds);
+    if (!raw.parray) throw std::bad_alloc();
+    raw.vt = VT_ARRAY | VT_VARIANT;
+    Value array;
+    array.Attach(raw);
+    auto* target = static_cast<VARIANT*>(raw.parray->pvData);
+    for (Value& cell : cells) *target++ = cell.Detach();
+    return array;
 }
 
 }  // namespace standin::dao

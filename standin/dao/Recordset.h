@@ -36,6 +36,8 @@ class Recordset : public DaoObject {
     void remove() { cursor_->remove(); }
     void addNew() { cursor_->addNew(); }
     void update() { cursor_->update(); }
+    /// So many rows from the current one on, fields by rows; goes to the first that was not read.
+    Value getRows(const Arguments& arguments);
     void close() { release(); }
     void refuseIfForwardOnly() const;
 
