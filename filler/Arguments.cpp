@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "support/Similar.h"
+
 namespace filler {
 namespace {
 
@@ -12,6 +14,14 @@ std::wstring* valueOf(std::wstring_view option, numbers::PlaceWords& place, std:
     if (option == L"--area") return &place.areaCode;
     if (option == L"--outside-line") return &place.outsideLine;
     return option == L"--without-prefix" ? &place.withoutPrefix : nullptr;
+}
+
+std::wstring unknown(std::wstring_view option) {
+    constexpr std::wstring_view kKnown[] = {L"--country", L"--area",  L"--outside-line", L"--without-prefix",
+                                            L"--read",    L"--quiet", L"--help"};
+    const std::wstring_view similar = zelbar::similarWord(option, kKnown);
+    return L"unknown argument " + std::wstring(option) +
+           (similar.empty() ? L"" : L"; did you mean " + std::wstring(similar) + L"?");
 }
 
 }  // namespace
@@ -32,7 +42,7 @@ Arguments parseArguments(int count, wchar_t** words) {
         const std::size_t equals = word.find(L'=');
         const std::wstring option(word.substr(0, equals));
         std::wstring* value = valueOf(option, result.place, way);
-        if (!value) throw WrongUsage{L"unknown argument " + std::wstring(word)};
+        if (!value) throw WrongUsage{unknown(option)};
         if (!value->empty()) throw WrongUsage{option + L" is given more than once"};
         const bool isAttached = equals != std::wstring_view::npos;
         if (isAttached)

@@ -39,7 +39,12 @@ constexpr wchar_t kHelp[] =
     L"  --read items           reads item by item, which takes minutes for thousands\n"
     L"\n"
     L"  -q, --quiet   say nothing unless something goes wrong\n"
-    L"  -h, --help    this text\n"
+    L"  -h, --help    this text; /? is the same\n"
+    L"\n"
+    L"Examples:\n"
+    L"  fillcache\n"
+    L"  fillcache --quiet                        at logon\n"
+    L"  fillcache --country DE --area 89 --outside-line 0\n"
     L"\n"
     L"Exit status: 0 the cache is up to date, 1 it is, but not complete, 2 wrong usage, 3 failure.\n";
 
@@ -51,16 +56,11 @@ class ConsoleObserver final : public filler::Observer {
 
     void progress(const wchar_t* what, long done, long total) override {
         const ULONGLONG now = GetTickCount64();
-        if (isQuiet_ || now < nextLine_) return;
-        nextLine_ = now + (errors_.isScreen() ? kScreenStep : kFileStep);
-        const std::wstring line =
-            std::wstring(what) + L": " + std::to_wstring(done) + L" of " + std::to_wstring(total);
-        if (errors_.isScreen()) {
-            errors_.write(L"\r" + line + L"   ");
-            isLineOpen_ = true;
-        } else {
-            errors_.write(line + L"\n");
-        }
+        if (isQuiet_ || !errors_.isScreen() || now < nextLine_) return;
+        nextLine_ = now + kStep;
+        errors_.write(L"\r" + std::wstring(what) + L": " + std::to_wstring(done) + L" of " +
+                      std::to_wstring(total) + L"   ");
+        isLineOpen_ = true;
     }
     void note(const std::wstring& sentence) override {
         endLine();
@@ -74,8 +74,8 @@ class ConsoleObserver final : public filler::Observer {
     }
 
   private:
-    // Milliseconds: nothing is shown of a run that is over soon, and little where nobody looks on.
-    static constexpr ULONGLONG kFirst = 1500, kScreenStep = 250, kFileStep = 5000;
+    // Milliseconds: nothing is shown of a run that is over soon.
+    static constexpr ULONGLONG kFirst = 1000, kStep = 250;
 
     const filler::Console& errors_;
     filler::Interrupt interrupt_;
@@ -133,7 +133,8 @@ int wmain(int count, wchar_t** arguments) {
         output.write(kHelp);
         return kDone;
     } catch (const filler::WrongUsage& wrong) {
-        errors.write(L"fillcache: " + wrong.sentence + L". Try fillcache --help.\n");
+        errors.write(L"fillcache: " + wrong.sentence + (wrong.sentence.ends_with(L'?') ? L"" : L".") +
+                     L" Try fillcache --help.\n");
     } catch (const numbers::BadPlace& bad) {
         errors.write(L"fillcache: " + bad.sentence + L"\n");
     }

@@ -61,6 +61,7 @@ TEST(Program, ExplainsItself) {
         {L"--country=DE --area 089", "89, not 089"},
         {L"--country DE --area", "needs a value"},
         {L"--area 1 --area 2", "more than once"},
+        {L"--contry DE", "did you mean --country? Try"},
         {L"--read fast", "table or items"},
         {L"--without-prefix none --country DE", "international, national or unknown"}};
     for (const auto& [words, sentence] : places) {
