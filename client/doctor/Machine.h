@@ -9,6 +9,7 @@
 
 #include "automation/Fault.h"
 #include "numbers/HomePlace.h"
+#include "support/OutlookGuard.h"
 #include "support/Settings.h"
 
 namespace pimcall::doctor {
@@ -75,11 +76,7 @@ struct OutlookFacts {
     LiveOutlook live;
     bool hasProfile = true;
     bool asksForProfile = false;
-    /// Settings of Outlook that guard addresses; nothing where they are not set.
-    std::optional<DWORD> objectModelGuard;
-    std::optional<DWORD> adminSecurityMode;
-    std::optional<DWORD> promptForAddresses;
-    std::optional<bool> antivirusIsGood;
+    zelbar::OutlookGuard guard;
     std::wstring mayReadAddresses;  ///< The driver's own switch, as stored.
 };
 

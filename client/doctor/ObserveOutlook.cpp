@@ -15,7 +15,6 @@ namespace {
 
 constexpr wchar_t kClasses[] = L"Software\\Classes\\";
 constexpr wchar_t kOffice[] = L"Software\\Microsoft\\Office\\";
-constexpr wchar_t kOfficePolicies[] = L"Software\\Policies\\Microsoft\\Office\\";
 constexpr REGSAM kViews[] = {0, KEY_WOW64_64KEY};
 
 /// The program of the class, wherever it is registered: a program serves callers of either kind.
@@ -113,38 +112,6 @@ void observeProfile(OutlookFacts& outlook) {
     outlook.hasProfile = found || outlook.live.answers();
 }
 
-/// Windows has no such service on servers, and Wine none at all.
-std::optional<bool> isAntivirusGood() {
-    constexpr DWORD kAntivirus = 4;
-    enum Health { kGood = 0, kSnooze = 3 };
-    const HMODULE library = LoadLibraryW(L"wscapi.dll");
-    if (!library) return {};
-    using GetHealth = HRESULT(WINAPI*)(DWORD, int*);
-    std::optional<bool> result;
-    int health = kGood;
-    if (const FARPROC entry = GetProcAddress(library, "WscGetSecurityProviderHealth");
-        entry && reinterpret_cast<GetHealth>(reinterpret_cast<void*>(entry))(kAntivirus, &health) == S_OK)
-        result = health == kGood || health == kSnooze;
-    FreeLibrary(library);
-    return result;
-}
-
-void observeGuard(OutlookFacts& outlook) {
-    for (const std::wstring& version : officeVersions(outlook.program)) {
-        const std::wstring end = version + L"\\Outlook\\Security";
-        for (const REGSAM view : kViews)
-            if (!outlook.objectModelGuard)
-                outlook.objectModelGuard =
-                    numberAt(HKEY_LOCAL_MACHINE, kOffice + end, L"ObjectModelGuard", view);
-        if (outlook.adminSecurityMode) continue;
-        outlook.adminSecurityMode = numberAt(HKEY_CURRENT_USER, kOfficePolicies + end, L"AdminSecurityMode");
-        outlook.promptForAddresses =
-            numberAt(HKEY_CURRENT_USER, kOfficePolicies + end, L"PromptOOMAddressInformationAccess");
-    }
-    outlook.antivirusIsGood = isAntivirusGood();
-    outlook.mayReadAddresses = zelbar::readSetting(zelbar::settings::kNoEmailAddressAccess);
-}
-
 }  // namespace
 
 void observeOutlook(Machine& machine) {
@@ -154,7 +121,9 @@ void observeOutlook(Machine& machine) {
     observeNewOutlook(outlook);
     outlook.live = askOutlook(!outlook.processes.empty(), machine.folders.chosen);
     observeProfile(outlook);
-    observeGuard(outlook);
+    outlook.guard =
+        zelbar::outlookGuard(outlook.live.answers() ? outlook.live.version : outlook.program.version);
+    outlook.mayReadAddresses = zelbar::readSetting(zelbar::settings::kNoEmailAddressAccess);
 }
 
 }  // namespace pimcall::doctor

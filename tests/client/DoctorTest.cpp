@@ -19,6 +19,7 @@ Machine healthy() {
     m.outlook.program = {L"C:\\Office\\OUTLOOK.EXE", true, L"16.0.1.2", 64};
     m.outlook.processes = {{7, false, true, false}};
     m.outlook.live = {Live::Answers, L"16.0.0.1", {{L"Own", L"S1"}}, true, {}};
+    m.outlook.guard.isSilent = true;
     m.outlook.mayReadAddresses = L"0";
     m.data.engines = {{L"DAO.DBEngine.36", {L"C:\\dao360.dll", true, L"3.6", 32}, S_OK}};
     m.data.folder = L"C:\\Data";
@@ -113,12 +114,10 @@ TEST(Doctor, EachCheckSeesWhatIsWrong) {
              m.outlook.live = {Live::Failed, L"", {}, false, {static_cast<long>(0x80080005), L"", L""}};
          }},
         {L"outlook-answers", Verdict::Notice, L"not running", [](Machine& m) { m.outlook.live = {}; }},
-        {L"address-guard", Verdict::Notice, L"each time", [](Machine& m) { m.outlook.objectModelGuard = 1; }},
-        {L"address-guard", Verdict::Notice, L"antivirus",
-         [](Machine& m) { m.outlook.antivirusIsGood = false; }},
-        {L"address-guard", Verdict::Notice, L"keeps e-mail addresses",
-         [](Machine& m) { m.outlook.adminSecurityMode = 3, m.outlook.promptForAddresses = 0; }},
-        {L"address-guard", Verdict::Notice, L"may ask", [](Machine& m) { m.outlook.adminSecurityMode = 1; }},
+        {L"address-guard", Verdict::Notice, L"G is 1",
+         [](Machine& m) {
+             m.outlook.guard = {false, L"G is 1"};
+         }},
         {L"address-switch", Verdict::Notice, L"alone",
          [](Machine& m) { m.outlook.mayReadAddresses.clear(); }},
         {L"dao", Verdict::Problem, L"no DAO", [](Machine& m) { m.data.engines.clear(); }},
@@ -224,12 +223,9 @@ TEST_F(BrokenMachineTest, IsSeenThroughTheRegistryAndTheFiles) {
     number(HKEY_CURRENT_USER, L"Software\\Microsoft\\Office\\16.0\\Outlook\\Preferences", L"UseNewOutlook",
            1);
     EXPECT_TRUE(says(L"new-outlook", L"note", L"chosen"));
-    number(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Office\\15.0\\Outlook\\Security", L"ObjectModelGuard",
+    number(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Office\\1.1\\Outlook\\Security", L"ObjectModelGuard",
            1);
-    EXPECT_TRUE(says(L"address-guard", L"note", L"each time"));
-    number(HKEY_CURRENT_USER, L"Software\\Policies\\Microsoft\\Office\\16.0\\Outlook\\Security",
-           L"AdminSecurityMode", 3);
-    EXPECT_TRUE(says(L"address-guard", L"note", L"AdminSecurityMode 3"));
+    EXPECT_TRUE(says(L"address-guard", L"note", L"ObjectModelGuard is 1"));
     registry.set(HKEY_CURRENT_USER, L"Software\\Microsoft\\Exchange\\Client\\Options", L"PickLogonProfile",
                  L"1");
     EXPECT_TRUE(says(L"outlook-profile", L"problem", L"no Outlook profile"));
