@@ -1,7 +1,7 @@
 #include "client/HandleWriter.h"
 
 #include "client/Failure.h"
-#include "client/Text.h"
+#include "support/Encoding.h"
 
 namespace pimcall {
 namespace {
@@ -39,7 +39,7 @@ void HandleWriter::write(std::wstring_view text) {
     if (isConsole_)
         writeToConsole(text);
     else
-        writeBytes(utf8(text));
+        writeBytes(zelbar::utf8(text));
 }
 
 void HandleWriter::writeToConsole(std::wstring_view text) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "client/Failure.h"
+#include "support/Encoding.h"
 
 namespace pimcall {
 namespace {
@@ -22,14 +23,6 @@ std::string inputBytes() {
     }
 }
 
-std::wstring wide(const std::string& bytes) {
-    const int size = static_cast<int>(bytes.size());
-    std::wstring text(bytes.size(), L'\0');
-    text.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_UTF8, 0, bytes.data(), size, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 }  // namespace
 
 std::vector<std::wstring> inputLines() {
@@ -41,7 +34,7 @@ std::vector<std::wstring> inputLines() {
         const std::size_t end = std::min(bytes.find('\n', start), bytes.size());
         std::string line = bytes.substr(start, end - start);
         if (line.ends_with('\r')) line.pop_back();
-        lines.push_back(wide(line));
+        lines.push_back(zelbar::wide(line));
         start = end + 1;
     }
     return lines;

@@ -5,9 +5,6 @@
 
 namespace pimcall {
 
-/// The bytes of a text. Half a surrogate pair, which has no bytes of its own, becomes U+FFFD.
-std::string utf8(std::wstring_view text);
-
 /// A text on one line of a screen: each character that steers one becomes a blank, so that a name from an
 /// address book can neither break the layout nor pass for another.
 std::wstring oneLine(std::wstring_view text);

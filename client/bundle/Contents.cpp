@@ -107,7 +107,7 @@ class Collection {
         // Notepad before Windows 10 knows no other line ends.
         std::wstring lines;
         for (const wchar_t c : text) lines += c == L'\n' ? std::wstring(L"\r\n") : std::wstring(1, c);
-        parts_.push_back({name, utf8(lines)});
+        parts_.push_back({name, zelbar::utf8(lines)});
     }
     void addLog(const char* name, const std::wstring& path, std::wstring (Masker::*mask)(std::wstring_view)) {
         const std::wstring text = zelbar::wide(fileBytes(path, kMostOfLog));
