@@ -40,6 +40,14 @@ CallRules rulesUntil(ULONGLONG end, const CallClock& clock) {
 
 }  // namespace
 
+OutgoingCalls::~OutgoingCalls() {
+    const ULONGLONG now = clock_.now();
+    if (silent_ && now < refusesUntil_) return;
+    constexpr ULONGLONG kPatience = 1000;
+    const CallFilter filter(rulesUntil(now + kPatience, clock_));
+    late_.release([&] { return clock_.now() < now + kPatience; });
+}
+
 ULONGLONG OutgoingCalls::end() const {
     return inForce_ ? inForce_->end() : Deadline::kNever;
 }
@@ -51,14 +59,14 @@ HRESULT OutgoingCalls::carryOut(const wchar_t* member, unsigned manner,
         const HRESULT answer = once(manner, call);
         const bool cancelled = answer == RPC_E_CALL_CANCELED;
         if (isSpent())
-            overrun(member);
+            overrun(member, isBusy(answer));
         else if (!isBusy(answer) && !cancelled)
             answered();
         if (cancelled) throw notAnswering(member, manner & kLasting);
         if (!isBusy(answer) || (manner & kLasting) || end() == Deadline::kNever || isSpent()) return answer;
         pause(milliseconds);
         if (!isSpent()) continue;
-        overrun(member);
+        overrun(member, true);
         return answer;
     }
 }
@@ -75,22 +83,24 @@ HRESULT OutgoingCalls::once(unsigned manner, const std::function<HRESULT()>& cal
 
 void OutgoingCalls::admit(const wchar_t* member) {
     if (end() == Deadline::kNever) return;
-    if (isSpent()) overrun(member);
+    if (isSpent()) overrun(member, false);
     if (silent_ && clock_.now() < refusesUntil_) throw notAnswering(member, false);
 }
 
-void OutgoingCalls::overrun(const wchar_t* member) {
+void OutgoingCalls::overrun(const wchar_t* member, bool wasBusy) {
     const ULONGLONG now = clock_.now();
     if (silent_ && now < refusesUntil_) return;
     silent_ = true;
+    // A busy Outlook turns calls away, but not the release of a reference.
+    hung_ = hung_ || !wasBusy;
     refusesUntil_ = now + kRefusal;
     if (report_) report_(member, now - inForce_->begun());
 }
 
 void OutgoingCalls::answered() {
     if (!silent_) return;
-    silent_ = false;
-    late_.release([this] { return !silent_ && !isSpent(); });
+    silent_ = hung_ = false;
+    late_.release([this] { return !hung_ && !isSpent(); });
 }
 
 /// A call of the client's own that comes in meanwhile waits without serving messages, else a timer of his
@@ -106,7 +116,7 @@ void OutgoingCalls::pause(DWORD milliseconds) {
 }
 
 void OutgoingCalls::release(Com<IUnknown> reference) noexcept {
-    if (silent_) return late_.keep(std::move(reference));
+    if (hung_) return late_.keep(std::move(reference));
     try {
         once(kPlain, [&reference] {
             reference.reset();

@@ -22,6 +22,10 @@ class OutgoingCalls {
 
     /// The clock must outlive this.
     explicit OutgoingCalls(CallClock& clock) : clock_(clock) {}
+    /// Releases what still waits, if Outlook does that quickly by now; else it goes with the process.
+    ~OutgoingCalls();
+    OutgoingCalls(const OutgoingCalls&) = delete;
+    OutgoingCalls& operator=(const OutgoingCalls&) = delete;
 
     void reportTo(Report report) { report_ = std::move(report); }
 
@@ -29,7 +33,7 @@ class OutgoingCalls {
     /// for one that was not made: the deadline has passed, or has passed for another call just now.
     HRESULT carryOut(const wchar_t* member, unsigned manner, const std::function<HRESULT()>& call);
 
-    /// Releases the reference, or keeps it until Outlook answers again.
+    /// Releases the reference; after a call that has hung it is kept until Outlook answers again.
     void release(Com<IUnknown> reference) noexcept;
 
   private:
@@ -40,7 +44,7 @@ class OutgoingCalls {
     ULONGLONG end() const;
     bool isSpent() const { return clock_.now() >= end(); }
     void admit(const wchar_t* member);
-    void overrun(const wchar_t* member);
+    void overrun(const wchar_t* member, bool wasBusy);
     void answered();
     void pause(DWORD milliseconds);
 
@@ -50,6 +54,7 @@ class OutgoingCalls {
     LateReleases late_;
     bool silent_ = false;         ///< A deadline has passed, and nothing was answered in time since.
     ULONGLONG refusesUntil_ = 0;  ///< While it is silent nobody waits for it again until then.
+    bool hung_ = false;           ///< It was a call that did not come back in time.
     bool pausing_ = false;
 };
 

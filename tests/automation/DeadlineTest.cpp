@@ -230,8 +230,13 @@ TEST_F(DeadlineTest, TheClientsMessagesAreServedInAPauseButNotInAPauseWithin) {
 }
 
 TEST_F(DeadlineTest, AReferenceWaitsForItsReleaseUntilOutlookAnswers) {
-    Object given = object();
-    const Object other = object();
+    Object given = object(), other = object();
+    answer = [](ULONGLONG) { return kRejected; };
+    twelveReads(given);
+    given = {};
+    EXPECT_EQ(outlook.references, 2) << "a busy Outlook takes it back";
+    clock.time += 60000;
+    given = object();
     answer = [&](ULONGLONG) {
         clock.time += kLimit;
         return S_OK;
@@ -243,6 +248,23 @@ TEST_F(DeadlineTest, AReferenceWaitsForItsReleaseUntilOutlookAnswers) {
     answer = [](ULONGLONG) { return S_OK; };
     twelveReads(other);
     EXPECT_EQ(outlook.references, 2);
+    answer = [&](ULONGLONG) {
+        clock.time += kLimit;
+        return S_OK;
+    };
+    for (const auto& [passed, references] : {std::pair(60000ULL, 2L), {0ULL, 3L}}) {
+        Gateway own(clock);
+        Object last(own, Server::Outlook, outlook.reference(), 40);
+        {
+            const Deadline deadline(own, limit);
+            last.get(zelbar::outlook::Name);
+        }
+        last = {};
+        clock.time += passed;
+        own = Gateway(clock);
+        EXPECT_EQ(outlook.references, references) << "in the end, where it may answer by then";
+    }
+    outlook.references = 2;
 }
 
 }  // namespace

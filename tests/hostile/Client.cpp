@@ -377,7 +377,7 @@ void lead(Proof& proof, const std::string& scene, size_t stride, From from, bool
                                            World::createServer(standin::dao::kEngineProgId)};
         if (serversRefuse)
             for (auto* server : {&world.outlook.server(), &world.dao.server()})
-                server->faults().failAll({static_cast<HRESULT>(0x800706BA)});
+                server->faults().failAll({static_cast<HRESULT>(0x80010001)});
         std::optional<Client> client;
         const auto call = [&](std::vector<Com<IUnknown>> given, std::vector<Com<IUnknown>> more) {
             client.emplace(proof, std::move(given), std::move(more), world.directoryFile(),
