@@ -33,6 +33,7 @@ FillResult fillCache(Observer& observer, const numbers::Place& place, std::optio
         // Before Outlook, which takes minutes: a cache that cannot be written is told at once.
         CacheFile file(gateway, path);
         const AddressBook book = readAddressBook(gateway, choice, asked, observer);
+        observer.changesBegin();
         const CacheChange change = updateCache(file, book, numbers::PresentedForms(place), flag, observer);
         if (book.isComplete() && paths.IsPerUserPath()) removeOldPhotos(paths.DataPath(), book);
         if (flag.isOthers())

@@ -16,6 +16,8 @@ class Observer {
     virtual void progress(const wchar_t* what, long done, long total) = 0;
     /// Something that the user should know although the run goes on.
     virtual void note(const std::wstring& sentence) = 0;
+    /// The run has read all that it needs, and changes the cache from now on.
+    virtual void changesBegin() {}
     /// True once the run is to end as soon as it can.
     virtual bool cancelled() = 0;
     /// Lets time pass before something is tried again.

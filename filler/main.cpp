@@ -66,6 +66,7 @@ class ConsoleObserver final : public filler::Observer {
         endLine();
         errors_.write(sentence + L"\n");
     }
+    void changesBegin() override { interrupt_.changesBegin(); }
     bool cancelled() override { return interrupt_.requested(); }
 
     void endLine() {
