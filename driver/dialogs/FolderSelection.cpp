@@ -1,6 +1,9 @@
 #include "dialogs/FolderSelection.h"
 
+#include <optional>
 #include <utility>
+
+#include "automation/Attempts.h"
 
 namespace zelbar {
 
@@ -20,7 +23,11 @@ void FolderSelection::load() {
     complete_ = found.complete;
 
     const auto list = folders();
-    if (const auto stored = settings_.selection()) {
+    std::optional<StoredSelection> stored;
+    // A choice that cannot be read is not one that was never made.
+    Attempts attempt([this](const Fault& fault) { log_.fault(L"Error (frmOutSelFolder): ", fault); });
+    if (!attempt.into(stored, [this] { return settings_.selection(); })) complete_ = false;
+    if (stored) {
         const SelectionMatch match = applySelection(*stored, list);
         reinitialize_ = stored->reinitialize;
         log_.trace(L"Nb folders in registry = ", match.stored, L" nb folders selected found = ", match.found);

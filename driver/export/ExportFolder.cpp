@@ -68,8 +68,8 @@ void rememberNew(const Object& folder) {
 LookUp GetExportFolder(FLog& log, OutlookConnection& outlook) {
     log.trace(L"IN GetExportFolder");
     // One of the ways in which settings are written makes a blank of an empty text.
-    const std::wstring entryId(trimmed(getSetting(settings::kExportEntryId)));
-    const std::wstring storeId(trimmed(getSetting(settings::kExportStoreId)));
+    const std::wstring entryId(trimmed(storedSetting(settings::kExportEntryId)));
+    const std::wstring storeId(trimmed(storedSetting(settings::kExportStoreId)));
     log.trace(L"EntryId ", entryId);
     log.trace(L"StoreId ", storeId);
     LookUp answer;

@@ -2,7 +2,9 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
+#include "automation/Fault.h"
 #include "support/Text.h"
 
 namespace zelbar {
@@ -20,10 +22,11 @@ bool isText(DWORD type) {
 
 }  // namespace
 
-RegistryKey RegistryKey::open(HKEY root, const std::wstring& path, REGSAM access) noexcept {
+RegistryKey RegistryKey::open(HKEY root, const std::wstring& path, REGSAM access, LSTATUS* status) noexcept {
     RegistryKey key;
-    if (RegOpenKeyExW(root, path.c_str(), 0, access, key.key_.put()) != ERROR_SUCCESS) return {};
-    return key;
+    const LSTATUS opened = RegOpenKeyExW(root, path.c_str(), 0, access, key.key_.put());
+    if (status) *status = opened;
+    return opened == ERROR_SUCCESS ? std::move(key) : RegistryKey();
 }
 
 RegistryKey RegistryKey::create(HKEY root, const std::wstring& path, REGSAM access) noexcept {
@@ -37,17 +40,18 @@ RegistryKey RegistryKey::create(HKEY root, const std::wstring& path, REGSAM acce
     return key;
 }
 
-std::optional<std::wstring> RegistryKey::characters(const std::wstring& name) const {
+std::optional<std::wstring> RegistryKey::characters(const std::wstring& name, LSTATUS* status) const {
     DWORD type = REG_NONE;
     DWORD size = 0;
-    if (RegQueryValueExW(key_.get(), name.c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS) {
-        return std::nullopt;
-    }
-    std::string bytes(size, '\0');
-    if (RegQueryValueExW(key_.get(), name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(bytes.data()),
-                         &size) != ERROR_SUCCESS) {
-        return std::nullopt;
-    }
+    std::string bytes;
+    const auto query = [&](BYTE* into) {
+        const LSTATUS result = RegQueryValueExW(key_.get(), name.c_str(), nullptr, &type, into, &size);
+        if (status) *status = result;
+        return result == ERROR_SUCCESS;
+    };
+    if (!query(nullptr)) return std::nullopt;
+    bytes.resize(size);
+    if (!query(reinterpret_cast<BYTE*>(bytes.data()))) return std::nullopt;
     bytes.resize(size);
     if (!isText(type)) {
         std::wstring text;
@@ -86,6 +90,15 @@ std::wstring RegReadString(HKEY root, const std::wstring& path, const std::wstri
     if (type != REG_DWORD) return {};
     const std::string_view stored(reinterpret_cast<const char*>(buffer.data()), size);
     return decodedDword(stored.substr(0, stored.find('\0')));
+}
+
+std::wstring RegReadStored(HKEY root, const std::wstring& path, const std::wstring& name) {
+    LSTATUS status = ERROR_SUCCESS;
+    const RegistryKey key = RegistryKey::open(root, path, KEY_READ, &status);
+    const auto text = key ? key.characters(name, &status) : std::nullopt;
+    if (text) return std::wstring(untilNul(*text));
+    if (status != ERROR_FILE_NOT_FOUND) throw faultOf(HRESULT_FROM_WIN32(static_cast<DWORD>(status)), path);
+    return {};
 }
 
 bool RegWriteString(HKEY root, const std::wstring& path, const std::wstring& name,

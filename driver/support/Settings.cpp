@@ -53,6 +53,10 @@ std::wstring getSetting(const Setting& setting, std::size_t number) {
     return classOf(setting).GetSetting(setting.section, numbered(setting, number));
 }
 
+std::wstring storedSetting(const Setting& setting) {
+    return RegReadStored(rootOf(setting), keyOf(setting), setting.name);
+}
+
 bool saveSetting(const Setting& setting, const std::wstring& value) {
     return classOf(setting).SaveSetting(setting.section, setting.name, value);
 }
@@ -67,11 +71,14 @@ bool deleteSection(const Setting& setting) {
 
 std::vector<StoredFolder> storedFolders() {
     std::vector<StoredFolder> result;
+    const auto stored = [](const Setting& setting, std::size_t number) {
+        return RegReadStored(rootOf(setting), keyOf(setting), numbered(setting, number));
+    };
     for (std::size_t number = 1;; ++number) {
-        std::wstring entryId = getSetting(settings::kEntryId, number);
+        std::wstring entryId = stored(settings::kEntryId, number);
         if (entryId.empty()) return result;
-        result.push_back({std::move(entryId), getSetting(settings::kStoreId, number),
-                          getSetting(settings::kSelectId, number) != L"0"});
+        result.push_back({std::move(entryId), stored(settings::kStoreId, number),
+                          stored(settings::kSelectId, number) != L"0"});
     }
 }
 

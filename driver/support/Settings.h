@@ -21,6 +21,9 @@ bool writeSetting(const Setting& setting, const std::wstring& value);
 /// from 1.
 std::wstring getSetting(const Setting& setting, const std::wstring& fallback = {});
 std::wstring getSetting(const Setting& setting, std::size_t number);
+/// The same of a setting whose loss would cost the user something: throws a Fault when the registry does not
+/// tell whether there is one.
+std::wstring storedSetting(const Setting& setting);
 /// Writes as `CRegSettings` does: an empty text deletes the value. False when the registry refuses.
 bool saveSetting(const Setting& setting, const std::wstring& value);
 bool saveSetting(const Setting& setting, std::size_t number, const std::wstring& value);
@@ -35,6 +38,7 @@ struct StoredFolder {
 };
 
 /// The stored choice of contacts folders in its order, up to the first number without an entry identifier.
+/// Throws a Fault when the registry does not tell.
 std::vector<StoredFolder> storedFolders();
 
 }  // namespace zelbar

@@ -59,6 +59,13 @@ constexpr Event kFaults[] = {
      .saysGone = true,
      .isShort = true},
     {.name = "rejected", .meets = atServers, .code = code(0x80010001)},
+    {.name = "rejected-once", .meets = atOutlookCalls, .code = code(0x80010001), .deadlines = true},
+    {.name = "rejected-all",
+     .meets = atOutlookCalls,
+     .code = code(0x8001010A),
+     .lasts = true,
+     .deadlines = true},
+    {.name = "late", .meets = atOutlookCalls, .milliseconds = 60'000, .deadlines = true},
     {.name = "unavailable", .meets = atServers, .code = code(0x800706BA)},
     {.name = "dead", .meets = atServers, .kills = true, .isShort = true},
     {.name = "fails", .meets = atServers, .code = E_FAIL},
@@ -174,6 +181,7 @@ std::optional<standin::Value> atServer(const Event& event, Kind kind, Client& cl
         event.meanwhile(client);
         return {};
     }
+    if (event.milliseconds > 0) return passTime(event.milliseconds), std::nullopt;
     if (event.kills) kill(kind);
     if (event.answer != VT_ILLEGAL) return answerOf(event.answer);
     throw event.kills ? Error::plain(code(0x800706BA)) : errorOf(event);

@@ -19,6 +19,9 @@ struct Event {
     bool lasts = false;
     /// The answer in the call's place.
     VARTYPE answer = VT_ILLEGAL;
+    /// The call takes so long; with `deadlines` the driver waits for an end only as long as its settings say.
+    ULONGLONG milliseconds = 0;
+    bool deadlines = false;
     /// Outlook or DAO is gone, and does not come back during the scenario.
     bool kills = false;
     /// What the client does.

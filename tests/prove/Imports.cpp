@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 #include <utility>
 
 #include "tests/prove/Memory.h"
@@ -24,6 +25,7 @@ struct {
     DWORD error = 0;
 } event;
 long resources = 0;
+long writes = 0;
 
 /// One call leaves; true when it is to fail.
 bool meets(Kind kind) {
@@ -76,6 +78,8 @@ struct Watched<kName, R __stdcall(A...), kKind, kHow, kOpens> {
     static R __stdcall call(A... arguments) {
         if (kKind != Kind::kCount && meets(kKind)) return failed<R, kHow>();
         const R result = real(arguments...);
+        constexpr std::string_view kOwnName(kName.text, sizeof(kName.text) - 1);
+        if constexpr (kOwnName.starts_with("RegSet") || kOwnName.starts_with("RegDelete")) ++writes;
         if (kOpens != 0 && succeeded<R, kHow>(result)) resources += kOpens;
         return result;
     }
@@ -111,8 +115,20 @@ BOOL __stdcall peekMessage(MSG* message, HWND window, UINT first, UINT last, UIN
     return PeekMessageW(message, window, first, last, how);
 }
 
-void __stdcall pauses(DWORD) {
+ULONGLONG passed = 0;
+
+void __stdcall pauses(DWORD milliseconds) {
     meets(Kind::Yield);
+    passTime(milliseconds);
+}
+
+DWORD __stdcall waits(DWORD, const HANDLE*, DWORD milliseconds, DWORD, DWORD) {
+    pauses(milliseconds);
+    return WAIT_TIMEOUT;
+}
+
+ULONGLONG __stdcall tellTime() {
+    return GetTickCount64() + passed;
 }
 
 BOOL __stdcall createProcess(const wchar_t*, wchar_t*, SECURITY_ATTRIBUTES*, SECURITY_ATTRIBUTES*, BOOL,
@@ -200,6 +216,8 @@ const Row kRows[] = {
     replaced("MessageBoxW", showBox),
     replaced("PeekMessageW", peekMessage),
     replaced("Sleep", pauses),
+    replaced("MsgWaitForMultipleObjectsEx", waits),
+    replaced("GetTickCount64", tellTime),
     replaced("abort", aborts),
     replaced("malloc", memory::allocate),
     replaced("calloc", memory::allocateZeroed),
@@ -239,6 +257,14 @@ void watchImports(HMODULE module) {
 
 void setImportEvent(std::function<void()> happens, bool fails, DWORD error) {
     event = {std::move(happens), fails, error};
+}
+
+long registryWrites() {
+    return writes;
+}
+
+void passTime(ULONGLONG milliseconds) {
+    passed += milliseconds;
 }
 
 long openResources() {

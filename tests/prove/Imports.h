@@ -15,7 +15,13 @@ void watchImports(HMODULE module);
 /// error (a number of Windows, or an HRESULT), or goes on as if nothing had been.
 void setImportEvent(std::function<void()> event, bool fails, DWORD error);
 
+/// The module's time goes on by so much; it does so by itself when the module pauses.
+void passTime(ULONGLONG milliseconds);
+
 /// What the module has opened and not closed: handles, keys, fonts and device contexts, hooks.
 long openResources();
+
+/// Another number whenever the module may have changed a setting.
+long registryWrites();
 
 }  // namespace prove

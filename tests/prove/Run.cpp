@@ -63,8 +63,9 @@ Rehearsed::Rehearsed(HMODULE module, const Scenario& scenario) : module_(module)
     for (int time = 0; time < 2; ++time) {
         stage.reset();
         if (*scenario.log) stage.set(kPopup, L"Developper", scenario.log);
-        before_ = stage.facts();
         Client client(module);
+        scenario.before(client);
+        before_ = stage.facts();
         play(client, kNone, Kind::Outlook, 0);
         departed_ = departures();
         answers_ = {client.answers.begin(), client.answers.end()};
@@ -79,12 +80,13 @@ Rehearsed::Rehearsed(HMODULE module, const Scenario& scenario) : module_(module)
 }
 
 void Rehearsed::play(Client& client, const Event& event, Kind kind, long call) {
-    scenario_.before(client);
     client.answers.clear();
     watch(event, kind, call, client);
     scenario_.act(client);
     departures().ignore();
     Stage::current().revive();
+    // An Outlook that did not answer in time is left alone for a while.
+    passTime(10'000);
 }
 
 /// What the module keeps for ever it may make at any time, but once.
@@ -106,8 +108,12 @@ Outcome Rehearsed::runOnce(const Event& event, Kind kind, long call) {
     Outcome outcome;
     stage.reset();
     if (*scenario_.log) stage.set(kPopup, L"Developper", scenario_.log);
+    if (event.deadlines)
+        for (const wchar_t* name : {L"OutlookTimeout", L"OutlookTimeoutUser"})
+            stage.set(kPopup, name, L"5000");
     {
         Client client(module_);
+        scenario_.before(client);
         play(client, event, kind, call);
         outcome.reached = departures().reached();
         outcome.escape = client.escaped;
@@ -160,7 +166,10 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
     const auto mayCome = kindsOf(without(twice_, before_));
     for (const std::string& each : without(now, before_))
         if (!mayCome.contains(kindOf(each)) && !event.meanwhile) fail("come: " + each);
-    if (again && scenario_.changes == Scenario::Changes::Settles && !event.meanwhile &&
+    using enum Scenario::Changes;
+    if (!again && scenario_.changes == Whole && !event.meanwhile && now != before_ && now != once_)
+        fail("half done: " + first(without(now, before_)) + " / " + first(without(before_, now)));
+    if (again && (scenario_.changes == Settles || scenario_.changes == Whole) && !event.meanwhile &&
         kind != Kind::OutlookItem && now != twice_)
         fail("not as it was to be: " + first(without(now, twice_)) + " / " + first(without(twice_, now)));
 }

@@ -300,6 +300,14 @@ void synchronize(Client& c) {
     runExport<&::DataConnector::SynchronizeExportFolder>(c, L"Staff");
 }
 
+// ---- The cache
+
+void fillCache(Client& c) {
+    const auto fill = reinterpret_cast<bool(__cdecl*)()>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"prove_fill.dll"), "fill")));
+    c.note("filled", fill() ? L"yes" : L"");
+}
+
 const Scenario kScenarios[] = {
     {"start-up", [](Client&) {}, startUp, Nothing, true},
     {"start-up-logged", [](Client&) {}, startUp, Nothing, true, L"2"},
@@ -332,10 +340,13 @@ const Scenario kScenarios[] = {
     {"launch", start, act<kLaunch, true>},
     {"launch-fails", start, act<kLaunch, true, true>},
     {"folders", start, chooseFolders},
-    {"folders-saved", start, saveFolders, Settles},
+    {"folders-saved", start, saveFolders, Whole},
     {"folder-made", start, makeFolder, Settles},
     {"export-begun", start, beginExport, Adds},
     {"export", start, synchronize, Settles},
+    {"fill", [](Client&) {}, fillCache, Whole},
+    {"fill-new", [](Client&) { DeleteFileW(Stage::current().file(L"connec00.mdb").c_str()); }, fillCache,
+     Whole},
 };
 
 }  // namespace

@@ -15,9 +15,9 @@ struct Scenario {
     void (*before)(Client& client);
     void (*act)(Client& client);
 
-    /// What it may change of the world. Nothing; what is added each time; or what is the same after one time
-    /// and after two.
-    enum class Changes { Nothing, Adds, Settles } changes = Changes::Nothing;
+    /// What it may change of the world. Nothing; what is added each time; what is the same after one time and
+    /// after two; or the same all at once or not at all.
+    enum class Changes { Nothing, Adds, Settles, Whole } changes = Changes::Nothing;
     /// It is done again by a client that begins anew: what has failed lasts as long as the driver object.
     bool anew = false;
     /// The trace, as the setting has it.

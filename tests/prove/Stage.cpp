@@ -9,6 +9,7 @@
 #include "standin/common/FaultScript.h"
 #include "support/Encoding.h"
 #include "tests/harness/Process.h"
+#include "tests/prove/Imports.h"
 
 namespace prove {
 
@@ -24,6 +25,13 @@ constexpr wchar_t kSelection[] = L"Software\\Norvane\\7316\\Popup\\zelbar00folde
 constexpr int kFriends = 26;
 
 Stage* onStage = nullptr;
+
+/// Another number whenever the file was written to.
+ULONGLONG writtenAt(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data);
+    return (ULONGLONG{data.ftLastWriteTime.dwHighDateTime} << 32) + data.ftLastWriteTime.dwLowDateTime;
+}
 
 std::string bytesOf(const std::wstring& path) {
     std::ifstream file(std::filesystem::path(path), std::ios::binary);
@@ -65,8 +73,6 @@ Stage::Stage() : outlook(folder().file(L"mailbox.db")) {
     fillMailbox();
     outlook.mailbox().database().run("BEGIN");
     makeDatabases();
-    makeSettings();
-    addSettings(settings_, HKEY_CURRENT_USER, L"Software\\Norvane");
     reset();
 }
 
@@ -81,6 +87,7 @@ std::wstring Stage::module(const wchar_t* name) {
 }
 
 void Stage::set(const wchar_t* key, const wchar_t* name, const std::wstring& value) {
+    settingsVersion_ = -1;
     registry_.set(HKEY_CURRENT_USER, key, name, value);
 }
 
@@ -168,6 +175,7 @@ void Stage::makeSettings() {
     const auto staff = *box.findFolder(box.defaultStore().root, L"Staff");
     set(L"Software\\Norvane\\7316\\VEXPhone", L"DataPath", data_);
     set(kPopup, L"NoEmailAddressAccess", L"0");
+    for (const wchar_t* name : {L"OutlookTimeout", L"OutlookTimeoutUser"}) set(kPopup, name, L"0");
     set(kSelection, L"entryId1", box.entryId(contacts));
     set(kSelection, L"storeId1", adaStore);
     set(kSelection, L"selectId1", L"-1");
@@ -187,13 +195,17 @@ void Stage::reset() {
     }
     for (Database& each : databases_) {
         if (each.bytes.empty()) each.bytes = bytesOf(each.path);
-        if (bytesOf(each.path) != each.bytes) write(each.path, each.bytes);
+        if (writtenAt(each.path) == each.written) continue;
+        write(each.path, each.bytes);
+        each.written = writtenAt(each.path);
     }
-    Facts now;
-    addSettings(now, HKEY_CURRENT_USER, L"Software\\Norvane");
-    if (now != settings_) {
+    if (rows_.empty()) addRows(rows_);
+    if (registryWrites() != settingsVersion_) {
         RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Norvane");
         makeSettings();
+        settings_.clear();
+        addSettings(settings_, HKEY_CURRENT_USER, L"Software\\Norvane");
+        settingsVersion_ = registryWrites();
     }
     Facts files;
     addFiles(files, data_);
@@ -210,35 +222,50 @@ Facts Stage::facts() {
         result = mailboxFacts_;
     else
         addMailbox(result);
-    addRows(result);
-    addSettings(result, HKEY_CURRENT_USER, L"Software\\Norvane");
+    if (writtenAt(databases_[0].path) == databases_[0].written)
+        result.insert(rows_.begin(), rows_.end());
+    else
+        addRows(result);
+    if (registryWrites() == settingsVersion_)
+        result.insert(settings_.begin(), settings_.end());
+    else
+        addSettings(result, HKEY_CURRENT_USER, L"Software\\Norvane");
     addFiles(result, data_);
     return result;
 }
 
 void Stage::addMailbox(Facts& facts) {
-    // What an export writes into its folder are copies; all else is somebody's own.
+    // What lies in the wastebasket has gone. What an export writes are copies, whichever item they stand in;
+    // all else is somebody's own.
+    const std::string there =
+        " item NOT IN (SELECT i.id FROM items i JOIN folders f ON f.id = i.folder AND "
+        "f.special = 3)";
     const std::string copied =
-        "item IN (SELECT id FROM items WHERE folder = (SELECT id FROM folders WHERE name = "
-        "'Staff') AND id IN (SELECT item FROM userProperties))";
+        "item IN (SELECT i.id FROM items i JOIN folders f ON f.id = i.folder AND f.name = "
+        "'Staff' JOIN userProperties p ON p.item = i.id)";
     const std::string kTables[] = {
         "SELECT 'folder|' || store || '|' || name FROM folders WHERE parent IS NOT NULL",
         "SELECT CASE WHEN " + copied +
-            " THEN 'copy|' ELSE 'item|' END || item || '|' || folder "
-            "FROM (SELECT id AS item, folder FROM items)",
+            " THEN 'copy|' ELSE 'item|' || item || '|' END || folder "
+            "FROM (SELECT id AS item, folder FROM items) WHERE" +
+            there,
         "SELECT CASE WHEN name <> 'JobTitle' AND " + copied +
-            " THEN 'copy|' ELSE 'field|' END "
-            "|| item || '|' || name || '|' || value FROM fields WHERE name NOT IN ('Start', 'End', 'Body')",
+            " THEN 'copy|' ELSE 'field|' || item || '|' END "
+            "|| name || '|' || value FROM fields WHERE name NOT IN ('Start', 'End', 'Body') AND" +
+            there,
         "SELECT CASE WHEN " + copied +
-            " THEN 'copy|' ELSE 'property|' END "
-            "|| item || '|' || name || '|' || type || '|' || value FROM userProperties",
-        "SELECT 'attachment|' || item || '|' || displayName || '|' || length(data) FROM attachments",
-        "SELECT 'recipient|' || item || '|' || name || '|' || type FROM recipients"};
+            " THEN 'copy|' ELSE 'property|' || item || '|' END "
+            "|| name || '|' || type || '|' || value FROM userProperties WHERE" +
+            there,
+        "SELECT 'attachment|' || item || '|' || displayName || '|' || length(data) FROM attachments WHERE" +
+            there,
+        "SELECT 'recipient|' || item || '|' || name || '|' || type FROM recipients WHERE" + there};
     for (const std::string& sql : kTables)
         for (Query rows(outlook.mailbox().database(), sql); rows.next();) facts.insert(text(rows.text(0)));
 }
 
 void Stage::addRows(Facts& facts) {
+    if (writtenAt(databases_[0].path) == 0) return;
     const Object cache = database(databases_[0].path, false);
     const Object rows = cache.object(dao_::OpenRecordset, L"Select * From TCache");
     for (; !rows.boolean(dao_::EOF_); rows.call(dao_::MoveNext)) {
@@ -259,8 +286,11 @@ void Stage::addSettings(Facts& facts, HKEY root, const std::wstring& path) {
     for (DWORD i = 0;; ++i) {
         DWORD length = 256, size = sizeof(bytes);
         if (RegEnumValueW(key, i, name, &length, nullptr, nullptr, bytes, &size) != ERROR_SUCCESS) break;
-        facts.insert("setting|" + text(path) + "|" + text(name) + "|" +
-                     text({reinterpret_cast<wchar_t*>(bytes), size / sizeof(wchar_t)}));
+        const std::string line =
+            text(name) + "|" + text({reinterpret_cast<wchar_t*>(bytes), size / sizeof(wchar_t)});
+        // The first are a run's own; the last means what its absence means.
+        if (line.starts_with("OutlookTimeout") || line == "SynchroInProgress|0") continue;
+        facts.insert("setting|" + text(path) + "|" + line);
     }
     for (DWORD i = 0;; ++i) {
         DWORD length = 256;

@@ -52,6 +52,7 @@ class Stage {
     struct Database {
         std::wstring path;
         std::string bytes;
+        ULONGLONG written = 0;
     };
     void fillMailbox();
     void makeDatabases();
@@ -66,7 +67,8 @@ class Stage {
     std::wstring data_ = folder().makeFolder(L"data");
     std::vector<Database> databases_;
     long mailboxVersion_ = -1;
-    Facts mailboxFacts_, settings_;
+    long settingsVersion_ = -1;
+    Facts mailboxFacts_, settings_, rows_;
     std::wstring goneId_;
 };
 
