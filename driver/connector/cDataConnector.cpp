@@ -19,7 +19,7 @@ constexpr long kOutlookPim = 0x1000;
 
 /// The default store, then the stores of the table; `storeTried` tells the last one. None when no store has
 /// it.
-Object itemInAnyStore(OutlookConnection& connection, const StoreTable& stores, FLog& log,
+Object itemInAnyStore(OutlookConnection& connection, StoreTable stores, FLog& log,
                       const std::wstring& entryId, std::wstring& storeTried) {
     Attempts attempt;
     Object session, item;

@@ -1,10 +1,7 @@
 #include "tests/filler/Fixture.h"
-#include "tests/harness/Files.h"
 
 namespace {
 
-constexpr HRESULT kBusy = static_cast<HRESULT>(0x80010001);
-constexpr HRESULT kLocked = static_cast<HRESULT>(0x800A0C92);
 constexpr int kTooMany = 2000;
 
 class InterruptedRunTest : public FillerTest {
@@ -19,46 +16,8 @@ class InterruptedRunTest : public FillerTest {
         ASSERT_EQ(fill(), L"");
         setNumber(L"2");
     }
-    /// Runs the filler with the server's n-th call failing, for n = 1, 2, ... until it gets through all of
-    /// them; with `isNew` there is no cache before. How many of these runs failed.
-    int failEveryCall(standin::Server& server, const std::function<void(long)>& failCall,
-                      bool isNew = false) {
-        int failures = 0;
-        for (long n = 1;; ++n) {
-            SCOPED_TRACE("call " + std::to_string(n));
-            fillBefore();
-            if (isNew) DeleteFileW(path_.c_str());
-            server.calls().reset();
-            failCall(n);
-            const bool failed = !fill().empty();
-            server.faults().clear();
-            const bool isOver = HasFailure() || server.calls().invocations() < n;
-            EXPECT_EQ(flag(), L"0");
-            EXPECT_FALSE(harness::exists(newPath_));
-            if (isNew)
-                EXPECT_NE(harness::exists(path_), failed);
-            else
-                EXPECT_EQ(people(), Texts{failed ? L"Byron|1" : L"Byron|2"});
-            failures += failed;
-            passes_ += !failed && observer_.pauses > 0;
-            if (isOver) return failures;
-        }
-    }
-
-    int passes_ = 0;  ///< Runs that did not fail at once, but tried again.
     ItemRecord byron_ = addPerson(contacts(), L"Byron", L"1");
 };
-
-TEST_F(InterruptedRunTest, AFailureAnywhereLeavesThePreviousCacheOrNone) {
-    auto& dao = dao_.server();
-    const auto lock = [&](long n) { dao.faults().failCall(n, {kLocked, L"Currently locked."}); };
-    EXPECT_GT(failEveryCall(dao, lock), 20);
-    EXPECT_GT(failEveryCall(dao, lock, true), 20);
-    // Until the folder is open, Outlook is tried again.
-    EXPECT_GT(failEveryCall(outlook_, [&](long n) { outlook_.faults().failCall(n, {kBusy}); }), 20);
-    EXPECT_GT(failEveryCall(outlook_, [&](long n) { outlook_.faults().quitAtCall(n); }), 20);
-    EXPECT_GT(passes_, 8);
-}
 
 TEST_F(InterruptedRunTest, TheUserCanEndItAtAnyPoint) {
     fillBefore();
