@@ -44,6 +44,8 @@ void TreeControl::detach() {
 
 void TreeControl::attach(HWND tree, const FolderTree& folders) {
     tree_ = tree;
+    // All of them or none: the places of half a tree would be others than the folders'.
+    items_.reserve(folders.size());
     // The control accepts this style only once it exists.
     SetWindowLongW(tree_, GWL_STYLE, GetWindowLongW(tree_, GWL_STYLE) | TVS_CHECKBOXES);
     decorate();

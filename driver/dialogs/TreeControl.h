@@ -28,7 +28,7 @@ class TreeControl {
     /// The current folder's place in the tree.
     std::optional<size_t> current() const;
     bool isChecked(size_t position) const;
-    /// How many folders it shows: fewer than there are when the memory was not enough.
+    /// How many folders it shows: none when the memory was not enough for all.
     size_t count() const { return items_.size(); }
 
     /// Takes check marks away that the control has given to other folders than those of contacts.

@@ -55,23 +55,6 @@ TEST_F(CallContacts, AClientsOwnContactIsReadByName) {
     EXPECT_EQ(client.references, 1);
 }
 
-TEST_F(CallContacts, ANameThatOnlyTheLogNeedsFailsNoActionButABrokenContactDoes) {
-    eva[kFullName] = {};
-    eva[kContactId] = outlook.mailbox().entryId(anna);
-    run(*action(kOpen), known());
-    IDispatch* callers = &client;
-    for (const long id : {kOpen, kJournal, kClose}) runByName(id, reference(callers));
-    const auto mail = action(kMail, {{L"DestinationAddress", L"desk@example.com"}});
-    lateBound(mail).get({L"ExecuteAction"}, client.reference());
-    EXPECT_EQ(saved(SpecialFolder::Journal).size(), 1u);
-    EXPECT_EQ(saved(SpecialFolder::SentMail).size(), 1u);
-    EXPECT_TRUE(windows().empty());
-    eva[kData] = {};
-    for (const long id : {kMail, kJournal, kLaunch}) runByName(id, client.reference());
-    EXPECT_TRUE(traced("Error (ExecuteAction - ActionStoreInJournal): broken in "));
-    EXPECT_EQ(saved(SpecialFolder::Journal).size(), 1u);
-}
-
 TEST_F(CallContacts, CallersAreWrittenBackAndAValueStaysItsOwners) {
     for (const auto& [id, notInPim] : {std::pair{kJournal, true}, std::pair{kMail, false}}) {
         IDispatch* late = nullptr;

@@ -178,14 +178,6 @@ TEST_F(LaunchedTools, WhatIsStartedIsNamedByTheUserAlone) {
     }
 }
 
-TEST_F(LaunchedTools, TheReasonOfAFailedStartNamesTheFile) {
-    run(*launch(tools, L"damaged.exe"), unknown());
-    const auto told = failures();
-    const std::wstring file = tools + L"\\damaged.exe";
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_LT(told[0].find(file), told[0].rfind(file)) << "in the reason and in the command line";
-}
-
 }  // namespace
 
 }  // namespace zelbar

@@ -43,18 +43,6 @@ TEST_F(Model, EveryKindHasItsDefaultSettings) {
     }
 }
 
-TEST_F(Model, SettingsAreFoundByKeyAndByPosition) {
-    Com<::ActionProperties> settings;
-    action(kMail)->get_ActionProp(settings.put());
-    const std::pair<Variant, const wchar_t*> cases[] = {
-        {L"automaticsend", L"AutomaticSend"}, {1, L"DestinationAddress"}, {L"", L""}, {0, L""}, {3, L""},
-    };
-    for (const auto& [index, key] : cases) {
-        const Object found = lateBound(settings).object({L"Item"}, index);
-        EXPECT_EQ(found ? found.text({L"Key"}) : L"", key);
-    }
-}
-
 TEST_F(Model, OnlyAListHasAChosenEntry) {
     const auto open = action(kOpen);
     const auto list = settingOf(*open, L"NewOnInexistant");
@@ -74,18 +62,6 @@ TEST_F(Model, OnlyAListHasAChosenEntry) {
         EXPECT_EQ(valueOf(*open, L"NewOnInexistant"), c.value);
         EXPECT_EQ(lateBound(open).boolean({L"PassiveAction"}), c.passive);
     }
-}
-
-TEST_F(Model, AValueIsTakenAsItComesUnlessAnArrayOfTextsIsHeld) {
-    const auto open = action(kOpen, {{L"NewOnInexistant", L"own words"}});
-    const auto list = settingOf(*open, L"NewOnInexistant");
-    EXPECT_EQ(valueOf(*open, L"NewOnInexistant"), L"own words");
-    EXPECT_EQ(lateBound(list).integer({L"ValueIndex"}), 0);
-    for (const Variant& value : {Variant(7), Variant(), Variant::ofTexts({L"a", L"b"}), Variant(L"too late")})
-        EXPECT_EQ(list->put_Value(value.raw()), S_OK);
-    EXPECT_EQ(lateBound(list).get({L"Value"}).texts(), (std::vector<std::wstring>{L"a", L"b"}));
-    EXPECT_EQ(list->put_ValueIndex(1), S_OK);
-    EXPECT_EQ(valueOf(*open, L"NewOnInexistant"), L"Create a contact for an unknown caller");
 }
 
 TEST_F(Model, ACopyKeepsTheValuesAndGoesItsOwnWay) {

@@ -102,20 +102,6 @@ TEST_F(WrittenCall, AStoreThatIsCalledOutlookIsLeftOutOfTheLink) {
               L"Call with Anna Berg \n\rContact:  <Outlook://Customers/North/~Anna Berg> ");
 }
 
-TEST_F(WrittenCall, DataThatIsNoTextSaysNothingAndBadTextFails) {
-    const auto contact = unknown();
-    for (const Variant& data : {Variant(), Variant(42)}) {
-        contact->Contact_PersonalData(data);
-        run(*action(kJournal), contact);
-        EXPECT_EQ(saved(SpecialFolder::Journal).back().field(L"Subject"), L"Call with 0123");
-    }
-    run(*action(kJournal), unknown(std::wstring(32768, L'x')));
-    run(*action(kJournal), unknown(L"DURATION=1;START=yesterday;"));
-    EXPECT_EQ(saved(SpecialFolder::Journal).size(), 2u) << "a failure leaves nothing";
-    for (const char* reason : {"Overflow", "Type mismatch"})
-        EXPECT_TRUE(traced(std::string("Error (ExecuteAction - ActionStoreInJournal): ") + reason));
-}
-
 }  // namespace
 
 }  // namespace zelbar

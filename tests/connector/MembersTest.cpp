@@ -50,15 +50,6 @@ TEST_F(Members, GiveAContactByItsIdentifier) {
     EXPECT_FALSE(late().object(itemById, mailbox.entryId(distant)));
 }
 
-TEST_F(Members, CloseThePimAndGoOn) {
-    writeCache({addListed(L"Ada", L"Byron", L"1")});
-    findFirst(*openCursor().get(), 0, L"1");
-    EXPECT_GT(outlook.server().liveObjects(), 0);
-    EXPECT_EQ(connector().ClosePIM(), S_OK);
-    EXPECT_EQ(outlook.server().liveObjects(), 0);
-    EXPECT_FALSE(notInPim(findFirst(*openCursor().get(), 0, L"1").get()));
-}
-
 TEST_F(Members, KnowWhetherAFolderIsConfigured) {
     auto& mailbox = outlook.mailbox();
     const auto contacts = mailbox.specialFolder(standin::outlook::SpecialFolder::Contacts);

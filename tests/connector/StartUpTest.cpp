@@ -1,5 +1,4 @@
 #include "automation/Bstr.h"
-#include "automation/DaoNames.h"
 #include "core/DriverState.h"
 #include "tests/fixture/DriverTest.h"
 
@@ -15,16 +14,6 @@ class StartUp : public DriverTest {
         sleeps = 0;
         driver().sleep = [](DWORD milliseconds) { sleeps += milliseconds == 200 ? 1 : 1000; };
     }
-    /// Whatever the cache is like, the driver starts and an unknown number is an unknown caller.
-    void expectReadyWithoutCache(const char* reason) {
-        connector();
-        EXPECT_TRUE(traced(reason)) << reason;
-        EXPECT_TRUE(traced("Error(ReadPst): "));
-        EXPECT_TRUE(traced("* fin Driver initialization *"));
-        const auto cursor = openCursor();
-        EXPECT_TRUE(notInPim(findFirst(*cursor.get(), 0, L"1").get()));
-    }
-    std::wstring cacheFile() const { return folder.file(L"connec00.mdb"); }
 };
 
 TEST_F(StartUp, IsLoggedStepByStepAndLeavesOutlookAlone) {
@@ -61,40 +50,6 @@ TEST_F(StartUp, WaitsForTheAddInAtMostTwoHundredSteps) {
         finish();
         EXPECT_EQ(sleeps, c.sleeps) << c.value;
     }
-}
-
-TEST_F(StartUp, WithoutOutlookGoesOn) {
-    writeCache({});
-    outlook.server().faults().failCreation(REGDB_E_CLASSNOTREG);
-    connector();
-    EXPECT_TRUE(traced("Error(Class_Initialize - DataConnector): ActiveX component can't create object in "));
-    EXPECT_TRUE(traced("Init: Going on execution..."));
-    VARIANT_BOOL installed = VARIANT_FALSE;
-    connector().get_PIMInstalled(&installed);
-    EXPECT_EQ(installed, VARIANT_TRUE);
-    EXPECT_TRUE(traced("  i=1"));
-    outlook.server().faults().clear();
-}
-
-TEST_F(StartUp, GoesOnWhateverTheCacheIsLike) {
-    expectReadyWithoutCache("File does not exist !!! (First launch ?)");
-    EXPECT_TRUE(driver().firstLaunch);
-    finish();
-    harness::writeFile(cacheFile(), std::string(5000, 'x'));
-    expectReadyWithoutCache("Unrecognized database format");
-    finish();
-    DeleteFileW(cacheFile().c_str());
-    {
-        Gateway gateway;
-        gateway.create(Server::Dao, dao::kEngineProgIds[0], dao::kEngine)
-            .object(dao::CreateDatabase, cacheFile(), L";LANGID=0x0409;CP=1252;COUNTRY=0")
-            .call(dao::Close);
-    }
-    expectReadyWithoutCache("cannot find the input table or query 'TStoreID'");
-    finish();
-    dao.server().faults().failCreation(REGDB_E_CLASSNOTREG);
-    expectReadyWithoutCache("Error(Class_Initialize - DataConnector): Object variable or With block");
-    dao.server().faults().clear();
 }
 
 TEST_F(StartUp, TheNextDriverObjectSpeaksTheLanguageThatIsSetThen) {

@@ -68,10 +68,6 @@ TEST_F(Connection, TheNameSpaceComesFromAFreshConnectionInThreeTries) {
         EXPECT_TRUE(traced(errors[failures - 1]));
         EXPECT_EQ(fault.source.ends_with(L".GetNameSpace()"), failures == 3);
     }
-    faults().failCreation(REGDB_E_CLASSNOTREG);
-    EXPECT_EQ(faultFrom([] { driver().outlook.GetNameSpace(); }).number, kConnectionLost);
-    EXPECT_TRUE(traced("    GetNameSpace: ERR2 91 ")) << "the second try has no application to ask";
-    EXPECT_EQ(boxes, L"");
 }
 
 TEST_F(Connection, AnItemIsLookedForInItsStoreThenInAllOthers) {

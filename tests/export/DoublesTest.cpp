@@ -48,21 +48,6 @@ TEST_F(Doubles, TheOneThatAUserHasWorkedOnStays) {
     }
 }
 
-TEST_F(Doubles, NoneGoesWhenInDoubt) {
-    make({});
-    for (const wchar_t* member :
-         {L"UserProperty.Value", L"ContactItem.Department", L"ContactItem.JobTitle"}) {
-        faults().failMember(member, {static_cast<HRESULT>(0x80010100), {}}, 1);
-        EXPECT_FALSE(synchronize());
-        EXPECT_EQ(left().size(), 3u);
-    }
-    for (const wchar_t* guard : {L"deny", L""}) {
-        outlook.server().setOption(L"Guard", guard);
-        EXPECT_TRUE(synchronize());
-        EXPECT_EQ(left().size(), *guard ? 3u : 1u) << "a note cannot be read";
-    }
-}
-
 }  // namespace
 
 }  // namespace zelbar

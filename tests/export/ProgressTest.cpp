@@ -40,27 +40,6 @@ TEST_F(ExportTest, TheClientIsToldHowFarARunIs) {
     EXPECT_EQ(contacts().size(), 60u);
 }
 
-// What a client may do while its messages are served, which happens with every row.
-TEST_F(ExportTest, ARunOutlastsWhatItsClientDoesMeanwhile) {
-    fill(3);
-    Listener listener;
-    MSG message;
-    listener.during = [&] {
-        EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE)) << "not served";
-        PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
-        EXPECT_FALSE(initialize() || synchronize());
-        connector().ClosePIM();
-        return S_OK;
-    };
-    EXPECT_TRUE(initialize(L"Staff", &listener.object));
-    EXPECT_TRUE(traced("Error (InitializeExportFolder): The export folder is being worked on. in "));
-    listener.during = [this] { return finish(), S_OK; };
-    EXPECT_TRUE(synchronize(L"", &listener.object)) << "the refusal does not last";
-    EXPECT_TRUE(synchronize()) << "the last shut-down has closed the directory";
-    EXPECT_EQ(employeeIds(), (Ids{1, 2, 3}));
-    PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE);
-}
-
 }  // namespace
 
 }  // namespace zelbar

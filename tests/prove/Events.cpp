@@ -86,7 +86,7 @@ constexpr Event kFaults[] = {
 // ---- What a client does while it waits
 
 constexpr Event kCalls[] = {
-    {.name = "search", .meets = atWaits, .meanwhile = [](Client& c) { c.first(L"61"); }},
+    {.name = "search", .meets = atWaits, .meanwhile = [](Client& c) { c.first(L"61"); }, .isShort = true},
     {.name = "search-on-another",
      .meets = atWaits,
      .meanwhile =
@@ -107,7 +107,7 @@ constexpr Event kCalls[] = {
              c.actions.reset();
          }},
     {.name = "release-driver", .meets = atWaits, .meanwhile = [](Client& c) { c.driver.reset(); }},
-    {.name = "release-all", .meets = atWaits, .meanwhile = [](Client& c) { c.release(); }},
+    {.name = "release-all", .meets = atWaits, .meanwhile = [](Client& c) { c.release(); }, .isShort = true},
     {.name = "second-driver",
      .meets = atWaits,
      .meanwhile =

@@ -1,4 +1,4 @@
-// usage: prove sweep|reentrance [--short] [--slice K/N] [--from NUMBER]
+// usage: prove sweep|reentrance [--short] [--only SCENARIO] [--slice K/N] [--from NUMBER]
 //        prove run SCENARIO KIND CALL EVENT
 //        prove list
 // Runs every scenario with every event at every call that leaves the driver, or those that fall into a slice,
@@ -12,8 +12,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <map>
 #include <stdexcept>
+#include <vector>
 
 #include "automation/Fault.h"
 #include "tests/prove/Imports.h"
@@ -29,6 +29,7 @@ struct Order {
     std::span<const Event> events;
     bool isShort = false;
     long slice = 0, slices = 1, from = 0;
+    std::string only = {};
 };
 
 /// Counts of one scenario.
@@ -52,17 +53,24 @@ std::string nameOf(const Scenario& scenario, Kind kind, long call, const Event& 
            event.name;
 }
 
-/// The short form has each call fail in one of two ways, by turns, and only samples the many allocations.
+/// The short form has each call meet one event, by turns; it only samples the many allocations, and calls in
+/// only while Outlook is asked.
 bool isWanted(const Order& order, Kind kind, long call, const Event& event) {
     if (!order.isShort) return true;
-    if (!event.isShort || (kind == Kind::Memory && call % 29 != 1)) return false;
-    const bool hasTwo = kind == Kind::Outlook || kind == Kind::Dao;
-    return !hasTwo || event.kills == (call % 2 == 0);
+    if (kind == Kind::Memory && call % 29 != 1) return false;
+    if (event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
+    std::vector<const Event*> wanted;
+    for (const Event& each : order.events)
+        if (each.isShort && each.meets(kind)) wanted.push_back(&each);
+    return !wanted.empty() && wanted[static_cast<std::size_t>(call) % wanted.size()] == &event;
 }
 
 void sweep(HMODULE module, const Order& order) {
     long number = 0;
     for (const Scenario& scenario : scenarios()) {
+        // A program without a client is not called while it waits.
+        if (order.events.front().meanwhile && !scenario.hasClient) continue;
+        if (!order.only.empty() && order.only != scenario.name) continue;
         begins(number, "");
         Rehearsed rehearsed(module, scenario);
         Sums sums;
@@ -136,6 +144,7 @@ int prove_(int count, char** words) {
     for (int i = 2; i < count; ++i) {
         const std::string word = words[i];
         if (word == "--short") order.isShort = true;
+        if (word == "--only") order.only = words[++i];
         if (word == "--from") order.from = std::atol(words[++i]);
         if (word == "--slice" && std::sscanf(words[++i], "%ld/%ld", &order.slice, &order.slices) != 2)
             throw std::runtime_error("a slice is K/N");

@@ -61,8 +61,11 @@ void begins(long number, const std::string& name) {
 }
 
 void ends(const char* why) noexcept {
-    std::printf("! %s: %s\n", current.c_str(), why);
-    std::fflush(stdout);
+    // Not by the C library, which may be in the middle of something.
+    static char line[600];
+    const int length = std::snprintf(line, sizeof(line), "\n! %s: %s\n", current.c_str(), why);
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), line, static_cast<DWORD>(length), &written, nullptr);
     TerminateProcess(GetCurrentProcess(), kEndedByARun);
     while (true) Sleep(INFINITE);
 }

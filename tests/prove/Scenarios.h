@@ -24,6 +24,7 @@ struct Scenario {
     const wchar_t* log = L"";
     /// What it may be answered as well when something fails: the next best.
     std::set<std::string> also = {};
+    bool hasClient = true;
 };
 
 std::span<const Scenario> scenarios();

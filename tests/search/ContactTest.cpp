@@ -89,23 +89,6 @@ TEST_F(ContactMembers, ThePictureBecomesAFile) {
     EXPECT_TRUE(traced("Error (SetPhotoUrl): Disk full. in Microsoft Outlook"));
 }
 
-TEST_F(ContactMembers, KeepWhatTheClientStoresAndAreEqualWhenTheirItemIs) {
-    const auto item = addContact({{L"LastName", L"Byron"}, {L"BusinessTelephoneNumber", L"1"}});
-    const Object contact = contactOf(item);
-    for (const wchar_t* name :
-         {L"MainEmail", L"MainPhoneNumber", L"MainHomeNumber", L"FullName", L"PhotoURL"}) {
-        contact.put(Member{name}, L"kept");
-        EXPECT_EQ(contact.text(Member{name}), L"kept");
-    }
-    contact.put(Member{L"PersonalData"}, Variant(42L));
-    EXPECT_EQ(contact.get(Member{L"PersonalData"}).type(), VT_I4);
-    constexpr Member kIsEqual{L"IsEqual"};
-    EXPECT_TRUE(contact.boolean(kIsEqual, contactOf(item).target()));
-    EXPECT_FALSE(contact.boolean(kIsEqual, Com<IDispatch>()));
-    first(0, L"nobody");
-    EXPECT_FALSE(contact.boolean(kIsEqual, Com<IDispatch>(found)));
-}
-
 TEST_F(ContactMembers, LinkedContactsTakeLabelsAndAddressFromTheDirectory) {
     const Object directory =
         Gateway()

@@ -106,14 +106,6 @@ TEST_F(Cursor, RowsWithoutANameBringNoContactASecondTime) {
     EXPECT_EQ(state(), "E2") << "no search by name sees them";
 }
 
-TEST_F(Cursor, MoreHitsThanClientsCanCountAreFoundAllTheSame) {
-    open(std::vector<TestRow>(32768, addListed(L"Ada", L"Byron", L"1")));
-    EXPECT_EQ(fullName(first(0, L"1")), L"Byron, Ada");
-    EXPECT_EQ(state(), "0");
-    EXPECT_TRUE(traced("Error (RecordCount): Overflow"));
-    execute(L"Delete From TCache Where Name Like \"*\"");
-}
-
 TEST_F(Cursor, CollectsAtMostTwentyFiveContactsThatCanBeDialled) {
     std::vector<TestRow> rows;
     for (int i = 10; i < 40; ++i)
