@@ -36,6 +36,10 @@ TEST_F(CallTest, AKnownCaller) {
     EXPECT_EQ(contact, out);
     EXPECT_EQ(ExitCode::Found, run({L"show", id, L"--verbose"}));
     EXPECT_TRUE(out.starts_with(contact + L"  Contact id    " + id + L"\n  Store id      "));
+    EXPECT_EQ(ExitCode::Found, run({L"show", id, L"--json"}));
+    EXPECT_NE(std::wstring::npos,
+              out.find(LR"("numbers":[{"label":"Business","number":"+46 1"},{"label":"Mobile",)"));
+    EXPECT_NE(std::wstring::npos, out.find(LR"("mainEmail":"zoe@example.org","emails":[{"label":"E-mail",)"));
 }
 
 TEST_F(CallTest, AnUnknownCaller) {
@@ -66,27 +70,8 @@ TEST_F(CallTest, FindsOneOrAll) {
     EXPECT_EQ(baker + L"\n" + carr + L"\n2 contacts\n", out);
     EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--number", L"3", L"--all"}));
     EXPECT_EQ(L"No contact matches.\n", out);
-
-    EXPECT_EQ(ExitCode::Found, run({L"find", L"--number=2*", L"--json"}));
-    const std::wstring first = out.substr(0, out.size() - 1);
     EXPECT_EQ(ExitCode::Found, run({L"find", L"--number=2*", L"--json", L"--all"}));
-    EXPECT_TRUE(out.starts_with(L"[" + first + L",{\"inPim\":true,\"fullName\":\"Carr, Cy\","));
-    EXPECT_TRUE(out.ends_with(L"}]\n"));
-}
-
-TEST_F(CallTest, SaysWhenNumbersAreNotPresentedAsTheSettingsSay) {
-    writeCache({});
-    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"Country", L"DE");
-    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"AreaCode", L"89");
-    const std::wstring remark =
-        L"This number looks as if the telephone system presented international numbers without prefix "
-        L"(NumbersWithoutPrefix: international); the settings say otherwise.\n";
-    EXPECT_EQ(ExitCode::NotFound, run({L"find", L"--number", L"431234567"}, remark));
-    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"431234567"}, remark));
-    EXPECT_EQ(ExitCode::NotFound, run({L"call", L"--from", L"+431234567"}));
-    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"AreaCode", L"089");
-    run({L"find", L"--number", L"431234567"},
-        L"The settings for numbers are wrong: Give the area code without the 0 before it: 89, not 089.\n");
+    EXPECT_TRUE(out.starts_with(L"[{\"inPim\":true,\"fullName\":\"Baker, Bo\",") && out.ends_with(L"}]\n"));
 }
 
 TEST_F(CallTest, ListsWhatStandsBehindAStaleEntry) {

@@ -81,13 +81,10 @@ TEST(Nearness, SaysWhyARowDoesNotMatch) {
         {true, L"0313900601", L"+46 31 390 06 01", L"the same last 9 digits (313900601)"},
         {true, L"+46313900601", L"0046 (31) 3900601", L"the same last 11 digits"},
         {true, L"390060", L"390060-12", L"\"390060*\" would"},
-        {true, L"390060*", L"3900-60", L"the same digits"},
         {true, L"900601", L"900602", nullptr},
-        {true, L"x", L"1", nullptr},
         {true, L"12", L"912", nullptr},
         {false, L"lind", L"Lind Zo\u00EB", L"\"lind*\" would"},
         {false, L"ZO\u00CB", L"Lind Zo\u00EB", L"\"*ZO\u00CB*\" would"},
-        {false, L"Zo\u00EB, Lind", L"Lind Zo\u00EB", L"another order"},
         {false, L"Ann Lind", L"Lind Ann Maria", L"among others"},
         {false, L"Bo", L"", nullptr},
     };

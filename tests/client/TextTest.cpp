@@ -2,22 +2,21 @@
 
 #include <array>
 
+#include "client/ContactCard.h"
 #include "client/ContactText.h"
-#include "tests/client/SampleContact.h"
+#include "client/Json.h"
 
 namespace pimcall {
 namespace {
 
-TEST(ContactText, ShowsWhatIsThereAndNothingElse) {
-    // What a contact of Outlook's has not: an employee's number, a picture.
-    const std::wstring shown = contactText(sampleContact(), true);
-    EXPECT_NE(std::wstring::npos,
-              shown.find(L"\n                lee@example.org\n  Photo         C:\\data\\"));
-    EXPECT_TRUE(shown.ends_with(L"\n  Employee id   7\n")) << shown.c_str();
-    ContactCard unknown;
-    unknown.mainNumber = L"0123";
-    EXPECT_EQ(L"0123\n  Telephone     0123\n  In Outlook    no\n", contactText(unknown, true));
-    EXPECT_EQ(L"(no name)\n  In Outlook    no\n", contactText({}, false));
+TEST(Json, EscapesWhatStrictReadersRefuse) {
+    const std::pair<std::wstring, std::wstring> cases[] = {
+        {L"a \"b\" c:\\d", L"\"a \\\"b\\\" c:\\\\d\""},
+        {std::wstring(L"\0\t\r\n", 4), L"\"\\u0000\\t\\u000d\\n\""},
+        {L"\x7F\x2028\x202E", L"\"\\u007f\\u2028\\u202e\""},
+        {L"\xD83D\xD83D\xDE00x", L"\"\uFFFD\U0001F600x\""},
+    };
+    for (const auto& [text, expected] : cases) EXPECT_EQ(expected, json::quoted(text));
 }
 
 TEST(ContactText, LetsNoNameSteerTheScreen) {

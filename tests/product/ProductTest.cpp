@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <string>
-#include <thread>
 
 #include "automation/Bstr.h"
 #include "automation/Com.h"
@@ -108,12 +107,6 @@ class Product : public testing::Test {
         EXPECT_EQ(ended.exitCode, 0u);
         EXPECT_EQ(ended.out, content) << ended.error;
     }
-    static std::string pimcall(const std::wstring& words, DWORD status) {
-        const auto ended = harness::run(own(L"pimcall.exe") + L" " + words);
-        EXPECT_EQ(ended.exitCode, status) << ended.out << ended.error;
-        return ended.out + ended.error;
-    }
-
     static harness::TemporaryFolder* folder_;
 };
 
@@ -137,16 +130,6 @@ TEST_F(Product, AnswersAnEarlyBoundClientAlsoAfterOutlookWasClosedBetweenTwoCall
     }
 }
 
-TEST_F(Product, AnswersAClientOfAMultiThreadedApartment) {
-    std::wstring name;
-    std::thread([&] {
-        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-        name = caller(*openCursor(*newDriver()), L"+44 20 7000 0002");
-        CoUninitialize();
-    }).join();
-    EXPECT_EQ(name, L"Byrne, Alan");
-}
-
 /// A client of its own process that ends in the middle of its work; run by the test below.
 TEST(CarelessClient, DISABLED_EndsWithoutReleasingAnything) {
     DataConnector* driver = nullptr;
@@ -166,17 +149,9 @@ TEST_F(Product, SurvivesAClientThatEndsWithoutReleasingIt) {
     EXPECT_EQ(ended.exitCode, 42u) << ended.out << ended.error;
 }
 
-TEST_F(Product, TellsAPersonWhoCalls) {
-    const std::string known = pimcall(L"call --from \"+44 20 7000 0001\"", 0);
-    for (const char* part : {"Ada", "Byron", "+44 20 7000 0001", "+44 7700 1"})
-        EXPECT_NE(known.find(part), std::string::npos) << known;
-    EXPECT_NE(pimcall(L"call --from 0999", 1).find("0999"), std::string::npos);
-}
-
 TEST_F(Product, RunsTheActionsOfAScript) {
     expectGood(L"actions.vbs", "actions: ok\r\n");
     EXPECT_EQ(harness::awaitFile(folder_->file(L"INC.txt")), "+44 20 7000 0001,17,internal\r\n");
-    EXPECT_EQ(harness::awaitFile(folder_->file(L"OUT.txt")), "0777,;,;\r\n");
 }
 
 // Wine does not start a server again that was killed until the service that remembers it has gone; Windows
