@@ -5,11 +5,25 @@
 
 namespace zelbar {
 
-cfolder makeContactsFolder(OutlookConnection& outlook, FLog& log, const cfolder& parent,
+namespace {
+
+/// One that has no identifier is found by its name below the folder above it.
+Object openFolder(const Object& session, const FolderTree& tree, size_t folder) {
+    const cfolder known = tree[folder].folder;
+    if (!known.EntryId.empty() || tree[folder].depth == 0)
+        return session.object(outlook::GetFolderFromID, known.EntryId, known.StoreID);
+    return openFolder(session, tree, parentOf(tree, folder))
+        .object(outlook::Folders)
+        .object(outlook::FolderAt, known.DisplayName);
+}
+
+}  // namespace
+
+cfolder makeContactsFolder(OutlookConnection& outlook, FLog& log, const FolderTree& tree, size_t place,
                            const std::wstring& name) {
+    const cfolder parent = tree[place].folder;
     const auto deadline = outlook.timeForUser();
-    const Object made = outlook.GetNameSpace()
-                            .object(outlook::GetFolderFromID, parent.EntryId, parent.StoreID)
+    const Object made = openFolder(outlook.GetNameSpace(), tree, place)
                             .object(outlook::Folders)
                             .object(outlook::AddFolder, name, outlook::kDefaultContacts);
     Attempts attempt([&log](const Fault& fault) { log.fault(L"Error (frmOutListFolder): ", fault); });

@@ -91,10 +91,12 @@ void FolderSearch::visit(const Object& object, const std::wstring& parentPath) {
     }
     // A folder that does not tell who it is cannot be selected; those below it may.
     attempt_([&] {
-        folder.EntryId = object.text(outlook::EntryID);
         const bool holdsContacts = object.integer(outlook::DefaultItemType) == outlook::kContactItemType;
-        const bool asked = node.depth == 0 || !holdsContacts;
-        folder.StoreID = asked ? storeId_ : object.text(outlook::StoreID);
+        // Mailboxes have thousands of others. Who those are is found out when a folder is made below one.
+        if (holdsContacts || node.depth == 0) folder.EntryId = object.text(outlook::EntryID);
+        // A store's folders all name the same store.
+        const bool unknown = holdsContacts && storeId_.empty();
+        folder.StoreID = unknown ? object.text(outlook::StoreID) : storeId_;
         node.holdsContacts = holdsContacts;
     });
     std::wstring path = folder.FullName;

@@ -24,6 +24,14 @@ inline size_t endOfBranch(const FolderTree& tree, size_t folder) {
     return end;
 }
 
+/// The folder above one that is not a store's topmost.
+inline size_t parentOf(const FolderTree& tree, size_t folder) {
+    size_t parent = folder;
+    while (tree[--parent].depth >= tree[folder].depth) {
+    }
+    return parent;
+}
+
 /// The contacts folders among them, in the same order.
 inline std::vector<cfolder*> contactsFolders(FolderTree& tree) {
     std::vector<cfolder*> result;

@@ -165,7 +165,7 @@ void frmOutListFolder::create() {
     }
     const Asking asking(asking_);
     try {
-        made(*parent, makeContactsFolder(parts_.outlook, parts_.log, folders_[*parent].folder, name));
+        made(*parent, makeContactsFolder(parts_.outlook, parts_.log, folders_, *parent, name));
     } catch (...) {
         const Fault fault = caughtFault();
         parts_.log.fault(L"Error (frmOutListFolder): ", fault);

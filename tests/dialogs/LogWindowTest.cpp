@@ -1,6 +1,7 @@
 #include "dialogs/FLogWindow.h"
 
 #include "com/ModuleState.h"
+#include "dialogs/FTimer.h"
 #include "tests/dialogs/DialogTest.h"
 
 namespace zelbar {
@@ -69,7 +70,9 @@ TEST_F(LogWindowTest, KeepsTheNewestLinesInSightUnlessItsUserReadsOthers) {
 }
 
 TEST_F(LogWindowTest, ClosedItTakesNoMoreLinesAndLetsTheModuleGo) {
+    EXPECT_TRUE(timerForm().Interval() == 10 && !timerForm().Enabled()) << "it never runs by itself";
     finish();
+    EXPECT_FALSE(timerForm().isLoaded());
     EXPECT_EQ(moduleState().liveObjects, 1);
     SendMessageW(window, WM_CLOSE, 0, 0);
     serveMessages();

@@ -115,6 +115,17 @@ TEST_F(TreeWindow, MakesAContactsFolder) {
     }
 }
 
+TEST_F(TreeWindow, MakesAContactsFolderBelowAnyOther) {
+    addFolderBelow(addFolder(L"Łódź", ItemType::Mail), L"Ügyfelek");
+    choose([&] {
+        goTo(L"Łódź");
+        EXPECT_EQ(create(L"Team"), L"");
+    });
+    EXPECT_TRUE(outlook.mailbox().findFolder(
+        outlook.mailbox().findFolder(outlook.mailbox().defaultStore().root, L"Łódź")->id, L"Team"));
+    press(VK_ESCAPE);
+}
+
 TEST_F(TreeWindow, TellsWhyAFolderIsNotMade) {
     addFolderBelow(contacts, L"Old");
     store(1, contacts);
