@@ -54,6 +54,7 @@ file(GLOB_RECURSE our_sources CONFIGURE_DEPENDS
     benchmark/*.h
     benchmark/*.cpp
     docs/*.cpp
+    packaging/*.cpp
     scripts/*.cpp)
 add_test(NAME formatting COMMAND clang-format --dry-run -Werror ${our_sources})
 

@@ -54,7 +54,7 @@ int main() {
         "Windows\n"
         "the values below `HKEY_LOCAL_MACHINE\\Software` lie below "
         "`HKEY_LOCAL_MACHINE\\Software\\Wow6432Node`.\n\n"
-        "This page is made by `docs/make-settings`; do not edit it.");
+        "This page is made by `docs/make-pages`; do not edit it.");
     std::string section;
     for (const Setting* setting : zelbar::settings::kAll) {
         if (const std::string key = keyOf(*setting); key != section) {

@@ -377,6 +377,8 @@ Function removeInstalled
     Delete "$INSTDIR\$R0"
     ${GetParent} "$INSTDIR\$R0" $R1
     RMDir $R1
+    ${GetParent} $R1 $R1 ; a folder of folders
+    RMDir $R1
 FunctionEnd
 
 Function place
@@ -526,6 +528,8 @@ Function un.deleteFile
         StrCpy $R6 1
     ${EndIf}
     ${GetParent} "$INSTDIR\$R0" $R1
+    RMDir $R1
+    ${GetParent} $R1 $R1 ; a folder of folders
     RMDir $R1
 FunctionEnd
 

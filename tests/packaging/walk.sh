@@ -1,9 +1,8 @@
 #!/bin/sh
-# setup.exe and MSI from installation to removal, in a Windows folder that has never seen the driver.
+# setup.exe, MSI and zip from installation to removal, in a Windows folder that has never seen the driver.
 set -eu
 ROOT=$(cd "$(dirname "$(readlink -f "$0")")/../.." && pwd)
-. "$ROOT/scripts/lib/common.sh"
-WALK=$BUILD/packages-walk
+WALK=$(realpath -ms "${TESSARIA_BUILD:-$ROOT/build/release}")/packages-walk
 TESSARIA_PREFIX=$WALK/prefix
 . "$ROOT/scripts/lib/common.sh"
 . "$ROOT/scripts/lib/wine.sh"
@@ -11,11 +10,10 @@ unset DISPLAY
 export PYTHONDONTWRITEBYTECODE=1
 
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$BUILD/CMakeCache.txt")
-setup=$WALK/new/tessaria-outlook-driver-$version-setup.exe
+new=$WALK/new/tessaria-outlook-driver-$version
+old=$WALK/old/tessaria-outlook-driver-1.0.0
 machine="$PREFIX/drive_c/Program Files/Norvane/Outlook driver"
 user="$PREFIX/drive_c/users/$(id -un)/AppData/Local/Programs/Norvane/Outlook driver"
-uninstall_key='Software\Microsoft\Windows\CurrentVersion\Uninstall\Norvane Outlook driver'
-server_key='Software\Classes\CLSID\{98EDA71F-51E6-49F9-BF7A-5F664091FC7C}\InprocServer32'
 
 # run STATUS TEXT PROGRAM [ARG...]: its status, the last eight bits of it, and something that it says.
 run() {
@@ -28,85 +26,56 @@ run() {
     [ -z "$text" ] || grep -q -e "$text" "$WALK/output" || fail "$*: \"$text\" is not in: $(cat "$WALK/output")"
 }
 
-# value ROOT KEY [NAME]: what the registry has there.
-value() {
-    if [ -n "${3:-}" ]; then
-        run 0 REG_ reg query "$1\\$2" /v "$3"
-    else
-        run 0 REG_ reg query "$1\\$2" /ve
-    fi
-    tr -d '\r' <"$WALK/output" | sed -n 's/.*REG_[A-Z]* *//p'
-}
-
 # driver_answers: a script is told by the driver who has a number.
 driver_answers() { run 0 'Lindqvist' cscript //nologo "$(windows_path "$ROOT/docs/samples/find.vbs")" +46313900601; }
 
-# state FILE: all of the registry and of the disk, but for what Windows itself keeps there.
+stop_windows() {
+    "$WINESERVER" -k || :
+    "$WINESERVER" -w || :
+}
+
+# state NAME: all of the registry and of the disk, but for what Windows itself keeps there, and the user's data.
 state() {
     stop_windows
     for hive in system user; do
         sed -e "s/^/$hive /" -e 's/\] [0-9]*$/]/' -e '/#time=/d' \
             -e '/"DriverDateData"\|"PendingFileRenameOperations"/d' "$PREFIX/$hive.reg"
-    done >"$1"
+    done >"$WALK/$1"
     (cd "$PREFIX" && find drive_c ! -path '*/Temp/*' ! -path '*/temp/*' ! -path '*/OutlookStandin*' \
-        ! -path '*/Norvane Tessaria*' ! -name 'error_*.log' | sort) >>"$1"
+        ! -path '*/Norvane Tessaria*' ! -name 'error_*.log' | sort) >>"$WALK/$1"
 }
 
-# nothing_left BEFORE [PATTERN]: the machine is as it was then, but for lines that the pattern knows.
+# has NAME TEXT: the state has it.
+has() { grep -qF "$2" "$WALK/$1" || fail "$1: there is no $2"; }
+
+# nothing_left STATE [PATTERN]: the machine is as it was then, but for lines that the pattern knows.
 nothing_left() {
-    state "$WALK/after"
-    diff "$1" "$WALK/after" | grep '^[<>]' | grep -v -e '^. [a-z]* $' ${2:+-e "$2"} >"$WALK/difference" || return 0
+    state after
+    diff "$WALK/$1" "$WALK/after" | grep '^[<>]' | grep -v -e '^. [a-z]* $' ${2:+-e "$2"} >"$WALK/difference" || return 0
     fail "not as it was: $(head -n 20 "$WALK/difference")"
 }
 
-# registration FILE: the driver's own keys in a state, whatever a folder's name ends with.
+# registration STATE: the driver's own keys in it, whatever a folder's name ends with.
 registration() {
     sed -n 's/^system //p' "$WALK/$1" | sed 's/driver\\\\"/driver"/' |
         awk 'BEGIN { RS = ""; ORS = "\n\n" } /^\[Software..Classes/ && /zelbar00|F03A15CF-DF40|98EDA71F-51E6/'
 }
 
+# await WHAT COMMAND...: until it succeeds, half a minute at most.
+await() {
+    what=$1
+    shift
+    for _ in $(seq 300); do
+        "$@" && return 0
+        sleep 0.1
+    done
+    fail "$what"
+}
+
 # uninstalled FOLDER: runs the removal, which works on after its first process has ended.
 uninstalled() {
     run 0 '' "$1/uninstall.exe" /S
-    for _ in $(seq 100); do
-        [ -e "$1" ] || return 0
-        sleep 0.1
-    done
-    fail "the removal left: $(ls -A "$1")"
-}
-
-# hold_driver: a script that uses the driver until C:\stop is there.
-hold_driver() {
-    rm -f "$PREFIX/drive_c/stop"
-    cat >"$WALK/hold.js" <<'JS'
-var driver = new ActiveXObject("zelbar00.cDataConnector");
-var disk = new ActiveXObject("Scripting.FileSystemObject");
-disk.CreateTextFile("C:\\held").Close();
-while (!disk.FileExists("C:\\stop"));
-WScript.Quit(driver.PIMInstalled ? 7 : 1);
-JS
-    rm -f "$PREFIX/drive_c/held"
-    (cd "$WALK" && timeout -k 5 60 "$WINE" cscript //nologo hold.js </dev/null >"$WALK/hold.log" 2>&1) &
-    holder=$!
-    for _ in $(seq 200); do
-        [ -e "$PREFIX/drive_c/held" ] && return 0
-        sleep 0.1
-    done
-    fail "the driver could not be held: $(cat "$WALK/hold.log")"
-}
-
-# let_go: ends that; the driver that it had must have worked to the end.
-let_go() {
-    touch "$PREFIX/drive_c/stop"
-    status=0
-    wait "$holder" || status=$?
-    [ "$status" = 7 ] || fail "the driver in use failed: $status"
-    rm -f "$PREFIX/drive_c/stop" "$PREFIX/drive_c/held"
-}
-
-stop_windows() {
-    "$WINESERVER" -k || :
-    "$WINESERVER" -w || :
+    await "the removal left something in $1" [ ! -e "$1" ]
 }
 
 [ ! -d "$PREFIX" ] || stop_windows
@@ -114,89 +83,94 @@ trap stop_windows EXIT
 rm -rf "$WALK"
 mkdir -p "$WALK"
 prefix_ready
-"$ROOT/packaging/make-packages" "$BUILD" "$WALK/new" "$version" >"$WALK/make.log" 2>&1 || fail "$(cat "$WALK/make.log")"
-"$ROOT/packaging/make-packages" "$BUILD" "$WALK/old" 1.0.0 >"$WALK/make.log" 2>&1 || fail "$(cat "$WALK/make.log")"
-
+for package in "new $version" "old 1.0.0"; do
+    "$ROOT/packaging/make-packages" "$BUILD" "$WALK/${package% *}" "${package#* }" >"$WALK/output" 2>&1 ||
+        fail "$(cat "$WALK/output")"
+done
 run 0 '' regsvr32 /s "$(windows_path "$BIN/dao_standin.dll")"
 run 0 '' "$BIN/outlook_standin.exe" /regserver
 run 0 '' "$BIN/outlook_standin.exe" import "$(windows_path "$ROOT/samples/Mailbox/Contacts.vcf")"
 run 0 '' "$BIN/fillcache.exe" --country SE --quiet
-# What the script host registers of its own when it is used first.
+# The script host registers something of its own when it is used first.
 echo 'new ActiveXObject("Scripting.FileSystemObject")' >"$WALK/first.js"
 run 0 '' cscript //nologo first.js
 run 0 '' cscript //nologo "$(windows_path "$ROOT/docs/samples/find.vbs")" 1
-state "$WALK/before"
+state before
 
 # For all users: an older version, then this one over it.
-run 0 '' "$WALK/old/tessaria-outlook-driver-1.0.0-setup.exe" /S /CACHE
+run 0 '' "$old-setup.exe" /S /CACHE
 driver_answers
-state "$WALK/by-setup"
 touch "$machine/docs/gone.md"
 printf 'docs\\gone.md\r\n' >>"$machine/installed.txt"
-run 0 '' "$setup" /S
-[ "$(value HKLM "$uninstall_key" DisplayVersion)" = "$version" ] || fail "the version is not the new one"
+run 0 '' "$new-setup.exe" /S
+state by-setup
+has by-setup "\"DisplayVersion\"=\"$version\""
+has by-setup 'fillcache.exe\" --quiet'
 [ ! -e "$machine/docs/gone.md" ] || fail "a file that only the older version had is still there"
-value HKLM 'Software\Microsoft\Windows\CurrentVersion\Run' 'Tessaria contact cache' | grep -q 'fillcache.exe" --quiet' ||
-    fail "the cache is not kept current any more"
-run 6 'newer' "$WALK/old/tessaria-outlook-driver-1.0.0-setup.exe" /S
+run 6 'newer' "$old-setup.exe" /S
 
 # Damage is repaired by running the setup again.
 echo damaged >"$machine/zelbar00.dll"
-rm "$machine/pimcall.exe"
 run 0 '' reg delete 'HKLM\Software\Classes\zelbar00.cDataConnector' /f
-run 0 '' "$setup" /S
-cmp "$machine/zelbar00.dll" "$BIN/zelbar00.dll" && cmp "$machine/pimcall.exe" "$BIN/pimcall.exe"
+run 0 '' "$new-setup.exe" /S
 driver_answers
 
 # While a program uses the driver: what it has goes on, what starts gets the new one; 3010 means a restart.
-hold_driver
-run $((3010 & 255)) 'close it and start it again' "$setup" /S
+cp "$ROOT/tests/packaging/hold.js" "$WALK"
+(cd "$WALK" && timeout -k 5 60 "$WINE" cscript //nologo hold.js </dev/null >"$WALK/hold.log" 2>&1) &
+holder=$!
+await "the driver could not be held" [ -e "$PREFIX/drive_c/held" ]
+run $((3010 & 255)) 'close it and start it again' "$new-setup.exe" /S
 driver_answers
-let_go
-run 0 '' "$setup" /S
-[ "$(find "$machine" -name '~old*')" = '' ] || fail "what was in use is still there"
-
+touch "$PREFIX/drive_c/stop"
+status=0
+wait "$holder" || status=$?
+[ "$status" = 7 ] || fail "the driver in use failed: $status"
+rm "$PREFIX/drive_c/stop" "$PREFIX/drive_c/held"
+run 0 '' "$new-setup.exe" /S
 uninstalled "$machine"
-nothing_left "$WALK/before"
+nothing_left before
 
 # What cannot be done changes nothing: no folder to be made, no room on the disk.
 echo >"$PREFIX/drive_c/blocked"
-state "$WALK/blocked"
-run 4 'Everything is as it was' "$setup" /S '/D=C:\blocked\driver'
+run 4 'Everything is as it was' "$new-setup.exe" /S '/D=C:\blocked\driver'
+rm "$PREFIX/drive_c/blocked"
 (
     trap '' XFSZ
     ulimit -f 1000
-    run 4 'Make room' "$setup" /S
+    run 4 'Make room' "$new-setup.exe" /S
 )
-nothing_left "$WALK/blocked"
-rm "$PREFIX/drive_c/blocked"
+nothing_left before
+
+# From the zip, without registration.
+python3 -m zipfile -e "$new.zip" "$WALK/zip"
+run 0 'Lindqvist' "$BIN/sample_find.exe" +46313900601 "$(windows_path "$WALK/zip/Norvane.Zelbar00.manifest")"
+run 3 'no driver' "$BIN/sample_find.exe" +46313900601
 
 # The MSI has the driver registered as it does itself; upgrade, repair, removal.
-msi=$(windows_path "$WALK/new/tessaria-outlook-driver-$version.msi")
-run 0 '' msiexec /i "$(windows_path "$WALK/old/tessaria-outlook-driver-1.0.0.msi")" /qn INSTALLLEVEL=2
-state "$WALK/by-msi"
+msi=$(windows_path "$new.msi")
+run 0 '' msiexec /i "$(windows_path "$old.msi")" /qn INSTALLLEVEL=2
+state by-msi
 registration by-setup >"$WALK/expected"
 registration by-msi | diff "$WALK/expected" - || fail "the MSI registers the driver otherwise than it does itself"
-run 6 MSI "$setup" /S
+run 6 MSI "$new-setup.exe" /S
 run 0 '' msiexec /i "$msi" /qn
-rm "$machine/pimcall.exe"
+rm "$machine/zelbar00.dll"
 run 0 '' reg delete 'HKLM\Software\Classes\zelbar00.cDataConnector' /f
 run 0 '' msiexec /i "$msi" /qn REINSTALL=ALL REINSTALLMODE=vamus
-cmp "$machine/pimcall.exe" "$BIN/pimcall.exe"
 driver_answers
 run 0 '' msiexec /x "$msi" /qn
 # The installer's own keys and folder stay; Wine's also forgets to remove the outer of two empty folders.
-nothing_left "$WALK/before" '\\Installer\|CurrentVersion\\\\Run\]$\|windows/Installer$\|drive_c/Program Files/Norvane$'
+nothing_left before '\\Installer\|CurrentVersion\\\\Run\]$\|windows/Installer$\|drive_c/Program Files/Norvane$'
 rmdir "$PREFIX/drive_c/Program Files/Norvane" "$PREFIX/drive_c/windows/Installer"
-state "$WALK/before"
+state before
 
 # For one user alone: nothing outside what is his.
-run 0 '' "$setup" /S /CURRENTUSER
-[ "$(value HKCU "$server_key" | tr -d '\r')" = "$(printf 'C:%s' "${user#"$PREFIX/drive_c"}" | tr / '\134')\\zelbar00.dll" ] ||
-    fail "the driver is not registered for the user: $(cat "$WALK/output")"
-state "$WALK/user"
-diff "$WALK/before" "$WALK/user" | grep '^[<>]' | grep -v -e '^[<>] user ' -e '^> drive_c/users/' &&
+run 0 '' "$new-setup.exe" /S /CURRENTUSER
+state for-user
+has for-user "$(printf 'user @="C:%s/zelbar00.dll"' "${user#"$PREFIX/drive_c"}" | sed 's#/#\\\\#g')"
+diff "$WALK/before" "$WALK/for-user" | grep '^[<>]' | grep -v -e '^[<>] user ' -e '^> drive_c/users/' &&
     fail "an installation for one user changed what is not his"
 uninstalled "$user"
 # Keys and folders that every other program would have made before stay when they are empty.
-nothing_left "$WALK/before" '#class\|Classes\\\\[A-Za-z]*\]$\|CurrentVersion\\\\Uninstall\]$\|Local/Programs$'
+nothing_left before '#class\|Classes\\\\[A-Za-z]*\]$\|CurrentVersion\\\\Uninstall\]$\|Local/Programs$'

@@ -1,0 +1,6 @@
+// Uses the driver until C:\stop is there; status 7 when it worked to the end.
+var driver = new ActiveXObject("zelbar00.cDataConnector");
+var disk = new ActiveXObject("Scripting.FileSystemObject");
+disk.CreateTextFile("C:\\held").Close();
+while (!disk.FileExists("C:\\stop"));
+WScript.Quit(driver.PIMInstalled ? 7 : 1);
