@@ -41,19 +41,6 @@ TEST_F(SqlTest, SelectsByCondition) {
     EXPECT_EQ(column(query(L"Select Name From TCache Where Name Like 'z' & '*'"), L"Name"), L"Zed ");
 }
 
-TEST_F(SqlTest, BarsInALiteralEncloseAColumnUnlessTheyAreBuiltByCode) {
-    makeCache({L"a|Name|b", L"Zed", L"a|x"});
-    EXPECT_EQ(names(L"Name Like \"|name|\""), L"a|Name|b a|x Zed ");
-    EXPECT_EQ(names(L"'x' & Name & 'y' = \"x|Name|y\""), L"a|Name|b a|x Zed ");
-    EXPECT_EQ(names(L"Name Like \"a\" & Chr(124) & \"Name\" & Chr(124) & \"*\""), L"a|Name|b ");
-}
-
-TEST_F(SqlTest, RowsThatSortAlikeKeepTheirOrder) {
-    makeCache({L"b", L"a", L"B", L"A", L"b"});
-    EXPECT_EQ(column(query(L"Select * From TCache Order By Name"), L"PhoneNumber"),
-              L"1002 1004 1001 1003 1005 ");
-}
-
 TEST_F(SqlTest, RefusesWhatJetRefuses) {
     makeCache({L"Ann"});
     run(L"CREATE TABLE Employees (EmployeeId LONG)");
@@ -97,16 +84,6 @@ TEST_F(SqlTest, RefusesWhatJetRefuses) {
     EXPECT_EQ(runError(L"Insert Into TCache (StoreID) Values ('12345678901')"), 3163);
 }
 
-TEST_F(SqlTest, ExecutePassesOverRowsUnlessToldToFail) {
-    run(L"CREATE TABLE T (A TEXT(3) PRIMARY KEY)");
-    run(L"INSERT INTO T VALUES ('abc')");
-    EXPECT_EQ(runError(L"INSERT INTO T VALUES ('ABC')"), 3022);
-    for (const wchar_t* value : {L"ABC", L"abcd"})
-        database_.call({L"Execute"}, std::wstring(L"INSERT INTO T VALUES ('") + value + L"')");
-    run(L"UPDATE T SET A = 'x' WHERE A = 'ABC'");
-    EXPECT_EQ(column(query(L"Select * From T"), L"A"), L"x ");
-}
-
 TEST_F(SqlTest, PatternsThatBeginPlainlyUseTheIndex) {
     makeCache({L"Ann"});
     const std::wstring byNumber = L"Select * From TCache Where PhoneNumber Like \"";
@@ -128,17 +105,6 @@ TEST_F(SqlTest, PatternsThatBeginPlainlyUseTheIndex) {
         EXPECT_NE(searchPlan(c.sql).find(c.plan), std::wstring::npos) << c.sql << " -> " << searchPlan(c.sql);
     }
     EXPECT_EQ(searchPlan(byNumber + L"*1" + order).find(L"SEARCH"), std::wstring::npos);
-}
-
-TEST_F(SqlTest, IndexFindsWhatAScanFinds) {
-    const std::vector<std::wstring> all{L"a",    L"A", L"\x00C4b", L"\x00E4", L"ab",
-                                        L"aB c", L"b", L"\x0177z", L"\xFFFF", L"a-b"};
-    makeCache(all);
-    for (const wchar_t* pattern : {L"a*", L"A", L"\x00E4*", L"ab*", L"\x0176*", L"\xFFFF*", L"b*", L"a?*"}) {
-        const std::wstring quoted = std::wstring(L"'") + pattern + L"'";
-        // A joined text is not known before the query runs, so the index is no help there.
-        EXPECT_EQ(names(L"Name Like " + quoted), names(L"Name Like " + quoted + L" & ''")) << pattern;
-    }
 }
 
 }  // namespace

@@ -21,9 +21,6 @@ inline constexpr HRESULT kServerGone = static_cast<HRESULT>(0x800706BA);
 inline constexpr HRESULT kNotFound = static_cast<HRESULT>(0x8004010F);
 inline constexpr HRESULT kInvalidEntryId = static_cast<HRESULT>(0x80040107);
 inline constexpr HRESULT kStoreNotOpen = static_cast<HRESULT>(0x8004011C);
-inline constexpr HRESULT kNoSupport = static_cast<HRESULT>(0x80040102);
-inline constexpr HRESULT kCollision = static_cast<HRESULT>(0x80040604);
-inline constexpr HRESULT kDeleted = static_cast<HRESULT>(0x8004010A);
 
 /// An Outlook in this process, its mailbox fresh, and a client's Application.
 class Outlook : public testing::Test {

@@ -52,10 +52,6 @@ Outcome Object::attempt(const wchar_t* name, std::initializer_list<Value> argume
     return invoke(name, kRead, arguments);
 }
 
-Outcome Object::attemptPut(const wchar_t* name, const Value& value) const {
-    return invoke(name, DISPATCH_PROPERTYPUT, {value});
-}
-
 Value Object::get(const wchar_t* name, std::initializer_list<Value> arguments) const {
     Outcome outcome = attempt(name, arguments);
     EXPECT_EQ(numberOf(outcome), S_OK) << std::hex << numberOf(outcome) << " reading " << name;
@@ -74,11 +70,6 @@ Object Object::object(const wchar_t* name, std::initializer_list<Value> argument
     const Value value = get(name, arguments);
     EXPECT_EQ(value.vt, VT_DISPATCH) << name;
     return value.vt == VT_DISPATCH ? Object(Ref<IDispatch>(value.pdispVal)) : Object();
-}
-
-void Object::put(const wchar_t* name, const Value& value) const {
-    const Outcome outcome = attemptPut(name, value);
-    EXPECT_EQ(numberOf(outcome), S_OK) << std::hex << numberOf(outcome) << " writing " << name;
 }
 
 void Object::call(const wchar_t* name, std::initializer_list<Value> arguments) const {

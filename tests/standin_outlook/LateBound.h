@@ -35,14 +35,12 @@ class Object {
     Outcome invokeNumber(DISPID id, WORD flags, std::initializer_list<Value> arguments = {}) const;
     /// A read or call as scripts do it.
     Outcome attempt(const wchar_t* name, std::initializer_list<Value> arguments = {}) const;
-    Outcome attemptPut(const wchar_t* name, const Value& value) const;
 
     Value get(const wchar_t* name, std::initializer_list<Value> arguments = {}) const;
     std::wstring text(const wchar_t* name, std::initializer_list<Value> arguments = {}) const;
     long number(const wchar_t* name, std::initializer_list<Value> arguments = {}) const;
     /// Empty for Nothing.
     Object object(const wchar_t* name, std::initializer_list<Value> arguments = {}) const;
-    void put(const wchar_t* name, const Value& value) const;
     void call(const wchar_t* name, std::initializer_list<Value> arguments = {}) const;
     Value value() const;
 

@@ -112,8 +112,6 @@ TEST_F(Program, CommandsWorkOnTheFile) {
     EXPECT_EQ(output, "+44 1\n");
     EXPECT_EQ(run(L"import " + path(L"bad.vcf")), 1U);
     EXPECT_NE(output.find("there is no BEGIN:VCARD"), std::string::npos) << output;
-    EXPECT_EQ(run(L"import"), 2U);
-    EXPECT_EQ(run(L"delete Ada"), 2U);
     EXPECT_EQ(run(L"dance"), 2U);
     EXPECT_EQ(run(L"quit"), 1U);
 }
