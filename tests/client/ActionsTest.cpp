@@ -76,24 +76,6 @@ TEST_F(ActionsTest, WindowsOpenAndCloseAndTheDriversOwnSettingsStay) {
     EXPECT_EQ(before, out);
 }
 
-TEST_F(ActionsTest, AProgramThatDoesNotStartIsToldInAWindowThatStays) {
-    static std::wstring told;
-    told.clear();
-    const UINT_PTR reader = SetTimer(
-        nullptr, 0, 100, [](HWND, UINT, UINT_PTR, DWORD) __stdcall->void {
-            const HWND window = GetActiveWindow();
-            wchar_t text[200] = {};
-            GetDlgItemTextW(window, 0, text, ARRAYSIZE(text));
-            if (*text) told = text;
-            PostMessageW(window, WM_COMMAND, IDOK, 0);
-        });
-    EXPECT_EQ(ExitCode::Found,
-              run({L"call", L"--from=21", L"--action=launch", L"--path=C:\\none", L"--arguments=no.exe"},
-                  kWindowNote));
-    KillTimer(nullptr, reader);
-    EXPECT_TRUE(told.ends_with(L": C:\\none\\no.exe.")) << told.c_str();
-}
-
 TEST_F(ActionsTest, TheWindowForTheFoldersIsServedUntilItIsClosed) {
     const UINT_PTR closer = SetTimer(
         nullptr, 0, 200, [](HWND, UINT, UINT_PTR, DWORD) __stdcall->void {
