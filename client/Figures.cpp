@@ -16,4 +16,8 @@ std::wstring bytesText(unsigned long long bytes) {
     return text + units[unit];
 }
 
+std::wstring counted(long count, const std::wstring& what) {
+    return std::to_wstring(count) + L" " + what + (count == 1 ? L"" : L"s");
+}
+
 }  // namespace pimcall

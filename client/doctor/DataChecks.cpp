@@ -75,8 +75,7 @@ Finding cache(const Machine& machine) {
     if (data.rows == 0)
         return problem(L"The cache is empty: every caller is unknown.",
                        L"Look at the chosen folders (pimcall folders), then run fillcache.");
-    return good(L"The cache has " + std::to_wstring(data.rows) + (data.rows == 1 ? L" row" : L" rows") +
-                L" in " + bytesText(data.cacheBytes) + L".");
+    return good(L"The cache has " + counted(data.rows, L"row") + L" in " + bytesText(data.cacheBytes) + L".");
 }
 
 Finding age(const Machine& machine) {
@@ -97,14 +96,14 @@ bool isOpen(const LiveOutlook& live, const std::wstring& storeId) {
 Finding stores(const Machine& machine) {
     const DataFacts& data = machine.data;
     if (data.rowsWithoutStore > 0)
-        return problem(std::to_wstring(data.rowsWithoutStore) +
-                           L" rows of the cache name a store that its own table does not have.",
+        return problem(L"Rows of the cache whose store its own table does not have: " +
+                           std::to_wstring(data.rowsWithoutStore) + L".",
                        L"End the client, delete connec00.mdb and run fillcache.");
     if (!data.cacheExists || data.cacheFault)
         return notice(L"Not known: no cache to read.", L"See \"Cache\".");
     if (!machine.outlook.live.answers() || !machine.outlook.live.storesKnown)
-        return notice(L"The cache knows " + std::to_wstring(data.stores.size()) +
-                          L" stores; Outlook did not say which are open.",
+        return notice(L"The cache knows " + counted(static_cast<long>(data.stores.size()), L"store") +
+                          L"; Outlook did not say which are open.",
                       L"Start Outlook and run this again.");
     long closed = 0, rows = 0;
     for (const CachedStore& store : data.stores) {
@@ -113,8 +112,8 @@ Finding stores(const Machine& machine) {
         rows += store.rows;
     }
     if (closed > 0 && rows > 0)
-        return notice(std::to_wstring(closed) + L" stores of the cache are not open in Outlook; their " +
-                          std::to_wstring(rows) + L" rows lead to nobody.",
+        return notice(L"Stores of the cache that are not open in Outlook: " + std::to_wstring(closed) +
+                          L"; rows that lead to nobody: " + std::to_wstring(rows) + L".",
                       L"Open the mailbox or contacts file in Outlook again, or choose the folders anew and "
                       L"run fillcache.");
     return good(L"Every store with rows in the cache is open in Outlook.");

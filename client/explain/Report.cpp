@@ -1,4 +1,5 @@
 #include "client/FaultWords.h"
+#include "client/Figures.h"
 #include "client/Json.h"
 #include "client/Text.h"
 #include "client/explain/Explanation.h"
@@ -7,10 +8,6 @@ namespace pimcall::explain {
 namespace {
 
 using Verdict = MatchingRow::Verdict;
-
-std::wstring counted(long count, const std::wstring& what) {
-    return std::to_wstring(count) + L" " + what + (count == 1 ? L"" : L"s");
-}
 
 /// The end of an identifier tells items of one store apart.
 std::wstring shown(const std::wstring& identifier, bool whole) {

@@ -114,8 +114,8 @@ TEST(Doctor, EachCheckSeesWhatIsWrong) {
          }},
         {L"cache", P, L"empty", [](M m) { m.data.rows = 0; }},
         {L"cache-age", N, L"30 days", [](M m) { m.data.cacheDays = 30.5; }},
-        {L"stores", P, L"5 rows", [](M m) { m.data.rowsWithoutStore = 5; }},
-        {L"stores", N, L"their 2 rows", [](M m) { m.data.stores[0].storeId = L"S9"; }},
+        {L"stores", P, L"have: 5.", [](M m) { m.data.rowsWithoutStore = 5; }},
+        {L"stores", N, L"nobody: 2.", [](M m) { m.data.stores[0].storeId = L"S9"; }},
         {L"folders", N, L"default one", [](M m) { m.folders.chosen.clear(); }},
         {L"folders", P, L"none of them", [](M m) { m.folders.chosen[0].stored.selected = false; }},
         {L"folders", P, L"1 of the 1", [](M m) { m.folders.chosen[0].state = Folder::Gone; }},
@@ -205,7 +205,7 @@ TEST_F(BrokenMachineTest, IsSeenThroughTheRegistryAndTheFiles) {
 
     writeCache({{L"A", L"1", L"00FF", L"7"}});
     EXPECT_TRUE(says(L"cache", L"ok", L"1 row"));
-    EXPECT_TRUE(says(L"stores", L"problem", L"1 rows"));
+    EXPECT_TRUE(says(L"stores", L"problem", L"have: 1."));
     harness::writeFile(folder.file(L"connec00.mdb"), "no database");
     EXPECT_TRUE(says(L"cache", L"problem", L"cannot be read"));
     registry.set(HKEY_CURRENT_USER, zelbar::kClientKey, L"DataPath", folder.file(L"none"));
