@@ -147,7 +147,7 @@ void measureRows() {
 void measureFills(const Scale& scale) {
     const DataFolder folder;
     std::printf("## The filler, Outlook in a process of its own\n\n");
-    measureWays(folder, scale(20000, 500));
+    measureWays(folder, scale(20000, 1000));
     measureForms(folder, scale(2000, 200));
     measureRows();
     std::printf("\n");

@@ -70,8 +70,14 @@ Value Table::getArray(const Arguments& arguments) {
     const std::size_t count = std::min(static_cast<std::size_t>(most), all.size() - begin);
     Value array = newArray(state_->columns.size(), count);
     auto* cell = static_cast<VARIANT*>(array.parray->pvData);
+    // Identifiers alone are told without reading the items.
+    const bool isRead = std::ranges::any_of(state_->columns, showsContent);
     for (std::size_t row = begin; row < begin + count; ++row) {
-        const std::optional<ItemRecord> item = mailbox().item(all[row]);
+        std::optional<ItemRecord> item = isRead ? mailbox().item(all[row]) : ItemRecord();
+        if (!isRead) {
+            item->id = all[row];
+            item->folder = state_->folder;
+        }
         for (const std::wstring& column : state_->columns)
             *cell++ = item ? cellOf(*this, *item, column).Detach() : VARIANT{};
     }

@@ -112,6 +112,11 @@ bool isColumn(const std::wstring& name) {
     return isTextProperty(name) || std::ranges::find(kOwnNames, name) != std::end(kOwnNames);
 }
 
+bool showsContent(const std::wstring& column) {
+    const std::wstring tag = tagOf(column);
+    return column != L"EntryID" && tag != kRowId && tag != kLastingId;
+}
+
 Value cellOf(const OutlookObject& reader, const ItemRecord& item, const std::wstring& column) {
     const auto lastingId = [&] { return reader.mailbox().entryId(item); };
     if (column == L"EntryID") return toValue(rowId(reader, lastingId()));

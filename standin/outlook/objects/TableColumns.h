@@ -14,6 +14,9 @@ std::vector<std::wstring> defaultColumns(ItemType folderType);
 // written there, others by a namespace.
 bool isColumn(const std::wstring& name);
 
+// Whether it shows more than an identifier.
+bool showsContent(const std::wstring& column);
+
 // What a column shows of an item: texts cut at 255 characters, Empty for what the item does not have.
 // Switches: "TableIds" is "short" for a store whose rows have identifiers of their own, with the lasting ones
 // in a column by namespace, and "short only" for one without; "TableMissing" is "error" for a store that
