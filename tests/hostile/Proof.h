@@ -24,6 +24,7 @@ class Proof {
     Proof& operator=(const Proof&) = delete;
 
     bool isShort() const { return short_; }
+    bool isOnly(const char* name) const { return filter_ == name; }
     /// True for the runs whose names the filter holds.
     bool wants(const std::string& name) const { return name.find(filter_) != std::string::npos; }
 

@@ -148,6 +148,39 @@ bool World::canUnload() {
     return false;
 }
 
+bool World::day(Proof& proof) {
+    bool known = false;
+    {
+        const auto driver = createDriver();
+        const auto cursor = late(*driver.get(), L"OpenContactRecord").value.object();
+        const auto find = [&](long kind, const wchar_t* text) {
+            return late(*cursor.get(), L"FindFirst", {lent(kind), lent(Bstr(text).get())}).value.object();
+        };
+        late(*driver.get(), L"ExecuteCommand", {lent(Bstr(L"isFolderConfigured").get())});
+        late(*driver.get(), L"ConfigPIM");
+        if (find(1, L"Byron*"))
+            for (const wchar_t* step :
+                 {L"FindNext", L"FindNext", L"FindPrevious", L"MoveLast", L"MoveFirst", L"Contact"})
+                late(*cursor.get(), step);
+        late(*cursor.get(), L"FillContactCollection", {lent(0L), lent(Bstr(L"+44*").get())});
+        if (const auto ada = find(0, L"+44 20 1")) {
+            known = !late(*ada.get(), L"NotInPIM").value.boolean();
+            for (const wchar_t* member :
+                 {L"FullName", L"PhoneNumbers", L"Emails", L"PhotoURL", L"Department"})
+                late(*ada.get(), member);
+            const auto actions = late(*driver.get(), L"Actions").value.object();
+            const auto journal = late(*actions.get(), L"Item", {lent(4100L)}).value.object();
+            late(*journal.get(), L"ExecuteAction", {lent(ada.get())});
+        }
+        late(*driver.get(), L"SynchronizeExportFolder",
+             {lent(Bstr(directoryFile()).get()), lent(Bstr(L"Staff").get())});
+    }
+    proof.expect(canUnload(), &Tally::leaks, "the driver has objects left");
+    proof.expectNoMore(0, outlook.server().liveObjects(), &Tally::leaks, "objects of Outlook");
+    proof.expectNoMore(0, dao.server().liveObjects(), &Tally::leaks, "objects of DAO");
+    return known;
+}
+
 void serveMessages() {
     MSG message;
     for (int i = 0; i < 1000 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++i)

@@ -10,6 +10,7 @@
 #include "standin/outlook/host/Host.h"
 #include "tests/harness/RegistrySandbox.h"
 #include "tests/harness/TemporaryFolder.h"
+#include "tests/hostile/Proof.h"
 
 namespace hostile {
 
@@ -44,6 +45,10 @@ class World {
     static std::vector<Com<IUnknown>> objectsOf(const Com<::DataConnector>& driver);
     /// Takes the driver's leave: true when it holds nothing any more.
     static bool canUnload();
+
+    /// What a client does in a day, from the driver's creation to its end: searches both ways, reads, acts,
+    /// has the folders chosen, exports. Nothing may be left of it. True when it found Ada.
+    bool day(Proof& proof);
 
     harness::TemporaryFolder folder;
     harness::RegistrySandbox registry;
