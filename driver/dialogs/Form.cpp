@@ -35,7 +35,8 @@ INT_PTR CALLBACK Form::procedure(HWND window, UINT message, WPARAM wide, LPARAM 
         form->window_ = nullptr;
         form->keys_.reset();
         form->self_.reset();
-        return TRUE;
+        // Not handled: what the system has made for the dialog, its font among it, it gives back here itself.
+        return FALSE;
     }
     try {
         return form->serve(message, wide, parameter);
