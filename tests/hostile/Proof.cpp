@@ -170,16 +170,33 @@ long long heapBytes() {
     return sum;
 }
 
+namespace {
+
+/// The highest of some new handles: the emulator does not count them, but takes the lowest that is free.
+template <class Make, class Drop>
+long highestOf(Make&& make, Drop&& drop) {
+    HANDLE made[64];
+    long highest = 0;
+    for (HANDLE& handle : made) {
+        handle = make();
+        highest = std::max(highest, static_cast<long>(reinterpret_cast<ULONG_PTR>(handle) & 0xFFFF));
+    }
+    for (const HANDLE handle : made) drop(handle);
+    return highest;
+}
+
+}  // namespace
+
 long handleCount() {
-    DWORD count = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &count);
-    return static_cast<long>(count);
+    return highestOf([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); }, CloseHandle) / 4;
 }
 long gdiCount() {
-    return static_cast<long>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
+    return highestOf([] { return CreatePen(PS_SOLID, 1, 0); },
+                     [](HANDLE pen) { DeleteObject(static_cast<HGDIOBJ>(pen)); });
 }
 long userCount() {
-    return static_cast<long>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS));
+    return highestOf([] { return static_cast<HANDLE>(CreateMenu()); },
+                     [](HANDLE menu) { DestroyMenu(static_cast<HMENU>(menu)); });
 }
 
 }  // namespace hostile

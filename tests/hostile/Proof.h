@@ -24,6 +24,8 @@ class Proof {
     Proof& operator=(const Proof&) = delete;
 
     bool isShort() const { return short_; }
+    /// The filter as a number of runs; `otherwise` when there is none.
+    long count(long otherwise) const { return filter_.empty() ? otherwise : std::stol(filter_); }
     bool isOnly(const char* name) const { return filter_ == name; }
     /// True for the runs whose names the filter holds.
     bool wants(const std::string& name) const { return name.find(filter_) != std::string::npos; }
@@ -59,7 +61,7 @@ class Proof {
 
 /// Bytes that are taken from all heaps of this process.
 long long heapBytes();
-/// Handles, GDI objects and windows of this process.
+/// Measures of this process's handles, GDI objects and windows, which grow with their numbers.
 long handleCount();
 long gdiCount();
 long userCount();

@@ -157,6 +157,8 @@ bool World::day(Proof& proof) {
             return late(*cursor.get(), L"FindFirst", {lent(kind), lent(Bstr(text).get())}).value.object();
         };
         late(*driver.get(), L"ExecuteCommand", {lent(Bstr(L"isFolderConfigured").get())});
+        // What nobody has is thrown about inside.
+        late(*driver.get(), L"GetContactItemByContactItemID", {lent(Bstr(L"none").get())});
         late(*driver.get(), L"ConfigPIM");
         if (find(1, L"Byron*"))
             for (const wchar_t* step :
