@@ -37,13 +37,17 @@ void foreignLibraries(Proof& proof) {
     using GetClassObject = HRESULT WINAPI(REFCLSID, REFIID, void**);
     const auto ask = reinterpret_cast<GetClassObject*>(
         reinterpret_cast<void*>(GetProcAddress(other, "DllGetClassObject")));
-    const auto first = World::createDriver();
-    Com<IClassFactory> factory;
-    Com<::DataConnector> second;
-    proof.run("a driver of the copy");
-    ask(CLSID_cDataConnector, __uuidof(IClassFactory), reinterpret_cast<void**>(factory.put()));
-    factory->CreateInstance(nullptr, __uuidof(::DataConnector), reinterpret_cast<void**>(second.put()));
-    proof.expect(World::objectsOf(second).size() == World::objectsOf(first).size(), &Tally::lost, "objects");
+    {
+        const auto first = World::createDriver();
+        Com<IClassFactory> factory;
+        Com<::DataConnector> second;
+        proof.run("a driver of the copy");
+        ask(CLSID_cDataConnector, __uuidof(IClassFactory), reinterpret_cast<void**>(factory.put()));
+        factory->CreateInstance(nullptr, __uuidof(::DataConnector), reinterpret_cast<void**>(second.put()));
+        proof.expect(World::objectsOf(second).size() == World::objectsOf(first).size(), &Tally::lost,
+                     "objects");
+    }
+    proof.expect(World::canUnload(), &Tally::leaks, "the driver has objects left");
 }
 
 /// What the client's process and its user have set; the driver leaves it as it is.
