@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+// The compiler's names.  NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 std::uintptr_t __stack_chk_guard = 0x00ff0a0d;
@@ -22,6 +23,7 @@ std::uintptr_t __stack_chk_guard = 0x00ff0a0d;
 }
 
 }  // extern "C"
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
