@@ -75,14 +75,6 @@ TEST_F(LateSearchTest, ArgumentsMayBeNamed) {
     EXPECT_EQ(find({lent(text.get())}, {L"SearchText", L"SearchKind"}).result, DISP_E_BADPARAMCOUNT);
 }
 
-TEST_F(LateSearchTest, ACallersMistakeIsACallersError) {
-    EXPECT_EQ(late(*cursor.get(), L"FindLast").result, DISP_E_UNKNOWNNAME);
-    EXPECT_EQ(late(*cursor.get(), L"FindNext", {lent(1L)}).result, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(find({lent(1L)}).result, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(late(*cursor.get(), L"EOF", {lent(1L)}, DISPATCH_PROPERTYPUT).result, DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(cursor->Invoke(1, IID_NULL, 0, kRead, nullptr, nullptr, nullptr, nullptr), E_POINTER);
-}
-
 /// An action that does with its contact what the test says.
 class TestAction final : public CallActionBorder<TestAction> {
   public:
@@ -151,14 +143,6 @@ TEST_F(LateActionTest, AVariableGetsWhatTheActionPutsThere) {
             expect(nullptr, &mine);
             content->Release();
         }
-}
-
-TEST_F(LateActionTest, OnlyObjectsAreContacts) {
-    Bstr text{L"Ada"};
-    VARIANT variant = lent(text.get());
-    for (VARIANT argument : {lent(text.get()), referenceTo(variant), lent(1L)})
-        EXPECT_EQ(run(argument, nullptr), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(variant.bstrVal, text.get());
 }
 
 }  // namespace

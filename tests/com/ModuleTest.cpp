@@ -7,7 +7,6 @@
 #include "automation/Com.h"
 #include "standin/dao/Host.h"
 #include "standin/outlook/host/Host.h"
-#include "tests/com/LateClient.h"
 #include "tests/harness/Files.h"
 #include "tests/harness/Process.h"
 #include "tests/harness/RegistrySandbox.h"
@@ -17,7 +16,6 @@ namespace zelbar {
 namespace {
 
 constexpr wchar_t kDriver[] = L"zelbar00.dll";
-constexpr wchar_t kDao[] = L"dao_standin.dll";
 
 /// A library of ours, loaded as long as this lives.
 class Library {
@@ -49,57 +47,6 @@ class Library {
 
 bool isLoaded(const wchar_t* name) {
     return GetModuleHandleW(name) != nullptr;
-}
-
-/// The driver while nothing can be created, and an engine that is asked for a file that is not there: both
-/// throw.
-bool survivesExceptions() {
-    const Library driver(kDriver), dao(kDao);
-    const auto connector = driver.create<::DataConnector>(CLSID_cDataConnector);
-    const auto engine = dao.create<IDispatch>(standin::dao::kEngineClass);
-    const Bstr file(L"C:\\nowhere\\none.mdb");
-    return connector && late(*engine.get(), L"OpenDatabase", {lent(file.get())}).result == DISP_E_EXCEPTION;
-}
-
-enum class Order { ForeignFirst, OursFirst };
-
-/// Ends the process with 0 when our libraries still catch what they throw beside another compiler's library.
-[[noreturn]] void liveBesideAnotherLibgcc(Order order) {
-    CoUninitialize();
-    const auto loadForeign = [] {
-        LoadLibraryW(FOREIGN_RUNTIME_THREADS);
-        if (!LoadLibraryW(FOREIGN_RUNTIME)) TerminateProcess(GetCurrentProcess(), 10);
-    };
-    bool good = true;
-    if (order == Order::ForeignFirst) loadForeign();
-    // Nobody has asked for a class object yet, so both go again and give back what they have registered.
-    { const Library driver(kDriver), dao(kDao); }
-    good = good && !isLoaded(kDriver) && !isLoaded(kDao);
-    if (order == Order::OursFirst) {
-        good = survivesExceptions() && good;
-        loadForeign();
-    }
-    good = survivesExceptions() && good;
-    ExitProcess(good ? 0 : 11);
-}
-
-TEST(UnwindingDeathTest, AnotherModulesLibgccDoesNotMatter) {
-    const harness::RegistrySandbox registry;
-    for (const Order order : {Order::ForeignFirst, Order::OursFirst})
-        EXPECT_EXIT(liveBesideAnotherLibgcc(order), testing::ExitedWithCode(0), "");
-}
-
-/// Writes behind the end of what a frame holds, out of the compiler's sight.
-[[gnu::noinline]] void overrun(std::size_t count) {
-    char room[8];
-    volatile char* next = room;
-    for (std::size_t i = 0; i < count; ++i) *next++ = 'a';
-}
-
-TEST(StackGuardDeathTest, AFrameThatWasOverwrittenEndsTheProcess) {
-    overrun(8);
-    constexpr int kFailFast = static_cast<int>(0xC0000602);  // that no handler was asked
-    EXPECT_EXIT(overrun(64), testing::ExitedWithCode(kFailFast), "");
 }
 
 /// The driver between an Outlook and a DAO of this process, as a client has it that asks whether it may go.
