@@ -19,29 +19,6 @@ class CRegSettingsTest : public SupportTest {
     CRegSettings settings{L"7316\\Popup"};
 };
 
-TEST_F(CRegSettingsTest, PathPartsAreTrimmedAndRestored) {
-    CRegSettings own;
-    registry.set(HKEY_CURRENT_USER, L"Software\\Norvane\\" + module.title, L"a", L"title");
-    registry.set(HKEY_CURRENT_USER, L"Hard\\Maker\\App", L"a", L"other");
-    own.SoftwareKey(L" Hard ");
-    own.Company(L" Maker ");
-    own.AppName(L" App ");
-    EXPECT_EQ(own.GetSetting(L"", L"a"), L"other");
-    own.SoftwareKey(L"  ");
-    own.Company(L"");
-    own.AppName(L" ");
-    EXPECT_EQ(own.GetSetting(L"", L"a"), L"title");
-}
-
-TEST_F(CRegSettingsTest, OnlyPredefinedRootsAreTaken) {
-    for (const std::uintptr_t number : {0x80000010u, 0x80000007u, 0u, 0x7FFFFFFFu}) {
-        settings.hKey(HKEY_LOCAL_MACHINE);
-        EXPECT_EQ(settings.hKey(), HKEY_LOCAL_MACHINE);
-        settings.hKey(reinterpret_cast<HKEY>(number));
-        EXPECT_EQ(settings.hKey(), HKEY_CURRENT_USER) << number;
-    }
-}
-
 TEST_F(CRegSettingsTest, GetSettingFallsBackOnlyWithoutAValue) {
     EXPECT_EQ(settings.GetSetting(L"section", L"a", L"default"), L"default");
     store(L"a", L"text");
@@ -91,19 +68,6 @@ TEST_F(CRegSettingsTest, SavesAndDeletes) {
     EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, std::wstring(kPopup) + L"\\section"));
     EXPECT_FALSE(settings.DeleteSetting(L"", L"")) << "that would be all settings";
     EXPECT_TRUE(RegKeyExists(HKEY_CURRENT_USER, kPopup));
-}
-
-TEST_F(CRegSettingsTest, OperationsWithARootAssignIt) {
-    CRegSettings other;
-    EXPECT_FALSE(CRegSettings::IsUserAdmin(HKEY_LOCAL_MACHINE));
-    EXPECT_TRUE(other.SaveSettingToHKey(HKEY_LOCAL_MACHINE, L"7316", L"Install", L"MultiUser", L"no"));
-    EXPECT_EQ(registry.get(HKEY_LOCAL_MACHINE, kInstall, L"MultiUser"), L"no");
-    EXPECT_EQ(other.AppName(), L"7316");
-    EXPECT_EQ(other.GetSettingFromHKey(HKEY_CURRENT_USER, L"7316", L"Install", L"MultiUser", L"?"), L"?");
-    EXPECT_EQ(other.GetSettingLongFromHKey(HKEY_LOCAL_MACHINE, L"7316", L"nowhere", L"x"), L"-1");
-    EXPECT_TRUE(other.DeleteKey(HKEY_LOCAL_MACHINE, L"7316", L"Install", L"MultiUser"));
-    EXPECT_FALSE(registry.get(HKEY_LOCAL_MACHINE, kInstall, L"MultiUser"));
-    EXPECT_TRUE(CRegSettings::IsUserAdmin(HKEY_LOCAL_MACHINE));
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <regex>
 
 #include "support/mLogError.h"
 #include "tests/support/Fixture.h"
@@ -30,24 +29,6 @@ TEST_F(ErrorFileTest, EachLineHasFiveFields) {
                   "24/05/2002 14:03:11\tErr: DrvTitle - GetApp()\t-\t-\t-",
                   "24/05/2002 14:03:11\tErr: zelbar00.GetApp().Folders - Show line 12\tZo\xC3\xAB   forged\t"
                   "Loss of connection with Outlook. - -2147220503 (0x800403E9)\t-"}));
-}
-
-TEST_F(ErrorFileTest, TakesTheExceptionBeingHandledAndTheLastSystemError) {
-    try {
-        throw Fault{9, L"Subscript out of range", L"zelbar00"};
-    } catch (...) {
-        errors.LogError(PendingError::caught(), L"first");
-    }
-    SetLastError(ERROR_PATH_NOT_FOUND);
-    errors.LogError(PendingError::lastSystemError(), L"second");
-    const auto lines = written();
-    ASSERT_EQ(lines.size(), 2u);
-    EXPECT_TRUE(lines[0].ends_with("\tSubscript out of range - 9 (0x9)\t-")) << lines[0];
-    EXPECT_TRUE(lines[1].ends_with(" - 3 (0x3)"))
-        << lines[1] << ", one line, though the system's text has a break";
-    EXPECT_EQ(GetSystemErrorText(0x2FFFFFFF), L"Unknown Error.");
-    const std::regex kTimeFirst("\\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d:\\d\\d\tErr: zelbar00 - first\t-\t.*");
-    EXPECT_TRUE(std::regex_match(lines[0], kTimeFirst)) << lines[0];
 }
 
 TEST_F(ErrorFileTest, LiesInTheDocumentsFolderUnderTheUsersName) {

@@ -86,15 +86,6 @@ TEST_F(FLogTest, KeepsOneEarlierRunButNeverEmptiesWhatIsBeingWritten) {
     EXPECT_EQ(lines(readFile(previous)), std::vector<std::string>{"second"});
 }
 
-TEST_F(FLogTest, AFileThatCannotBeOpenedLosesLinesOnly) {
-    mode(L"2");
-    folder.makeFolder(L"zelbar00.log");
-    FLog log(module);
-    log.load();
-    EXPECT_TRUE(log.LogToFile());
-    log.trace(L"lost");
-}
-
 TEST_F(FLogTest, WindowModeHandsLinesToTheWindow) {
     mode(L"1");
     Recorder window;

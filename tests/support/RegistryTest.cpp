@@ -38,15 +38,5 @@ TEST_F(RegistryTest, ReadsEveryKindOfValue) {
     EXPECT_EQ(RegReadString(HKEY_LOCAL_MACHINE, kPopup, L"text"), L"");
 }
 
-TEST_F(RegistryTest, WritesTextsAndABlankForAnEmptyOne) {
-    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, kPopup));
-    EXPECT_TRUE(RegWriteString(HKEY_CURRENT_USER, kPopup, L"a", L"1"));
-    EXPECT_TRUE(RegWriteString(HKEY_CURRENT_USER, kPopup, L"b", L""));
-    EXPECT_TRUE(RegKeyExists(HKEY_CURRENT_USER, kPopup));
-    EXPECT_EQ(registry.get(HKEY_CURRENT_USER, kPopup, L"a"), L"1");
-    EXPECT_EQ(registry.get(HKEY_CURRENT_USER, kPopup, L"B"), L" ");
-    EXPECT_FALSE(RegWriteString(HKEY_CURRENT_USER, std::wstring(300, L'k'), L"a", L"1"));
-}
-
 }  // namespace
 }  // namespace zelbar

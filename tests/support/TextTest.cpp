@@ -138,21 +138,6 @@ TEST_F(LanguageFilesTest, MnemonicsAndPunctuationFollowEnglish) {
     }
 }
 
-TEST_F(LanguageFilesTest, AccentsArriveUnharmed) {
-    const struct {
-        const wchar_t* lang;
-        const wchar_t* key;
-        const wchar_t* text;
-    } cases[] = {{L"2", L"#05100#", L"Kontakt schlie\u00DFen"},
-                 {L"4", L"#21015#", L"Els\u0151dleges telefon"},
-                 {L"5", L"#21001#", L"Faks s\u0142u\u017Cbowy"}};
-    for (const auto& c : cases) {
-        registry.set(HKEY_CURRENT_USER, kClientSettings, L"lang", c.lang);
-        texts.init();
-        EXPECT_EQ(texts.translate(c.key), c.text);
-    }
-}
-
 TEST(ModuleTest, VersionInformationNamesCompanyAndTitle) {
     const Module module = thisModule();
     EXPECT_EQ(module.handle, GetModuleHandleW(nullptr));
