@@ -51,7 +51,9 @@ void RegistrySandbox::set(HKEY root, const std::wstring& path, const std::wstrin
 void RegistrySandbox::set(HKEY root, const std::wstring& path, const std::wstring& name, DWORD type,
                           const std::string& bytes) {
     HKEY key = makeKey(root, path);
-    const auto* data = reinterpret_cast<const BYTE*>(bytes.data());
+    // A text without an end must stay one: Wine takes a NUL that lies behind it along.
+    const std::string padded = bytes + "..";
+    const auto* data = reinterpret_cast<const BYTE*>(padded.data());
     const LSTATUS status = RegSetValueExW(key, name.c_str(), 0, type, data, static_cast<DWORD>(bytes.size()));
     RegCloseKey(key);
     if (status != ERROR_SUCCESS) throw std::runtime_error("no temporary registry value");
