@@ -2,11 +2,25 @@
 
 #include <utility>
 
+#include "automation/Fault.h"
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "dialogs/FolderRules.h"
 
 namespace zelbar {
+
+namespace {
+
+/// What Outlook must say of a folder. Nothing, without an error, is no answer: taken for one, a folder would
+/// be missing from a list that counts as complete.
+Variant told(const Object& object, const Member& member) {
+    Variant answer = object.get(member);
+    if (answer.isNothing() || (answer.type() == VT_BSTR && answer.text().empty()))
+        throw runtimeFault(fault::kTypeMismatch);
+    return answer;
+}
+
+}  // namespace
 
 FolderSearch::FolderSearch(OutlookConnection& outlook, FLog& log, std::wstring limit)
     : outlook_(outlook),
@@ -61,7 +75,7 @@ void FolderSearch::start() {
     if (!application) return;
     found_.reached = true;
     const Object stores = application.object(outlook::GetNamespace, L"MAPI").object(outlook::Folders);
-    found_.stores = storesToSearch(stores.integer(outlook::Count));
+    found_.stores = storesToSearch(told(stores, outlook::Count).integer());
     found_.complete = true;
     levels_.push_back({stores, found_.stores, 1, {}});
 }
@@ -87,23 +101,24 @@ void FolderSearch::visit(const Object& object, const std::wstring& parentPath) {
     if (node.depth == 0) {
         log_.trace(L"--- PST : '", folder.DisplayName, L" ------------");
         storeId_.clear();
-        attempt_([&] { storeId_ = object.text(outlook::StoreID); });
+        attempt_([&] { storeId_ = told(object, outlook::StoreID).text(); });
     }
     // A folder that does not tell who it is cannot be selected; those below it may.
     attempt_([&] {
-        const bool holdsContacts = object.integer(outlook::DefaultItemType) == outlook::kContactItemType;
+        const bool holdsContacts =
+            told(object, outlook::DefaultItemType).integer() == outlook::kContactItemType;
         // Mailboxes have thousands of others. Who those are is found out when a folder is made below one.
-        if (holdsContacts || node.depth == 0) folder.EntryId = object.text(outlook::EntryID);
+        if (holdsContacts || node.depth == 0) folder.EntryId = told(object, outlook::EntryID).text();
         // A store's folders all name the same store.
         const bool unknown = holdsContacts && storeId_.empty();
-        folder.StoreID = unknown ? object.text(outlook::StoreID) : storeId_;
+        folder.StoreID = unknown ? told(object, outlook::StoreID).text() : storeId_;
         node.holdsContacts = holdsContacts;
     });
     std::wstring path = folder.FullName;
     found_.tree.push_back(std::move(node));
     if (levels_.empty()) return;  // Outlook has gone meanwhile
     const Object folders = object.object(outlook::Folders);
-    const long count = folders.integer(outlook::Count);
+    const long count = told(folders, outlook::Count).integer();
     if (count > 0) levels_.push_back({folders, count, 1, std::move(path)});
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "automation/Fault.h"
 #include "com/ModuleState.h"
 #include "dialogs/Anchors.h"
 #include "dialogs/DialogFont.h"
@@ -32,6 +33,17 @@ class Form {
 
     /// Makes the window of a dialog template, not yet visible. Throws when it cannot be made.
     static void open(const std::shared_ptr<Form>& form, int dialogTemplate);
+    /// Runs what makes an open window complete. One that fails in it goes: nobody could use or close it.
+    template <class Work>
+    static void complete(const std::shared_ptr<Form>& form, Work&& work) {
+        try {
+            work();
+        } catch (...) {
+            const Fault fault = caughtFault();
+            DestroyWindow(form->window());
+            throw fault;
+        }
+    }
     /// Shows the window of a template until it ends itself; the owner cannot be used meanwhile.
     static void run(const std::shared_ptr<Form>& form, int dialogTemplate, HWND owner);
 

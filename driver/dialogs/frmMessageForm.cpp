@@ -35,10 +35,12 @@ std::shared_ptr<frmMessageForm> frmMessageForm::make(const WindowParts& parts, c
     const VisualStyles looks;
     const auto form = std::make_shared<frmMessageForm>(parts);
     open(form, kDialogResource_frmMessageForm);
-    form->takeKeys();
-    form->dress({{IDOK, L"#01000#&OK"}}, {});
-    SetWindowTextW(form->window(), title == kNoTitle ? parts.title.c_str() : title.c_str());
-    form->layOut(text);
+    complete(form, [&] {
+        form->takeKeys();
+        form->dress({{IDOK, L"#01000#&OK"}}, {});
+        SetWindowTextW(form->window(), title == kNoTitle ? parts.title.c_str() : title.c_str());
+        form->layOut(text);
+    });
     return form;
 }
 

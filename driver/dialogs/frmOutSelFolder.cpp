@@ -67,22 +67,24 @@ void frmOutSelFolder::show(const WindowParts& parts) {
     if (const auto form = last.lock(); form && form->window()) return form->comeBack();
     const auto form = make(parts);
     last = form;
-    form->load();
+    complete(form, [&] { form->load(); });
 }
 
 std::shared_ptr<frmOutSelFolder> frmOutSelFolder::make(const WindowParts& parts) {
     const VisualStyles looks;
     const auto form = std::make_shared<frmOutSelFolder>(parts);
     open(form, kDialogResource_frmOutSelFolder);
-    form->list_.attach(
-        form->window(), kControl_listFolder,
-        {[self = form.get()] { return self->found_.size(); },
-         [self = form.get()](size_t line) -> const std::wstring& { return self->found_[line]->FullName; },
-         [self = form.get()](size_t line) { return self->found_[line]->IsSelected; },
-         [self = form.get()](size_t line, bool checked) {
-             self->found_[line]->IsSelected = checked;
-             self->count();
-         }});
+    complete(form, [&] {
+        form->list_.attach(
+            form->window(), kControl_listFolder,
+            {[self = form.get()] { return self->found_.size(); },
+             [self = form.get()](size_t line) -> const std::wstring& { return self->found_[line]->FullName; },
+             [self = form.get()](size_t line) { return self->found_[line]->IsSelected; },
+             [self = form.get()](size_t line, bool checked) {
+                 self->found_[line]->IsSelected = checked;
+                 self->count();
+             }});
+    });
     return form;
 }
 

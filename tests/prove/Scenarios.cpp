@@ -344,7 +344,7 @@ const Scenario kScenarios[] = {
     {"folder-made", start, makeFolder, Settles},
     {"export-begun", start, beginExport, Adds},
     {"export", start, synchronize, Settles},
-    {"fill", [](Client&) {}, fillCache, Whole, false, L"", {}, false},
+    {"fill", [](Client&) {}, fillCache, Settles, false, L"", {}, false},
     {"fill-new", [](Client&) { DeleteFileW(Stage::current().file(L"connec00.mdb").c_str()); }, fillCache,
      Whole},
 };
