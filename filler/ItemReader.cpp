@@ -4,6 +4,7 @@
 
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
+#include "automation/Told.h"
 
 namespace filler {
 namespace {
@@ -17,12 +18,12 @@ void readItem(const OpenFolder& folder, long position, std::set<std::wstring>& s
     try {
         const Object item = folder.items.object(outlook::ItemAt, position);
         if (item.objectClass() != outlook::kContact) return;
-        id = item.text(outlook::EntryID);
+        id = told(item, outlook::EntryID).text();
         if (seen.insert(id).second) result.contacts.push_back(readContact(item, id));
     } catch (const Fault& fault) {
         if (saysOutlookFailed(fault)) throw;
         // So many have been deleted meanwhile that nothing stands at this position.
-        if (id.empty() && folder.items.integer(outlook::Count) < position) return;
+        if (id.empty() && told(folder.items, outlook::Count).integer() < position) return;
         result.addUnread(id, fault);
     }
 }

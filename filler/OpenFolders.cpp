@@ -9,6 +9,7 @@
 #include "automation/Attempts.h"
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
+#include "automation/Told.h"
 #include "filler/OutlookFault.h"
 
 namespace filler {
@@ -74,7 +75,7 @@ class Opening {
 
     void add(const Object& folder) {
         if (!folder) return;
-        const std::optional<std::size_t> store = positionOf(folder.text(outlook::StoreID));
+        const std::optional<std::size_t> store = positionOf(told(folder, outlook::StoreID).text());
         if (!store) {
             notes_.push_back(L"The folder " + pathOf(folder) +
                              L" was left out: the chosen folders lie in more than " +
@@ -82,7 +83,7 @@ class Opening {
             return;
         }
         Object items = folder.object(outlook::Items);
-        const long count = items.integer(outlook::Count);
+        const long count = told(items, outlook::Count).integer();
         result_.folders.push_back({folder, std::move(items), *store, count});
     }
 

@@ -2,25 +2,12 @@
 
 #include <utility>
 
-#include "automation/Fault.h"
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
+#include "automation/Told.h"
 #include "dialogs/FolderRules.h"
 
 namespace zelbar {
-
-namespace {
-
-/// What Outlook must say of a folder. Nothing, without an error, is no answer: taken for one, a folder would
-/// be missing from a list that counts as complete.
-Variant told(const Object& object, const Member& member) {
-    Variant answer = object.get(member);
-    if (answer.isNothing() || (answer.type() == VT_BSTR && answer.text().empty()))
-        throw runtimeFault(fault::kTypeMismatch);
-    return answer;
-}
-
-}  // namespace
 
 FolderSearch::FolderSearch(OutlookConnection& outlook, FLog& log, std::wstring limit)
     : outlook_(outlook),

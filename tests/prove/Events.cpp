@@ -85,8 +85,19 @@ constexpr Event kFaults[] = {
 
 // ---- What a client does while it waits
 
+/// What it finds meanwhile is not what it goes on with.
+template <class Work>
+void keepingItsContact(Client& client, const Work& work) {
+    const auto kept = client.contact;
+    work();
+    client.contact = kept;
+}
+
 constexpr Event kCalls[] = {
-    {.name = "search", .meets = atWaits, .meanwhile = [](Client& c) { c.first(L"61"); }, .isShort = true},
+    {.name = "search",
+     .meets = atWaits,
+     .meanwhile = [](Client& c) { keepingItsContact(c, [&] { c.first(L"61"); }); },
+     .isShort = true},
     {.name = "search-on-another",
      .meets = atWaits,
      .meanwhile =
@@ -96,7 +107,13 @@ constexpr Event kCalls[] = {
              other.open();
              other.first(L"61");
          }},
-    {.name = "next", .meets = atWaits, .meanwhile = [](Client& c) { c.next(); }},
+    {.name = "next",
+     .meets = atWaits,
+     .meanwhile = [](Client& c) { keepingItsContact(c, [&] { c.next(); }); }},
+    {.name = "numbers",
+     .meets = atWaits,
+     .meanwhile = [](Client& c) { c.get(c.contact.get(), &::Contact::get_PhoneNumbers); },
+     .isShort = true},
     {.name = "release-cursor", .meets = atWaits, .meanwhile = [](Client& c) { c.cursor.reset(); }},
     {.name = "release-contact", .meets = atWaits, .meanwhile = [](Client& c) { c.contact.reset(); }},
     {.name = "release-actions",

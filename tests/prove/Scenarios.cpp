@@ -144,16 +144,13 @@ void readContact(Client& c) {
         {"FirstName", &::Contact::get_FirstName},
         {"FullName", &::Contact::get_FullName},
     };
-    const auto ada = c.contact;
-    c.contact.reset();
-    if (!ada) return;
-    for (const auto& [name, member] : members) c.note(name, c.text(ada.get(), member));
-    list(c, "email", c.get(ada.get(), &::Contact::get_Emails));
-    list(c, "number", c.get(ada.get(), &::Contact::get_PhoneNumbers));
+    for (const auto& [name, member] : members) c.note(name, c.text(c.contact.get(), member));
+    list(c, "email", c.get(c.contact.get(), &::Contact::get_Emails));
+    list(c, "number", c.get(c.contact.get(), &::Contact::get_PhoneNumbers));
     VARIANT_BOOL equal = VARIANT_FALSE;
-    c.check(ada->IsEqual(ada.get(), &equal));
+    if (c.contact) c.check(c.contact.get()->IsEqual(c.contact.get(), &equal));
     c.note("equal", equal ? L"yes" : L"");
-    c.check(ada->Show());
+    if (c.contact) c.check(c.contact.get()->Show());
 }
 
 void searchAndRead(Client& c) {
