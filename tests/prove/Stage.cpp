@@ -288,8 +288,8 @@ void Stage::addSettings(Facts& facts, HKEY root, const std::wstring& path) {
         if (RegEnumValueW(key, i, name, &length, nullptr, nullptr, bytes, &size) != ERROR_SUCCESS) break;
         const std::string line =
             text(name) + "|" + text({reinterpret_cast<wchar_t*>(bytes), size / sizeof(wchar_t)});
-        // The first are a run's own; the last means what its absence means.
-        if (line.starts_with("OutlookTimeout") || line == "SynchroInProgress|0") continue;
+        // A run's own, and the flag of a filler, which the next one takes back.
+        if (line.starts_with("OutlookTimeout") || line.starts_with("Synchro")) continue;
         facts.insert("setting|" + text(path) + "|" + line);
     }
     for (DWORD i = 0;; ++i) {
