@@ -95,6 +95,8 @@ Object Gateway::running(Server server, const wchar_t* progId, ObjectClass object
         Com<IUnknown> active;
         const HRESULT answer = GetActiveObject(classId, nullptr, active.put());
         if (FAILED(answer)) return answer;
+        // Seen on Wine: success and no object, for a server that ended in this very moment.
+        if (!active) return MK_E_UNAVAILABLE;
         return active->QueryInterface(__uuidof(IDispatch), reinterpret_cast<void**>(target.put()));
     });
     if (FAILED(result)) throw faultOf(result, progId);
