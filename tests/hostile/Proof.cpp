@@ -195,8 +195,18 @@ long gdiCount() {
                      [](HANDLE pen) { DeleteObject(static_cast<HGDIOBJ>(pen)); });
 }
 long userCount() {
-    return highestOf([] { return static_cast<HANDLE>(CreateMenu()); },
-                     [](HANDLE menu) { DestroyMenu(static_cast<HMENU>(menu)); });
+    // The emulator's table is one for all processes, so windows are counted, the children with their parents.
+    static long count;
+    count = 0;
+    EnumThreadWindows(
+        GetCurrentThreadId(), [](HWND window, LPARAM) __stdcall->BOOL {
+            ++count;
+            EnumChildWindows(
+                window, [](HWND, LPARAM) __stdcall->BOOL { return ++count; }, 0);
+            return TRUE;
+        },
+        0);
+    return count;
 }
 
 }  // namespace hostile

@@ -61,7 +61,7 @@ class Proof {
 
 /// Bytes that are taken from all heaps of this process.
 long long heapBytes();
-/// Measures of this process's handles, GDI objects and windows, which grow with their numbers.
+/// Measures of this process's handles and GDI objects, which grow with their numbers, and its windows.
 long handleCount();
 long gdiCount();
 long userCount();
