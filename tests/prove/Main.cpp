@@ -54,14 +54,14 @@ std::string nameOf(const Scenario& scenario, Kind kind, long call, const Event& 
 }
 
 /// After so many calls a scenario repeats itself.
-constexpr long kBeforeLoops = 50;
+constexpr long kBeforeLoops = 40;
 
 /// The short form has each call meet one event, by turns; it samples the many allocations and repetitions,
 /// and calls in only while Outlook is asked.
 bool isWanted(const Order& order, Kind kind, long call, const Event& event) {
     if (!order.isShort) return true;
-    if (kind == Kind::Memory && call % 29 != 1) return false;
-    if (call > kBeforeLoops && call % 7 != 0) return false;
+    if (kind == Kind::Memory && call % 47 != 1) return false;
+    if (call > kBeforeLoops && call % 13 != 0) return false;
     if (event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
     std::vector<const Event*> wanted;
     for (const Event& each : order.events)

@@ -342,8 +342,14 @@ const Scenario kScenarios[] = {
     {"export-begun", start, beginExport, Adds},
     {"export", start, synchronize, Settles},
     {"fill", [](Client&) {}, fillCache, Settles, false, L"", {}, false},
-    {"fill-new", [](Client&) { DeleteFileW(Stage::current().file(L"connec00.mdb").c_str()); }, fillCache,
-     Settles},
+    {"fill-new",
+     [](Client&) { DeleteFileW(Stage::current().file(L"connec00.mdb").c_str()); },
+     fillCache,
+     Settles,
+     false,
+     L"",
+     {},
+     false},
 };
 
 }  // namespace
