@@ -21,6 +21,8 @@ class Com {
     Com(const Com<U>& other) : pointer_(other.get()) {
         addRef();
     }
+    template <class U>
+    Com(Com<U>&& other) noexcept : pointer_(other.detach()) {}
     ~Com() { reset(); }
 
     Com& operator=(Com other) noexcept {
