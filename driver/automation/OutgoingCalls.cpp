@@ -43,9 +43,13 @@ CallRules rulesUntil(ULONGLONG end, const CallClock& clock) {
 OutgoingCalls::~OutgoingCalls() {
     const ULONGLONG now = clock_.now();
     if (silent_ && now < refusesUntil_) return;
-    constexpr ULONGLONG kPatience = 1000;
-    const CallFilter filter(rulesUntil(now + kPatience, clock_));
-    late_.release([&] { return clock_.now() < now + kPatience; });
+    try {
+        constexpr ULONGLONG kPatience = 1000;
+        const CallFilter filter(rulesUntil(now + kPatience, clock_));
+        late_.release([&] { return clock_.now() < now + kPatience; });
+    } catch (...) {
+        // Without memory for it, what waits goes with the process.
+    }
 }
 
 ULONGLONG OutgoingCalls::end() const {

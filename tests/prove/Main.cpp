@@ -53,20 +53,22 @@ std::string nameOf(const Scenario& scenario, Kind kind, long call, const Event& 
            event.name;
 }
 
-/// After so many calls a scenario repeats itself.
-constexpr long kBeforeLoops = 40;
+/// After so many calls of a kind a scenario repeats itself: each further call meets one event, by turns.
+constexpr long kBeforeLoops = 60;
 
-/// The short form has each call meet one event, by turns; it samples the many allocations and repetitions,
-/// and calls in only while Outlook is asked.
+/// The short form has every call meet one event; it samples the many allocations and repetitions, and calls
+/// in only while Outlook is asked.
 bool isWanted(const Order& order, Kind kind, long call, const Event& event) {
-    if (!order.isShort) return true;
-    if (kind == Kind::Memory && call % 47 != 1) return false;
-    if (call > kBeforeLoops && call % 13 != 0) return false;
-    if (event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
-    std::vector<const Event*> wanted;
+    if (order.isShort) {
+        if (kind == Kind::Memory ? call % 47 != 1 : call > kBeforeLoops && call % 13 != 0) return false;
+        if (event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
+    } else if (call <= kBeforeLoops) {
+        return true;
+    }
+    std::vector<const Event*> turns;
     for (const Event& each : order.events)
-        if (each.isShort && each.meets(kind)) wanted.push_back(&each);
-    return !wanted.empty() && wanted[static_cast<std::size_t>(call) % wanted.size()] == &event;
+        if (each.meets(kind) && (each.isShort || !order.isShort)) turns.push_back(&each);
+    return !turns.empty() && turns[static_cast<std::size_t>(call) % turns.size()] == &event;
 }
 
 void sweep(HMODULE module, const Order& order) {
