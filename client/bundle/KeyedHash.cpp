@@ -22,36 +22,33 @@ PUCHAR bytesOf(const void* data) {
     return static_cast<PUCHAR>(const_cast<void*>(data));
 }
 
-class HmacProvider {
-  public:
-    HmacProvider() {
-        pimcall::bundle::require(BCryptOpenAlgorithmProvider(&handle_, BCRYPT_SHA256_ALGORITHM, nullptr,
-                                                             BCRYPT_ALG_HANDLE_HMAC_FLAG));
-    }
-    ~HmacProvider() { BCryptCloseAlgorithmProvider(handle_, 0); }
-    HmacProvider(const HmacProvider&) = delete;
-    HmacProvider& operator=(const HmacProvider&) = delete;
+BCRYPT_ALG_HANDLE openProvider() {
+    BCRYPT_ALG_HANDLE provider = nullptr;
+    require(BCryptOpenAlgorithmProvider(&provider, BCRYPT_SHA256_ALGORITHM, nullptr,
+                                        BCRYPT_ALG_HANDLE_HMAC_FLAG));
+    return provider;
+}
 
-    std::array<UCHAR, kHashBytes> hash(const std::string& key, const std::wstring& text) const {
-        BCRYPT_HASH_HANDLE run = nullptr;
-        std::array<UCHAR, kHashBytes> result{};
-        pimcall::bundle::require(
-            BCryptCreateHash(handle_, &run, nullptr, 0, bytesOf(key.data()), kKeyBytes, 0));
-        NTSTATUS status =
-            BCryptHashData(run, bytesOf(text.data()), static_cast<ULONG>(text.size() * sizeof(wchar_t)), 0);
-        if (status >= 0) status = BCryptFinishHash(run, result.data(), kHashBytes, 0);
-        BCryptDestroyHash(run);
-        pimcall::bundle::require(status);
-        return result;
-    }
-
-  private:
-    BCRYPT_ALG_HANDLE handle_ = nullptr;
-};
+std::array<UCHAR, kHashBytes> hashed(BCRYPT_ALG_HANDLE provider, const std::string& key,
+                                     const std::wstring& text) {
+    BCRYPT_HASH_HANDLE run = nullptr;
+    std::array<UCHAR, kHashBytes> result{};
+    require(BCryptCreateHash(provider, &run, nullptr, 0, bytesOf(key.data()), kKeyBytes, 0));
+    NTSTATUS status =
+        BCryptHashData(run, bytesOf(text.data()), static_cast<ULONG>(text.size() * sizeof(wchar_t)), 0);
+    if (status >= 0) status = BCryptFinishHash(run, result.data(), kHashBytes, 0);
+    BCryptDestroyHash(run);
+    require(status);
+    return result;
+}
 
 }  // namespace
 
-KeyedHash::KeyedHash() : key_(kKeyBytes, '\0') {
+void KeyedHash::CloseProvider::operator()(void* provider) const {
+    BCryptCloseAlgorithmProvider(provider, 0);
+}
+
+KeyedHash::KeyedHash() : provider_(openProvider()), key_(kKeyBytes, '\0') {
     require(BCryptGenRandom(nullptr, bytesOf(key_.data()), kKeyBytes, BCRYPT_USE_SYSTEM_PREFERRED_RNG));
 }
 
@@ -60,8 +57,7 @@ const std::wstring& KeyedHash::of(const std::wstring& text) {
     if (!isNew) return entry->second;
     constexpr std::wstring_view kLetters = L"bcdfghjklmnpqrstvwxz";
     constexpr std::size_t kLength = 9;
-    static const HmacProvider provider;
-    const auto hash = provider.hash(key_, text);
+    const auto hash = hashed(provider_.get(), key_, text);
     for (std::size_t i = 0; i < kLength; ++i)
         entry->second += kLetters[(hash[2 * i] * 256u + hash[2 * i + 1]) % kLetters.size()];
     return entry->second;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 
 namespace pimcall::bundle {
@@ -17,6 +18,11 @@ class KeyedHash {
     const std::wstring& of(const std::wstring& text);
 
   private:
+    struct CloseProvider {
+        void operator()(void* provider) const;
+    };
+
+    std::unique_ptr<void, CloseProvider> provider_;  // Windows' algorithm
     std::string key_;
     std::map<std::wstring, std::wstring> known_;
 };

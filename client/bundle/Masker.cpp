@@ -54,7 +54,7 @@ bool isErrorCode(std::wstring_view word) {
 std::size_t behindTime(std::wstring_view line) {
     constexpr std::size_t kLongestTime = 30;
     const std::size_t end = line.find(L": ");
-    if (end == std::wstring_view::npos || end > kLongestTime || !isDigit(line.front())) return 0;
+    if (end > kLongestTime || !isDigit(line.front())) return 0;
     const std::wstring_view time = line.substr(0, end);
     // Two colons or points of a time, and nothing that makes a telephone number: "+", or one run of digits.
     const bool isTime = time.find(L':') != std::wstring_view::npos &&

@@ -15,7 +15,7 @@ std::wstring freshName() {
     SYSTEMTIME now{};
     GetLocalTime(&now);
     wchar_t name[60] = {};
-    swprintf(name, ARRAYSIZE(name), L"tessaria-%04u%02u%02u-%02u%02u%02u.zip", now.wYear, now.wMonth,
+    (void)swprintf(name, ARRAYSIZE(name), L"tessaria-%04u%02u%02u-%02u%02u%02u.zip", now.wYear, now.wMonth,
              now.wDay, now.wHour, now.wMinute, now.wSecond);
     return name;
 }

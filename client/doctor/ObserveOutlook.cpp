@@ -93,7 +93,8 @@ void observeNewOutlook(OutlookFacts& outlook) {
 std::vector<std::wstring> officeVersions(const ProgramFile& program) {
     std::vector<std::wstring> versions = {L"16.0", L"15.0", L"14.0", L"12.0", L"11.0"};
     const std::wstring own = program.version.substr(0, program.version.find(L'.')) + L".0";
-    std::ranges::stable_partition(versions, [&](const std::wstring& version) { return version == own; });
+    std::stable_partition(versions.begin(), versions.end(),
+                          [&](const std::wstring& version) { return version == own; });
     return versions;
 }
 
