@@ -27,7 +27,7 @@ class SystemClock final : public CallClock {
 }  // namespace
 
 CallClock& systemClock() {
-    static SystemClock clock;
+    static constinit SystemClock clock;
     return clock;
 }
 

@@ -50,15 +50,15 @@ class CallFilter::Filter final : public IMessageFilter {
     CallRules rules_;
     Com<IMessageFilter> before_;
     bool inForce_ = true;
-    ULONG references_ = 0;
+    ULONG references_ = 1;
 };
 
-CallFilter::CallFilter(CallRules rules) {
-    const auto filter = Com<Filter>::share(new Filter(std::move(rules)));
+CallFilter::CallFilter(CallRules rules) : filter_(Com<Filter>::adopt(new Filter(std::move(rules)))) {
     Com<IMessageFilter> before;
-    if (CoRegisterMessageFilter(filter.get(), before.put()) != S_OK) return;
-    filter->stand(std::move(before));
-    filter_ = filter;
+    if (CoRegisterMessageFilter(filter_.get(), before.put()) == S_OK)
+        filter_->stand(std::move(before));
+    else
+        filter_.reset();
 }
 
 CallFilter::~CallFilter() {

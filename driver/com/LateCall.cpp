@@ -169,7 +169,7 @@ void take(VARIANT& argument, const IID& wanted, std::deque<Stand>& stands) {
             throw runtimeFault(fault::kTypeMismatch);
         value = Variant(Com<IDispatch>::adopt(face));
     }
-    argument = stands.emplace_back(std::move(value), nullptr).value.raw();
+    argument = stands.emplace_back(Stand{std::move(value), nullptr}).value.raw();
 }
 
 HRESULT substituteAll(const Function& function, std::vector<VARIANT>& arguments, std::deque<Stand>& stands) {

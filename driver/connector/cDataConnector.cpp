@@ -19,7 +19,7 @@ constexpr long kOutlookPim = 0x1000;
 
 /// The default store, then the stores of the table; `storeTried` tells the last one. None when no store has
 /// it.
-Object itemInAnyStore(OutlookConnection& connection, StoreTable stores, FLog& log,
+Object itemInAnyStore(OutlookConnection& connection, const StoreTable& stores, FLog& log,
                       const std::wstring& entryId, std::wstring& storeTried) {
     Attempts attempt;
     Object session, item;
@@ -104,7 +104,8 @@ Com<cContact> cDataConnector::DataConnector_GetContactByContactID(const std::wst
     log.trace(L"GetContactByContactID: ID=", entryId);
     auto contact = makeObject<cContact>(contactParts(state_));
     std::wstring store;
-    const Object item = itemInAnyStore(state_.outlook, state_.cache.stores(), log, entryId, store);
+    const StoreTable stores = state_.cache.stores();  // a copy: the calls may bring a new table
+    const Object item = itemInAnyStore(state_.outlook, stores, log, entryId, store);
     if (!item) {
         contact->setNotInPIM(true);
         log.trace(L"GetContactByContactID: NOK");

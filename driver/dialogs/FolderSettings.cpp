@@ -41,6 +41,7 @@ std::optional<StoredSelection> FolderSettings::selection() const {
 void FolderSettings::save(const std::vector<cfolder*>& folders, bool configChanged) {
     const std::vector<StoredFolder> before = storedFolders();
     std::vector<StoredFolder> chosen;
+    chosen.reserve(folders.size());
     for (const cfolder* folder : folders)
         chosen.push_back({folder->EntryId, folder->StoreID, folder->IsSelected});
     try {

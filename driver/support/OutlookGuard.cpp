@@ -58,7 +58,7 @@ OutlookGuard byComputer(const std::wstring& key) {
     constexpr DWORD kNever = 2, kAlways = 1;
     constexpr wchar_t kName[] = L"ObjectModelGuard";
     const auto guard = numberIn(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Office\\" + key, kName);
-    if (guard == kNever || guard == kAlways) return {guard == kNever, said(kName, *guard)};
+    if (guard && (*guard == kNever || *guard == kAlways)) return {*guard == kNever, said(kName, *guard)};
     return isAntivirusGood() ? OutlookGuard{true, L"Windows reports an active antivirus"}
                              : OutlookGuard{false, L"Windows reports no active antivirus"};
 }
