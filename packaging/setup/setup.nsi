@@ -50,6 +50,7 @@ VIAddVersionKey /LANG=0 LegalCopyright ""
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
+!define MUI_COMPONENTSPAGE_SMALLDESC ; the parts' names need the width of the page
 Page custom askForWhom takeForWhom
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_COMPONENTS
@@ -419,6 +420,7 @@ FunctionEnd
 
 Section "$(DriverPart)" DRIVER_PART
     SectionIn RO
+    AddSize ${SIZE_KB}
     InitPluginsDir
     Call useContext
     Call refuseOthers
