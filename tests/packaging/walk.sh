@@ -110,13 +110,16 @@ run 0 '' reg delete 'HKLM\Software\Classes\zelbar00.cDataConnector' /f
 run 0 '' "$new-setup.exe" /S
 driver_answers
 
-# While a program uses the driver: what it has goes on, what starts gets the new one; 3010 means a restart.
+# While a program uses the driver: what it has goes on, what starts gets the new one (3010 means a restart), or
+# none when it is removed; the next setup clears away what had to stay.
 cp "$ROOT/tests/packaging/hold.js" "$WALK"
 (cd "$WALK" && timeout -k 5 60 "$WINE" cscript //nologo hold.js </dev/null >"$WALK/hold.log" 2>&1) &
 holder=$!
 await [ -e "$PREFIX/drive_c/held" ]
 run $((3010 & 255)) 'close it and start it again' "$new-setup.exe" /S
 driver_answers
+run 0 '' "$machine/uninstall.exe" /S
+await [ ! -e "$machine/pimcall.exe" ]
 touch "$PREFIX/drive_c/stop"
 wait "$holder" || fail "the driver in use failed: $(cat "$WALK/hold.log")"
 rm "$PREFIX/drive_c/stop" "$PREFIX/drive_c/held"
