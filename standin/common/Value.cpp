@@ -33,6 +33,21 @@ Value toValue(Date date) {
     return Value(date.days, VT_DATE);
 }
 
+Value gridOf(std::size_t columns, std::vector<Value> cells) {
+    const std::size_t rows = columns == 0 ? 0 : cells.size() / columns;
+    SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(columns), 0}, {static_cast<ULONG>(rows), 0}};
+    VARIANT raw;
+    VariantInit(&raw);
+    raw.parray = SafeArrayCreate(VT_VARIANT, 2, bounds);
+    if (!raw.parray) throw std::bad_alloc();
+    raw.vt = VT_ARRAY | VT_VARIANT;
+    Value grid;
+    grid.Attach(raw);
+    auto* target = static_cast<VARIANT*>(raw.parray->pvData);
+    for (Value& cell : cells) *target++ = cell.Detach();
+    return grid;
+}
+
 std::wstring toText(const Value& value) {
     if (value.vt != VT_BSTR) return toText(converted(value, VT_BSTR));
     return std::wstring(value.bstrVal ? value.bstrVal : L"", SysStringLen(value.bstrVal));

@@ -6,6 +6,7 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace standin {
 
@@ -60,6 +61,9 @@ template <std::derived_from<IUnknown> T>
 requires(!std::derived_from<T, IDispatch>) Value toValue(const Ref<T>& object) {
     return Value(static_cast<IUnknown*>(object.Get()));
 }
+
+// An array of columns by rows, both counted from 0, of cells that follow each other row by row.
+Value gridOf(std::size_t columns, std::vector<Value> cells);
 
 // Automation to C++, with automation's own conversions; throws a plain DISP_E_TYPEMISMATCH or
 // DISP_E_OVERFLOW.

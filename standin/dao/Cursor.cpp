@@ -12,13 +12,13 @@ constexpr int kRecordDeleted = 3167;
 
 }  // namespace
 
-Cursor::Cursor(JetFile& file, SelectPlan plan, CursorKind kind)
+Cursor::Cursor(JetFile& file, SelectPlan plan, CursorKind kind, bool onlyAppends)
     : file_(file), plan_(std::move(plan)), kind_(kind) {
-    const bool keyed = kind_ == CursorKind::table || kind_ == CursorKind::dynaset;
-    if (keyed) {
-        loadKeys();
-    } else {
+    if (kind_ == CursorKind::snapshot) {
         loadRows();
+    } else {
+        if (!onlyAppends) loadKeys();
+        rowStatement_.emplace(file_.connection().prepare(plan_.rowSql));
     }
     live_ = firstAdded_ = rowCount();
     if (rowCount() == 0) return;
@@ -37,7 +37,6 @@ void Cursor::loadKeys() {
         for (int table = 0; table < tables; ++table) keys_.push_back(keys.integer(table));
         states_.push_back(RowState::there);
     }
-    rowStatement_.emplace(file_.connection().prepare(plan_.rowSql));
 }
 
 void Cursor::loadRows() {
@@ -53,7 +52,7 @@ void Cursor::loadRows() {
 }
 
 bool Cursor::isUpdatable() const {
-    return rowStatement_ && plan_.tables.size() == 1 && !file_.isReadOnly();
+    return isChangeable() && plan_.tables.size() == 1 && !file_.isReadOnly();
 }
 
 void Cursor::moveFirst() {
@@ -80,16 +79,16 @@ void Cursor::settle(std::ptrdiff_t index, int direction) {
     adding_ = false;
     current_.clear();
     const auto end = static_cast<std::ptrdiff_t>(rowCount());
-    while (index >= 0 && index < end && states_[static_cast<std::size_t>(index)] == RowState::removed) {
-        index += direction;
-    }
-    before_ = index < 0;
-    after_ = index >= end;
-    if (!before_ && !after_) {
+    before_ = after_ = false;
+    for (; index >= 0 && index < end; index += direction) {
+        if (states_[static_cast<std::size_t>(index)] == RowState::removed) continue;
         at_ = static_cast<std::size_t>(index);
-        return land();
+        land();
+        // Who cannot come back does not meet what has gone.
+        if (kind_ != CursorKind::forwardOnly || !current_.empty()) return;
     }
-    if (live_ == 0) before_ = after_ = true;
+    before_ = index < 0 || live_ == 0;
+    after_ = index >= end || live_ == 0;
 }
 
 void Cursor::land() {
@@ -115,7 +114,7 @@ void Cursor::readRow() {
     }
     current_.clear();
     Statement& row = *rowStatement_;
-    const Reading reading(row);
+    const Resetting after(row);
     const std::size_t tables = plan_.tables.size();
     for (std::size_t table = 0; table < tables; ++table) {
         row.bind(static_cast<int>(table) + 1, Cell(keys_[at_ * tables + table]));
@@ -135,7 +134,7 @@ void Cursor::checkCurrent() {
 }
 
 void Cursor::checkUpdatable() const {
-    if (!rowStatement_) raise(3251);
+    if (!isChangeable()) raise(3251);
     if (!isUpdatable()) raise(3027);
 }
 
@@ -197,7 +196,7 @@ void Cursor::insertRow() {
         insertStatement_.emplace(file_.connection().prepare(L"INSERT INTO " + quoted(plan_.tables.front()) +
                                                             L" (" + names + L") VALUES (" + places + L")"));
     }
-    const Reading reading(*insertStatement_);
+    const Resetting after(*insertStatement_);
     insertStatement_->bind(buffer_);
     insertStatement_->step();
     keys_.push_back(file_.connection().lastRow());

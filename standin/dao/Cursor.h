@@ -15,7 +15,8 @@ enum class CursorKind : short { table = 1, dynaset = 2, snapshot = 4, forwardOnl
 /// on it. Throws DaoError.
 class Cursor {
   public:
-    Cursor(JetFile& file, SelectPlan plan, CursorKind kind);
+    /// One that `onlyAppends` begins without rows, whatever the query would find.
+    Cursor(JetFile& file, SelectPlan plan, CursorKind kind, bool onlyAppends = false);
 
     const std::vector<ResultField>& fields() const { return plan_.fields; }
     CursorKind kind() const { return kind_; }
@@ -31,6 +32,9 @@ class Cursor {
     void moveNext();
     void movePrevious();
 
+    /// For reading many rows: takes the file's lock once and not for each.
+    Reading readTogether() { return Reading(file_.connection()); }
+
     /// What a field holds: of the row being added, else of the current one.
     const Cell& value(std::size_t field);
     void setValue(std::size_t field, Cell value);
@@ -42,6 +46,7 @@ class Cursor {
   private:
     enum class RowState : char { there, goneByOthers, removed };
 
+    bool isChangeable() const { return kind_ == CursorKind::table || kind_ == CursorKind::dynaset; }
     std::size_t rowCount() const { return states_.size(); }
     void loadRows();
     void loadKeys();

@@ -7,6 +7,7 @@
 namespace standin::dao {
 namespace {
 
+constexpr long kAppendOnlyOption = 8;
 constexpr long kFailOnErrorOption = 128;
 
 CursorKind kindFor(long type) {
@@ -55,7 +56,9 @@ Ref<IDispatch> Database::openRecordset(const Arguments& arguments) {
     const CursorKind usual = isQuery ? CursorKind::dynaset : CursorKind::table;
     const CursorKind kind = arguments.has(1) ? kindFor(arguments.number(1)) : usual;
     if (kind == CursorKind::table && isQuery) raise(3219);
-    auto cursor = std::make_unique<Cursor>(*file_, file_->plan(source), kind);
+    const bool onlyAppends = (arguments.number(2, 0) & kAppendOnlyOption) != 0;
+    if (onlyAppends && kind != CursorKind::dynaset) raise(3001);
+    auto cursor = std::make_unique<Cursor>(*file_, file_->plan(source), kind, onlyAppends);
     return makeObject<Recordset>(server(), Ref<Database>(this), std::move(cursor));
 }
 

@@ -64,6 +64,7 @@ Value Recordset::getRows(const Arguments& arguments) {
     const long most = arguments.number(0, 1);
     if (most < 1) raise(3001);
     if (cursor_->isAfterLast()) raise(3021);
+    const Reading together = cursor_->readTogether();
     std::vector<Value> cells;
     const std::vector<ResultField>& fields = cursor_->fields();
     for (long row = 0; row < most && !cursor_->isAfterLast(); ++row) {
@@ -71,18 +72,7 @@ Value Recordset::getRows(const Arguments& arguments) {
             cells.push_back(toClient(cursor_->value(i), fields[i].column.type));
         cursor_->moveNext();
     }
-    const auto columns = static_cast<ULONG>(fields.size());
-    SAFEARRAYBOUND bounds[] = {{columns, 0}, {static_cast<ULONG>(cells.size()) / columns, 0}};
-    VARIANT raw;
-    VariantInit(&raw);
-    raw.parray = SafeArrayCreate(VT_VARIANT, 2, bounds);
-    if (!raw.parray) throw std::bad_alloc();
-    raw.vt = VT_ARRAY | VT_VARIANT;
-    Value array;
-    array.Attach(raw);
-    auto* target = static_cast<VARIANT*>(raw.parray->pvData);
-    for (Value& cell : cells) *target++ = cell.Detach();
-    return array;
+    return gridOf(fields.size(), std::move(cells));
 }
 
 }  // namespace standin::dao

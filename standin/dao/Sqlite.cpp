@@ -166,9 +166,18 @@ Connection::Connection(const std::wstring& path, Access access) {
     // A transaction stays in memory until it is committed, so that readers see the old data without waiting.
     run(L"PRAGMA cache_spill = OFF");
     run(L"PRAGMA temp_store = MEMORY");
-    run(L"PRAGMA cache_size = -65536");
+    run(L"PRAGMA cache_size = -16384");
     // What is committed survives the process; it need not survive the machine.
     run(L"PRAGMA synchronous = OFF");
+}
+
+Reading::Reading(Connection& connection)
+    : connection_(connection), open_(sqlite3_get_autocommit(connection.connection_.get()) != 0) {
+    if (open_) connection_.run(L"BEGIN");
+}
+
+Reading::~Reading() {
+    if (open_) sqlite3_exec(connection_.connection_.get(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 void Connection::run(std::wstring_view sql) {

@@ -42,12 +42,12 @@ class Statement {
 };
 
 /// Resets a statement at the end of a scope.
-class Reading {
+class Resetting {
   public:
-    explicit Reading(Statement& statement) : statement_(statement) {}
-    ~Reading() { statement_.reset(); }
-    Reading(const Reading&) = delete;
-    Reading& operator=(const Reading&) = delete;
+    explicit Resetting(Statement& statement) : statement_(statement) {}
+    ~Resetting() { statement_.reset(); }
+    Resetting(const Resetting&) = delete;
+    Resetting& operator=(const Resetting&) = delete;
 
   private:
     Statement& statement_;
@@ -68,7 +68,21 @@ class Connection {
     bool isReadOnly() const { return sqlite3_db_readonly(connection_.get(), "main") == 1; }
 
   private:
+    friend class Reading;
     std::unique_ptr<sqlite3, ConnectionCloser> connection_;
+};
+
+/// While it lives, what is read is of one moment; the file is locked once and not for each statement.
+class Reading {
+  public:
+    explicit Reading(Connection& connection);
+    ~Reading();
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+  private:
+    Connection& connection_;
+    bool open_;
 };
 
 /// Throws the DaoError for the connection's last failure.

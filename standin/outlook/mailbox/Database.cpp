@@ -103,6 +103,15 @@ Bytes Query::data(int column) const {
     return bytes ? Bytes(bytes, bytes + sqlite3_column_bytes(statement_, column)) : Bytes();
 }
 
+Reading::Reading(Database& database)
+    : database_(database), open_(sqlite3_get_autocommit(database.handle_) != 0) {
+    if (open_) database_.run("BEGIN");
+}
+
+Reading::~Reading() {
+    if (open_) sqlite3_exec(database_.handle_, "COMMIT", nullptr, nullptr, nullptr);
+}
+
 Transaction::Transaction(Database& database)
     : database_(database), open_(sqlite3_get_autocommit(database.handle_) != 0) {
     if (open_) database_.run("BEGIN IMMEDIATE");

@@ -36,6 +36,7 @@ class Database {
 
   private:
     friend class Query;
+    friend class Reading;
     friend class Transaction;
     sqlite3* handle_ = nullptr;
     // Prepared statements that no query is using.
@@ -69,6 +70,19 @@ class Query {
     std::string sql_;
     sqlite3_stmt* statement_ = nullptr;
     int bound_ = 0;
+};
+
+// While it lives, what is read is of one moment; the file is locked once and not for each query.
+class Reading {
+  public:
+    explicit Reading(Database& database);
+    ~Reading();
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+  private:
+    Database& database_;
+    bool open_;
 };
 
 // Rolls back unless committed. May be nested; the inner ones then do nothing.

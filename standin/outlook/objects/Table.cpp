@@ -7,21 +7,6 @@
 #include "standin/outlook/objects/TableColumns.h"
 
 namespace standin::outlook {
-namespace {
-
-Value newArray(std::size_t columns, std::size_t rows) {
-    SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(columns), 0}, {static_cast<ULONG>(rows), 0}};
-    VARIANT raw;
-    VariantInit(&raw);
-    raw.parray = SafeArrayCreate(VT_VARIANT, 2, bounds);
-    if (!raw.parray) throw std::bad_alloc();
-    raw.vt = VT_ARRAY | VT_VARIANT;
-    Value value;
-    value.Attach(raw);
-    return value;
-}
-
-}  // namespace
 
 Table::Table(std::shared_ptr<Session> session, RowId folder, bool hidden)
     : OutlookObject(std::move(session), ObjectClass::Table), state_(std::make_shared<TableState>()) {
@@ -65,11 +50,12 @@ Ref<Object> Table::columns() {
 Value Table::getArray(const Arguments& arguments) {
     const long most = arguments.number(0);
     if (most < 1) throw badParameter(server());
+    const Reading together(mailbox().database());
     const std::vector<RowId>& all = rows();
     const std::size_t begin = std::min(state_->next, all.size());
     const std::size_t count = std::min(static_cast<std::size_t>(most), all.size() - begin);
-    Value array = newArray(state_->columns.size(), count);
-    auto* cell = static_cast<VARIANT*>(array.parray->pvData);
+    std::vector<Value> cells;
+    cells.reserve(count * state_->columns.size());
     // Identifiers alone are told without reading the items.
     const bool isRead = std::ranges::any_of(state_->columns, showsContent);
     for (std::size_t row = begin; row < begin + count; ++row) {
@@ -79,10 +65,10 @@ Value Table::getArray(const Arguments& arguments) {
             item->folder = state_->folder;
         }
         for (const std::wstring& column : state_->columns)
-            *cell++ = item ? cellOf(*this, *item, column).Detach() : VARIANT{};
+            cells.push_back(item ? cellOf(*this, *item, column) : Value());
     }
     state_->next = begin + count;
-    return array;
+    return gridOf(state_->columns.size(), std::move(cells));
 }
 
 const MemberTable& Columns::members() const {
