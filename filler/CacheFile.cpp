@@ -97,7 +97,12 @@ void CacheFile::close() noexcept {
 }
 
 Transaction::Transaction(const Object& workspace) : workspace_(workspace) {
+    begin();
+}
+
+void Transaction::begin() {
     workspace_.call(dao::BeginTrans);
+    open_ = true;
 }
 
 Transaction::~Transaction() {
@@ -107,6 +112,11 @@ Transaction::~Transaction() {
 void Transaction::commit() {
     workspace_.call(dao::CommitTrans);
     open_ = false;
+}
+
+void Transaction::commitAndGoOn() {
+    commit();
+    begin();
 }
 
 }  // namespace filler

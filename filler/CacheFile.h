@@ -47,10 +47,14 @@ class Transaction {
     Transaction& operator=(const Transaction&) = delete;
 
     void commit();
+    /// What follows is in a transaction of its own.
+    void commitAndGoOn();
 
   private:
+    void begin();
+
     zelbar::Object workspace_;
-    bool open_ = true;
+    bool open_ = false;
 };
 
 }  // namespace filler

@@ -36,10 +36,6 @@ const TableLayout& numberLayout() {
     return kLayout;
 }
 
-RecordView viewOf(const Record& record) {
-    return {record[0], record[1], record[2], record[3]};
-}
-
 namespace {
 
 /// By their names: a table that others have made may have them in another order.
@@ -54,8 +50,10 @@ std::wstring selection(const TableLayout& layout) {
 
 CacheTable::CacheTable(const zelbar::Object& database, const TableLayout& layout, Use use)
     : use_(use),
-      rows_(database.object(dao::OpenRecordset, selection(layout),
-                            use == Use::Read ? dao::kOpenForwardOnly : dao::kOpenDynaset)) {
+      rows_(use == Use::Append
+                ? database.object(dao::OpenRecordset, selection(layout), dao::kOpenDynaset, dao::kAppendOnly)
+                : database.object(dao::OpenRecordset, selection(layout),
+                                  use == Use::Read ? dao::kOpenForwardOnly : dao::kOpenDynaset)) {
     // A field object shows the value of whatever row is current: it is fetched once.
     for (const wchar_t* column : layout.columns) fields_.push_back(rows_.object(dao::FieldNamed, column));
 }
@@ -70,37 +68,45 @@ bool CacheTable::atEnd() const {
 }
 
 void CacheTable::next() {
-    if (use_ == Use::Change)
+    if (use_ != Use::Read)
         rows_.call(dao::MoveNext);
     else if (++at_ >= block_->rows())
         block_.reset();
 }
 
-std::optional<Record> CacheTable::current() {
-    if (use_ == Use::Read) return blockRow();
+std::optional<RecordView> CacheTable::current() {
+    if (use_ == Use::Read) return rowOfBlock();
     try {
-        Record record;
-        for (std::size_t i = 0; i < fields_.size(); ++i) record[i] = fields_[i].text(dao::Value);
-        return record;
+        for (std::size_t i = 0; i < fields_.size(); ++i) record_[i] = fields_[i].text(dao::Value);
+        return RecordView{record_[0], record_[1], record_[2], record_[3]};
     } catch (const Fault& fault) {
         if (fault.number != kRecordDeleted && fault.number != kNoCurrentRecord) throw;
         return std::nullopt;
     }
 }
 
-/// A call for each value would make most of an unchanged run's time.
-Record CacheTable::blockRow() {
+void CacheTable::readBlock() {
     constexpr long kRowsInOneCall = 500;
-    if (!block_) {
-        block_ = std::make_unique<VariantGrid>(rows_.get(dao::GetRows, kRowsInOneCall));
-        at_ = 0;
-        if (block_->rows() == 0 || block_->columns() < fields_.size())
-            throw Fault{kNoCurrentRecord, L"the engine gave no rows", L"DAO"};
+    block_ = std::make_unique<VariantGrid>(rows_.get(dao::GetRows, kRowsInOneCall));
+    at_ = 0;
+    if (block_->rows() == 0 || block_->columns() < fields_.size())
+        throw Fault{kNoCurrentRecord, L"the engine gave no rows", L"DAO"};
+}
+
+/// A call for each value, or a copy of each text, would make most of an unchanged run's time.
+RecordView CacheTable::rowOfBlock() {
+    if (!block_) readBlock();
+    RecordView row;
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const VARIANT& cell = block_->cell(at_, i);
+        if (cell.vt == VT_BSTR) {
+            row[i] = {cell.bstrVal, SysStringLen(cell.bstrVal)};
+        } else {
+            record_[i] = zelbar::Variant::copyOf(cell).text();
+            row[i] = record_[i];
+        }
     }
-    Record record;
-    for (std::size_t i = 0; i < fields_.size(); ++i)
-        record[i] = zelbar::Variant::copyOf(block_->cell(at_, i)).text();
-    return record;
+    return row;
 }
 
 void CacheTable::remove() const {
@@ -118,7 +124,7 @@ void CacheTable::add(const RecordView& record) const {
 
 bool tableExists(const Object& database, const TableLayout& layout) {
     try {
-        const CacheTable opened(database, layout, CacheTable::Use::Read);
+        const CacheTable opened(database, layout, CacheTable::Use::Append);
         return true;
     } catch (const Fault& fault) {
         if (fault.number != kUnknownTable) throw;

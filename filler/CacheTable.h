@@ -21,8 +21,6 @@ using Record = std::array<std::wstring, kMostColumns>;
 /// The same with texts that lie elsewhere.
 using RecordView = std::array<std::wstring_view, kMostColumns>;
 
-RecordView viewOf(const Record& record);
-
 /// A table of the cache: its columns, and the statements that make it with its indexes.
 struct TableLayout {
     const wchar_t* name;
@@ -38,7 +36,8 @@ const TableLayout& numberLayout();
 /// The rows of one table, walked once from first to last. Every member throws a Fault.
 class CacheTable {
   public:
-    enum class Use { Read, Change };
+    /// Hundreds of rows are read in one call; or rows can be removed; or added, to a table that seems empty.
+    enum class Use { Read, Remove, Append };
 
     CacheTable(const zelbar::Object& database, const TableLayout& layout, Use use);
     ~CacheTable();
@@ -47,19 +46,20 @@ class CacheTable {
 
     bool atEnd() const;
     void next();
-    /// The current row; nothing when somebody has deleted it meanwhile.
-    std::optional<Record> current();
-    /// Deletes the current row; move on before the next read. This and `add` are for tables opened to be
-    /// changed.
+    /// The current row, until `next`; nothing when somebody has deleted it meanwhile.
+    std::optional<RecordView> current();
+    /// Deletes the current row; move on before the next read.
     void remove() const;
     void add(const RecordView& record) const;
 
   private:
-    Record blockRow();
+    RecordView rowOfBlock();
+    void readBlock();
 
     Use use_;
     zelbar::Object rows_;
     std::vector<zelbar::Object> fields_;
+    Record record_;  // the current row's texts, as far as they do not lie in the block
     // Of a table opened to be read: rows that have been fetched, and the current one among them.
     std::unique_ptr<VariantGrid> block_;
     std::size_t at_ = 0;

@@ -1,12 +1,13 @@
 #include "filler/TableReader.h"
 
 #include <optional>
-#include <set>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
+#include "filler/Digest.h"
 #include "filler/TableColumns.h"
 
 namespace filler {
@@ -17,6 +18,7 @@ using zelbar::Fault;
 using zelbar::Object;
 
 constexpr long kRowsInOneCall = 500;
+constexpr wchar_t kIdentifier[] = L"";
 
 /// The item has to be asked for a property.
 struct OnlyItemKnows {};
@@ -55,18 +57,20 @@ class Reader {
     /// would be deleted from the cache.
     bool readRows(const Object& table) {
         const TableColumns columns = TableColumns::forContacts(table);
-        std::set<std::wstring> seen;
+        std::unordered_set<std::wstring> seen;
+        Digest met, again;
         forEachRow(table, [&](const TableBlock& block, std::size_t row) {
             std::wstring id = columns.identifier(block, row);
-            if (seen.insert(id).second) takeRow(columns, block, row, std::move(id));
+            if (!seen.insert(id).second) return;
+            met.add(kIdentifier, RecordView{id});
+            takeRow(columns, block, row, std::move(id));
         });
         // Once more, the identifiers alone.
         const TableColumns identifiers = TableColumns::forIdentifiers(table);
-        std::set<std::wstring> again;
         forEachRow(table, [&](const TableBlock& block, std::size_t row) {
-            again.insert(identifiers.identifier(block, row));
+            again.add(kIdentifier, RecordView{identifiers.identifier(block, row)});
         });
-        return again == seen && static_cast<long>(seen.size()) == folder_.items.integer(outlook::Count);
+        return again == met && static_cast<long>(seen.size()) == folder_.items.integer(outlook::Count);
     }
 
     template <class Take>

@@ -24,6 +24,8 @@ class PresentedForms {
     /// once.
     std::vector<std::wstring> of(std::wstring_view field) const;
 
+    const Place& place() const { return place_; }
+
   private:
     class Writer;
 

@@ -17,6 +17,7 @@ inline constexpr long kUseJet = 2;
 inline constexpr long kOpenDynaset = 2;
 inline constexpr long kOpenSnapshot = 4;
 inline constexpr long kOpenForwardOnly = 8;
+inline constexpr long kAppendOnly = 8;
 inline constexpr long kMaxLocksPerFile = 62;
 
 /// Error numbers.
