@@ -4,15 +4,6 @@
 
 namespace zelbar {
 
-namespace {
-
-Gateway& scriptsGateway() {
-    static Gateway gateway;
-    return gateway;
-}
-
-}  // namespace
-
 ActionTest::ActionTest() {
     driver().log.load();
     anna = addContact(
@@ -38,7 +29,7 @@ Com<::CallAction> ActionTest::opener(short choice) {
 Com<cContact> ActionTest::known(const std::wstring& callInformation, const std::wstring& storeId) {
     auto contact = makeObject<cContact>(contactParts(driver()));
     contact->SetValues(
-        driver().outlook.GetContactFromID(outlook.mailbox().entryId(anna), storeId, L"test", L"known").item);
+        driver().outlook.GetContactFromID(mailbox.entryId(anna), storeId, L"test", L"known").item);
     contact->Contact_PersonalData(callInformation);
     return contact;
 }
@@ -59,16 +50,14 @@ Com<::Contact> ActionTest::run(::CallAction& action, Com<::Contact> contact) {
 }
 
 std::vector<ItemRecord> ActionTest::saved(SpecialFolder place) {
-    auto& mailbox = outlook.mailbox();
     std::vector<ItemRecord> result;
     for (const auto id : mailbox.items(mailbox.specialFolder(place).id)) result.push_back(*mailbox.item(id));
     return result;
 }
 
 std::vector<std::wstring> ActionTest::windows() {
-    const Object application =
-        scriptsGateway().create(Server::Outlook, outlook::kProgId, outlook::kApplication);
-    const Object inspectors = application.object({L"Inspectors"});
+    const Object inspectors =
+        Gateway().create(Server::Outlook, outlook::kProgId, outlook::kApplication).object({L"Inspectors"});
     std::vector<std::wstring> result;
     for (long i = 1; i <= inspectors.integer(outlook::Count); ++i) {
         const Object item = inspectors.object({L"Item"}, i).object({L"CurrentItem"});
@@ -76,10 +65,6 @@ std::vector<std::wstring> ActionTest::windows() {
         result.push_back(item.text({isContact ? L"FullName" : L"Subject"}));
     }
     return result;
-}
-
-Object lateBound(const Com<IDispatch>& object) {
-    return Object(scriptsGateway(), Server::Client, object, kUnknownClass);
 }
 
 Com<::ActionProperty> settingOf(::CallAction& action, const wchar_t* key) {

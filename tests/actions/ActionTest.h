@@ -1,7 +1,6 @@
 #pragma once
 
 #include "actions/cPIMActions.h"
-#include "automation/Object.h"
 #include "connector/Parts.h"
 #include "search/cContact.h"
 #include "tests/fixture/DriverTest.h"
@@ -33,13 +32,9 @@ class ActionTest : public DriverTest {
     std::vector<ItemRecord> saved(SpecialFolder folder);
     /// Full names or subjects of the items whose windows are open.
     std::vector<std::wstring> windows();
-    standin::FaultScript& faults() { return outlook.server().faults(); }
 
     ItemRecord anna;
 };
-
-/// An object as a script sees it.
-Object lateBound(const Com<IDispatch>& object);
 
 Com<::ActionProperty> settingOf(::CallAction& action, const wchar_t* key);
 std::wstring valueOf(::CallAction& action, const wchar_t* key);

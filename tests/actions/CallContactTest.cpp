@@ -3,6 +3,7 @@
 #include "automation/Bstr.h"
 #include "tests/actions/ActionTest.h"
 #include "tests/automation/StrictObject.h"
+#include "tests/com/LateClient.h"
 
 namespace zelbar {
 
@@ -13,15 +14,11 @@ enum : DISPID { kFullName, kNumber, kContactId, kStoreId, kNotInPim, kData };
 class CallContacts : public ActionTest {
   protected:
     /// Runs an action as a script does.
-    void runByName(long id, const Variant& argument) {
-        EXPECT_FALSE(lateBound(action(id)).get({L"ExecuteAction"}, argument).boolean());
-    }
-    static Variant reference(IDispatch*& object) {
-        Variant result;
-        VARIANT* raw = result.put();
-        raw->vt = VT_BYREF | VT_DISPATCH;
-        raw->ppdispVal = &object;
-        return result;
+    void runByName(long id, VARIANT argument, bool named = false) {
+        const auto answer = late(*action(id).get(), L"ExecuteAction", {argument}, kRead,
+                                 std::vector<const wchar_t*>(named, L"CallContact"));
+        EXPECT_EQ(answer.result, S_OK);
+        EXPECT_FALSE(answer.value.boolean());
     }
 
     /// A contact of the client's own making, with its members by number. Unset ones are broken.
@@ -43,11 +40,11 @@ class CallContacts : public ActionTest {
 TEST_F(CallContacts, AClientsOwnContactIsReadByName) {
     IDispatch* callers = &client;
     const auto subject = [&] {
-        runByName(kJournal, reference(callers));
+        runByName(kJournal, referenceTo(callers));
         return saved(SpecialFolder::Journal).back().field(L"Subject");
     };
     EXPECT_EQ(subject(), L"777 called");
-    eva[kContactId] = outlook.mailbox().entryId(anna);
+    eva[kContactId] = mailbox.entryId(anna);
     EXPECT_EQ(subject(), L"Anna Berg called");
     eva[kNotInPim] = true;
     EXPECT_EQ(subject(), L"777 called");
@@ -55,24 +52,39 @@ TEST_F(CallContacts, AClientsOwnContactIsReadByName) {
     EXPECT_EQ(client.references, 1);
 }
 
-TEST_F(CallContacts, CallersAreWrittenBackAndAValueStaysItsOwners) {
+TEST_F(CallContacts, AVariableGetsWhatTheActionPutsThere) {
     for (const auto& [id, notInPim] : {std::pair{kJournal, true}, std::pair{kMail, false}}) {
-        IDispatch* late = nullptr;
-        runByName(id, reference(late));
-        ASSERT_TRUE(late);
-        EXPECT_EQ(lateBound(Com<IDispatch>::share(late)).boolean({L"NotInPIM"}), notInPim);
-        runByName(kClose, reference(late));
-        EXPECT_FALSE(late);
-
+        for (const bool isVariant : {false, true}) {
+            IDispatch* object = nullptr;
+            VARIANT variant = lent(VT_EMPTY);
+            IDispatch*& content = isVariant ? variant.pdispVal : object;
+            const VARIANT variable = isVariant ? referenceTo(variant) : referenceTo(object);
+            runByName(id, variable);
+            ASSERT_TRUE(content);
+            EXPECT_EQ(lateBound(Com<IDispatch>::share(content)).boolean({L"NotInPIM"}), notInPim);
+            runByName(kClose, variable, true);
+            EXPECT_FALSE(content);
+        }
         const auto early = run(*action(id), {});
         ASSERT_TRUE(early);
         EXPECT_EQ(zelbar::notInPim(early.get()), notInPim);
         EXPECT_FALSE(run(*action(kClose), early));
     }
-    const Variant value(client.reference());
-    runByName(kClose, value);
-    EXPECT_EQ(value.object().get(), &client);
-    EXPECT_EQ(client.references, 2) << "the test's and the value's";
+    IDispatch* object = client.reference().detach();
+    runByName(kClose, referenceTo(object));
+    EXPECT_FALSE(object);
+    EXPECT_EQ(client.references, 1) << "the caller's reference was taken";
+}
+
+TEST_F(CallContacts, WhatIsPassedByValueStaysTheCallers) {
+    IDispatch* object = &client;
+    IUnknown* unknown = object;
+    for (const VARIANT argument : {lent(object), referenceTo(unknown)})
+        for (const bool named : {false, true}) {
+            runByName(kClose, argument, named);
+            EXPECT_EQ(unknown, object);
+            EXPECT_EQ(client.references, 1);
+        }
 }
 
 }  // namespace

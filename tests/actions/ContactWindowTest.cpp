@@ -35,7 +35,7 @@ TEST_F(ContactWindow, TheChoiceDecidesWhatIsOpenedAndMade) {
         const auto made = saved(SpecialFolder::Contacts).back();
         EXPECT_EQ(made.field(L"FullName"), L"Carl Dorn");
         EXPECT_EQ(made.field(L"BusinessTelephoneNumber"), L"0123");
-        outlook.mailbox().eraseItem(made.id);
+        mailbox.eraseItem(made.id);
     }
     for (const char* line : {"Opening Berg, Anna (555 100)", "OPEN ------------------",
                              "Opening Berg, Anna...", "Unknown contact: Carl Dorn (Not found in Outlook)...",
@@ -51,7 +51,7 @@ TEST_F(ContactWindow, AContactThatHasGoneIsUnknownButOneThatCannotBeReadIsNot) {
     EXPECT_TRUE(traced("Error (ExecuteAction - ActionOpenContact): "));
     faults().clear();
     letOutlookRest();
-    outlook.mailbox().eraseItem(anna.id);
+    mailbox.eraseItem(anna.id);
     run(*opener(2), caller);
     EXPECT_EQ(contacts(), 1u);
     EXPECT_EQ(windows(), std::vector<std::wstring>{L"Anna Berg"});
@@ -74,7 +74,7 @@ TEST_F(ContactWindow, ClosingTakesTheContactAwayInEveryCase) {
     EXPECT_TRUE(traced("CLOSE -----------------"));
 
     const auto gone = known();
-    outlook.mailbox().eraseItem(anna.id);
+    mailbox.eraseItem(anna.id);
     EXPECT_FALSE(run(*action(kClose), gone));
     EXPECT_TRUE(
         traced("Error (ExecuteAction - ActionCloseContact): Object variable or With block variable not set"));

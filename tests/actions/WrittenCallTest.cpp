@@ -36,7 +36,7 @@ TEST_F(WrittenCall, IsWrittenWhole) {
     const auto nameless = known(L"TYPE=incoming;");
     anna = addContact({{L"FullName", L"Gone"}, {L"BusinessTelephoneNumber", L"555 300"}});
     const auto gone = known(L"TYPE=incoming;");
-    outlook.mailbox().eraseItem(anna.id);
+    mailbox.eraseItem(anna.id);
     const struct {
         Com<::Contact> contact;
         const wchar_t *text, *name;
@@ -92,7 +92,6 @@ TEST_F(WrittenCall, AnEntryEndsNowAndStartsWhereACallOfSomeLengthBegan) {
 }
 
 TEST_F(WrittenCall, AStoreThatIsCalledOutlookIsLeftOutOfTheLink) {
-    auto& mailbox = outlook.mailbox();
     const auto store = mailbox.addStore(L"Outlook");
     const auto customers =
         mailbox.ensureFolder(store, L"Customers\\North", standin::outlook::ItemType::Contact);

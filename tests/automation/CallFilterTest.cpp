@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "automation/BusyRetry.h"
 #include "automation/Deadline.h"
 #include "automation/Gateway.h"
 #include "automation/Object.h"
@@ -28,9 +27,6 @@ struct StillClock final : CallClock {
 };
 
 struct CallFilterTest : testing::Test {
-    CallFilterTest() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
-    ~CallFilterTest() override { CoUninitialize(); }
-
     /// One read of an Outlook that does this meanwhile, under a deadline of a second.
     void read(
         const std::function<void()>& meanwhile, DWORD (*limit)() = [] { return DWORD{1000}; }) {
@@ -87,18 +83,6 @@ TEST_F(CallFilterTest, AFilterThatSomebodyRegistersMeanwhileStays) {
     read([&] { EXPECT_EQ(current().get(), &client); }, [] { return DWORD{0}; });
     CoRegisterMessageFilter(nullptr, nullptr);
     EXPECT_EQ(client.references, 1);
-}
-
-TEST_F(CallFilterTest, TheToolsTryForSomeSecondsAndNeverCancel) {
-    {
-        const BusyRetry retry;
-        const auto filter = current();
-        ASSERT_TRUE(filter);
-        EXPECT_EQ(filter->RetryRejectedCall(nullptr, 9999, SERVERCALL_REJECTED), 200u);
-        EXPECT_EQ(filter->RetryRejectedCall(nullptr, 10000, SERVERCALL_REJECTED), CallRules::kGiveUp);
-        EXPECT_EQ(filter->MessagePending(nullptr, 60000, 1), PENDINGMSG_WAITDEFPROCESS);
-    }
-    EXPECT_FALSE(current());
 }
 
 }  // namespace

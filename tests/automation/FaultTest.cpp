@@ -4,8 +4,8 @@
 
 #include <stdexcept>
 
-#include "automation/Attempts.h"
 #include "automation/Object.h"
+#include "tests/automation/FaultOf.h"
 #include "tests/automation/StrictObject.h"
 
 namespace zelbar {
@@ -13,21 +13,10 @@ namespace {
 
 constexpr Member kName{L"Name"};
 
-template <class Statement>
-Fault faultIn(Statement&& statement) {
-    try {
-        statement();
-    } catch (...) {
-        return caughtFault();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return {};
-}
-
 /// The fault of a call that a server answers like this.
 Fault faultOfCall(StrictObject::Answer answer) {
     StrictObject target({{L"Name", 5}}, std::move(answer));
-    return faultIn([&] { Object(Gateway(), Server::Outlook, target.reference(), 40).get(kName); });
+    return faultOf([&] { Object(Gateway(), Server::Outlook, target.reference(), 40).get(kName); });
 }
 
 TEST(FaultTest, ResultsBecomeTheNumbersThatUsersOfAutomationKnow) {
@@ -79,21 +68,13 @@ TEST(FaultTest, AServersOwnErrorKeepsItsNumberTextAndSource) {
     }
 }
 
-TEST(FaultTest, AnAttemptReportsItsFaultAndKeepsTheTarget) {
-    long reported = 0, kept = 5;
-    Attempts attempt([&](const Fault& fault) { reported = fault.number; });
-    EXPECT_FALSE(attempt.into(kept, []() -> long { throw runtimeFault(6); }));
-    EXPECT_EQ(reported, 6);
-    EXPECT_EQ(kept, 5);
-}
-
 TEST(FaultTest, TheDriversOwnFailuresHaveNumbersToo) {
-    EXPECT_EQ(faultIn([] { Object().get(kName); }).number, 91);
-    EXPECT_EQ(faultIn([] { Object().object(kName); }).number, 91);
-    EXPECT_EQ(faultIn([] { Gateway().create(Server::Dao, L"No.Such.Class", 1); }).number, 429);
-    EXPECT_EQ(faultIn([] { throw std::bad_alloc(); }).number, 7);
-    EXPECT_EQ(faultIn([] { throw std::runtime_error("caf\xE9"); }).description, L"caf\u00E9");
-    EXPECT_EQ(faultIn([] { throw 1; }).number, E_UNEXPECTED);
+    EXPECT_EQ(faultOf([] { Object().get(kName); }).number, 91);
+    EXPECT_EQ(faultOf([] { Object().object(kName); }).number, 91);
+    EXPECT_EQ(faultOf([] { Gateway().create(Server::Dao, L"No.Such.Class", 1); }).number, 429);
+    EXPECT_EQ(faultOf([] { throw std::bad_alloc(); }).number, 7);
+    EXPECT_EQ(faultOf([] { throw std::runtime_error("caf\xE9"); }).description, L"caf\u00E9");
+    EXPECT_EQ(faultOf([] { throw 1; }).number, E_UNEXPECTED);
 }
 
 }  // namespace

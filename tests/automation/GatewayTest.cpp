@@ -104,26 +104,5 @@ TEST_F(GatewayTest, ObjectsThatComeBackAreOwnedAndCarryTheirClass) {
     EXPECT_EQ(folder.references, 1);
 }
 
-TEST_F(GatewayTest, WhatIsCalledIsOwnedWhileItIsCalled) {
-    std::unique_ptr<Gateway> door;
-    Object called;
-    long owned = 0;
-    StrictObject target(
-        {{L"Class", 1}, {L"Item", 2}}, [&](DISPID number, DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
-            called = Object();
-            door.reset();
-            owned = target.references;
-            *result = number == 1 ? Variant(outlook::kItems).detach() : Variant(target.reference()).detach();
-            return S_OK;
-        });
-    for (const bool forItsObject : {true, false}) {
-        door = std::make_unique<Gateway>();
-        called = Object(*door, Server::Outlook, target.reference(), kAskForClass);
-        forItsObject ? void(called.object(kItem)) : called.call(kItem);
-        EXPECT_EQ(owned, 2) << "by the test and by the call";
-        EXPECT_EQ(target.references, 1);
-    }
-}
-
 }  // namespace
 }  // namespace zelbar

@@ -50,71 +50,49 @@ TEST(Doctor, HasNothingToSayOfAHealthyMachine) {
 TEST(Doctor, EachCheckSeesWhatIsWrong) {
     constexpr auto P = Verdict::Problem, N = Verdict::Notice;
     using M = Machine&;
+    static constexpr HRESULT kNoSuchModule = HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND);
+    static constexpr auto kBadStart = static_cast<long>(0x80080005);
+    static const ProgramFile kOld{L"C:\\old.dll", true, L"1.0.0.0", 32};
+    static const std::vector<OutlookProcess> kAsking{{7, false, false, true}};
+    static const FileFacts kHuge{L"e", true, 1ULL << 30};
     const struct {
         const wchar_t* id;
         Verdict verdict;
         const wchar_t* part;
         void (*harm)(M m);
     } cases[] = {
-        {L"driver", P, L"not registered", [](M m) { m.driver.machine = {}; }},
         {L"driver", P, L"no such file", [](M m) { m.driver.machine.exists = false; }},
         {L"driver-loads", P, L"64-bit", [](M m) { m.driver.machine.bits = 64; }},
-        {L"driver-loads", P, L"0x8007007E",
-         [](M m) { m.driver.load = HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND); }},
-        {L"user-registration", P, L"hides",
-         [](M m) {
-             m.driver.user = {L"C:\\old.dll", true, L"1.0.0.0", 32};
-         }},
-        {L"driver-copies", P, L"1.0.0.0",
-         [](M m) {
-             m.driver.machine = {L"C:\\old.dll", true, L"1.0.0.0", 32};
-         }},
-        {L"other-drivers", N, L"zelbar07", [](M m) { m.driver.otherDrivers = {L"zelbar07.cDataConnector"}; }},
+        {L"driver-loads", P, L"0x8007007E", [](M m) { m.driver.load = kNoSuchModule; }},
+        {L"driver-copies", P, L"1.0.0.0", [](M m) { m.driver.machine = kOld; }},
         {L"type-library", P, L"not registered", [](M m) { m.driver.typeLibrary = {}; }},
         {L"type-library", P, L"cannot be read", [](M m) { m.driver.libraryLoad = TYPE_E_CANTLOADLIBRARY; }},
-        {L"type-library", N, L"another file", [](M m) { m.driver.typeLibrary.path = L"C:\\old.dll"; }},
-        {L"outlook", P, L"no Outlook", [](M m) { m.outlook.program = {}; }},
+        {L"type-library", N, L"another file", [](M m) { m.driver.typeLibrary = kOld; }},
         {L"outlook", P, L"only the new",
          [](M m) { m.outlook.program = {}, m.outlook.isNewInstalled = true; }},
         {L"new-outlook", P, L"Only the new",
          [](M m) { m.outlook.processes.clear(), m.outlook.isNewRunning = true; }},
-        {L"new-outlook", N, L"chosen", [](M m) { m.outlook.isNewPreferred = true; }},
         {L"outlook-rights", P, L"Outlook as administrator",
          [](M m) { m.outlook.processes[0].elevated = true; }},
         {L"outlook-rights", P, L"this program as administrator", [](M m) { m.outlook.areWeElevated = true; }},
         {L"outlook-profile", P, L"which profile",
-         [](M m) {
-             m.outlook.processes = {{7, false, false, true}}, m.outlook.live = {};
-         }},
+         [](M m) { m.outlook.processes = kAsking, m.outlook.live = {}; }},
         {L"outlook-profile", N, L"at each start", [](M m) { m.outlook.asksForProfile = true; }},
         {L"outlook-answers", P, L"hangs", [](M m) { m.outlook.live.state = Live::Silent; }},
         {L"outlook-answers", P, L"0x80080005",
-         [](M m) {
-             m.outlook.live = {Live::Failed, L"", {}, false, {static_cast<long>(0x80080005), L"", L""}};
-         }},
+         [](M m) { m.outlook.live.state = Live::Failed, m.outlook.live.fault.number = kBadStart; }},
         {L"outlook-answers", N, L"not running", [](M m) { m.outlook.live = {}; }},
-        {L"address-guard", N, L"G is 1",
-         [](M m) {
-             m.outlook.guard = {false, L"G is 1"};
-         }},
         {L"address-switch", N, L"alone", [](M m) { m.outlook.mayReadAddresses.clear(); }},
         {L"dao", P, L"no DAO", [](M m) { m.data.engines.clear(); }},
         {L"dao", P, L"64-bit",
          [](M m) { m.data.engines[0].create = E_FAIL, m.data.engines[0].program.bits = 64; }},
         {L"dao", P, L"0x80004005", [](M m) { m.data.engines[0].create = E_FAIL; }},
-        {L"data-folder", N, L"not exist", [](M m) { m.data.folderExists = false; }},
         {L"data-folder", P, L"0x80070005", [](M m) { m.data.writeError = ERROR_ACCESS_DENIED; }},
         {L"data-folder", P, L"only 1.0 MB", [](M m) { m.data.freeBytes = 1 << 20; }},
         {L"settings-place", P, L"64-bit", [](M m) { m.data.isSettingInWrongView = true; }},
         {L"settings-place", P, L"private copy", [](M m) { m.data.privateCopy = L"X"; }},
-        {L"cache", P, L"no cache", [](M m) { m.data.cacheExists = false; }},
-        {L"cache", P, L"(3343)",
-         [](M m) {
-             m.data.cacheFault = {3343, L"Bad.", L""};
-         }},
         {L"cache", P, L"empty", [](M m) { m.data.rows = 0; }},
         {L"cache-age", N, L"30 days", [](M m) { m.data.cacheDays = 30.5; }},
-        {L"stores", P, L"have: 5.", [](M m) { m.data.rowsWithoutStore = 5; }},
         {L"stores", N, L"nobody: 2.", [](M m) { m.data.stores[0].storeId = L"S9"; }},
         {L"folders", N, L"default one", [](M m) { m.folders.chosen.clear(); }},
         {L"folders", P, L"none of them", [](M m) { m.folders.chosen[0].stored.selected = false; }},
@@ -122,15 +100,8 @@ TEST(Doctor, EachCheckSeesWhatIsWrong) {
         {L"folders", N, L"first 16", [](M m) { m.folders.chosen.resize(17, m.folders.chosen[0]); }},
         {L"folders-changed", N, L"has changed", [](M m) { m.folders.configChanged = true; }},
         {L"synchro", N, L"Another program", [](M m) { m.folders.isSynchroUp = true; }},
-        {L"synchro", P, L"killed",
-         [](M m) { m.folders.isSynchroUp = true, m.folders.synchroProcess = L"1 2 3"; }},
         {L"place", N, L"not known", [](M m) { m.trace.place = {}; }},
-        {L"place", P, L"Bad country.", [](M m) { m.trace.placeError = L"Bad country."; }},
-        {L"trace", N, L"every call's", [](M m) { m.trace.mode = L"2"; }},
-        {L"errors", N, L"1.0 GB",
-         [](M m) {
-             m.trace.errors = {L"e", true, 1ULL << 30};
-         }},
+        {L"errors", N, L"1.0 GB", [](M m) { m.trace.errors = kHuge; }},
     };
     for (const auto& row : cases) {
         Machine machine = healthy();
@@ -149,13 +120,10 @@ class BrokenMachineTest : public HostedTest {
     void registerAs(HKEY root, const std::wstring& path) {
         registry.set(root, driverClassKey() + L"\\InprocServer32", L"", path);
     }
-    void popup(const std::wstring& name, const std::wstring& value) {
-        registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, name, value);
-    }
     void number(HKEY root, const std::wstring& key, const std::wstring& name, char value) {
         registry.set(root, key, name, REG_DWORD, std::string{value, 0, 0, 0});
     }
-    bool says(const std::wstring& id, const std::wstring& verdict, const std::wstring& part) {
+    bool finds(const std::wstring& id, const std::wstring& verdict, const std::wstring& part) {
         run({L"doctor", L"--json"});
         const std::wstring start = L"{\"check\":\"" + id + L"\",\"verdict\":\"" + verdict + L"\"";
         const std::size_t at = out.find(start);
@@ -166,50 +134,49 @@ class BrokenMachineTest : public HostedTest {
 
 TEST_F(BrokenMachineTest, IsSeenThroughTheRegistryAndTheFiles) {
     const std::wstring ownDll = harness::programFolder() + L"\\zelbar00.dll";
-    EXPECT_TRUE(says(L"driver", L"problem", L"not registered"));
-    EXPECT_TRUE(says(L"outlook", L"problem", L"no Outlook"));
-    EXPECT_TRUE(says(L"cache", L"problem", L"no cache"));
-    EXPECT_EQ(ExitCode::NotFound, run({L"doctor"}));
-    EXPECT_NE(std::wstring::npos, out.find(L"PROBLEM  Driver ")) << out.c_str();
-    EXPECT_NE(std::wstring::npos, out.find(L"-> In the driver's folder, in a command window"));
+    EXPECT_TRUE(finds(L"driver", L"problem", L"not registered"));
+    EXPECT_TRUE(finds(L"outlook", L"problem", L"no Outlook"));
+    EXPECT_TRUE(finds(L"cache", L"problem", L"no cache"));
+    expect(ExitCode::NotFound, {L"doctor"},
+           {L"PROBLEM  Driver ", L"-> In the driver's folder, in a command window"});
 
     registerAs(HKEY_LOCAL_MACHINE, ownDll);
-    EXPECT_TRUE(says(L"driver-loads", L"ok", L""));
+    EXPECT_TRUE(finds(L"driver-loads", L"ok", L""));
     harness::writeFile(folder.file(L"old.dll"), "MZ");
     registerAs(HKEY_CURRENT_USER, folder.file(L"old.dll"));
-    EXPECT_TRUE(says(L"user-registration", L"problem", L"old.dll"));
-    EXPECT_TRUE(says(L"driver-loads", L"problem", L"damaged"));
+    EXPECT_TRUE(finds(L"user-registration", L"problem", L"old.dll"));
+    EXPECT_TRUE(finds(L"driver-loads", L"problem", L"damaged"));
     registry.set(HKEY_LOCAL_MACHINE, classes(L"zelbar07.cDataConnector"), L"", L"x");
-    EXPECT_TRUE(says(L"other-drivers", L"note", L"zelbar07"));
+    EXPECT_TRUE(finds(L"other-drivers", L"note", L"zelbar07"));
 
     registry.set(HKEY_LOCAL_MACHINE, classes(L"Outlook.Application\\CLSID"), L"", L"{O}");
     registry.set(HKEY_LOCAL_MACHINE, classes(L"CLSID\\{O}\\LocalServer32"), L"",
                  L"\"" + harness::programFolder() + L"\\pimcall.exe\" /automation");
-    EXPECT_TRUE(says(L"outlook", L"ok", L"32 bits"));
+    EXPECT_TRUE(finds(L"outlook", L"ok", L"32 bits"));
     number(HKEY_CURRENT_USER, L"Software\\Microsoft\\Office\\16.0\\Outlook\\Preferences", L"UseNewOutlook",
            1);
-    EXPECT_TRUE(says(L"new-outlook", L"note", L"chosen"));
+    EXPECT_TRUE(finds(L"new-outlook", L"note", L"chosen"));
     number(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Office\\1.1\\Outlook\\Security", L"ObjectModelGuard",
            1);
-    EXPECT_TRUE(says(L"address-guard", L"note", L"ObjectModelGuard is 1"));
+    EXPECT_TRUE(finds(L"address-guard", L"note", L"ObjectModelGuard is 1"));
     registry.set(HKEY_CURRENT_USER, L"Software\\Microsoft\\Exchange\\Client\\Options", L"PickLogonProfile",
                  L"1");
-    EXPECT_TRUE(says(L"outlook-profile", L"problem", L"no Outlook profile"));
+    EXPECT_TRUE(finds(L"outlook-profile", L"problem", L"no Outlook profile"));
 
     popup(L"SynchroInProgress", L"1");
     popup(L"SynchroProcess", L"4 0 0");
-    EXPECT_TRUE(says(L"synchro", L"problem", L"killed"));
+    EXPECT_TRUE(finds(L"synchro", L"problem", L"killed"));
     popup(L"Country", L"XX");
-    EXPECT_TRUE(says(L"place", L"problem", L"XX"));
-    EXPECT_TRUE(says(L"trace", L"note", L"old.log"));
+    EXPECT_TRUE(finds(L"place", L"problem", L"XX"));
+    EXPECT_TRUE(finds(L"trace", L"note", L"old.log"));
 
     writeCache({{L"A", L"1", L"00FF", L"7"}});
-    EXPECT_TRUE(says(L"cache", L"ok", L"1 row"));
-    EXPECT_TRUE(says(L"stores", L"problem", L"have: 1."));
+    EXPECT_TRUE(finds(L"cache", L"ok", L"1 row"));
+    EXPECT_TRUE(finds(L"stores", L"problem", L"have: 1."));
     harness::writeFile(folder.file(L"connec00.mdb"), "no database");
-    EXPECT_TRUE(says(L"cache", L"problem", L"cannot be read"));
+    EXPECT_TRUE(finds(L"cache", L"problem", L"cannot be read"));
     registry.set(HKEY_CURRENT_USER, zelbar::kClientKey, L"DataPath", folder.file(L"none"));
-    EXPECT_TRUE(says(L"data-folder", L"note", L"\\none"));
+    EXPECT_TRUE(finds(L"data-folder", L"note", L"\\none"));
     EXPECT_FALSE(harness::exists(folder.file(L"none"))) << "changes nothing";
 }
 
@@ -239,7 +206,7 @@ TEST_F(RunningOutlook, IsAskedForItsStoresAndTheChosenFolders) {
 
 // This thread waits for the program and serves no calls: an Outlook that hangs.
 TEST_F(RunningOutlook, ThatHangsIsNotWaitedFor) {
-    const harness::Ended ended = harness::run(L"\"" + harness::programFolder() + L"\\pimcall.exe\" doctor");
+    const harness::Ended ended = harness::runOwn(L"pimcall.exe", L"doctor");
     EXPECT_EQ(1u, ended.exitCode);
     EXPECT_NE(std::string::npos, ended.out.find("it hangs")) << ended.out;
 }

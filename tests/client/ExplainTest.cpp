@@ -7,7 +7,7 @@ namespace {
 class ExplainTest : public HostedTest {
   protected:
     ExplainTest() {
-        registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey, L"Country", L"SE");
+        popup(L"Country", L"SE");
         writeCache({addListed(L"Bo", L"Baker", L"+46 31 390"),
                     {L"Able", L"7", L"00FF"},
                     addListed(L"Cy", L"Carr", L"7"),
@@ -18,57 +18,44 @@ class ExplainTest : public HostedTest {
         EXPECT_EQ(4, cacheRows());
         HostedTest::TearDown();
     }
-    bool says(const std::wstring& part) const { return out.find(part) != std::wstring::npos; }
 };
 
 TEST_F(ExplainTest, AHit) {
-    EXPECT_EQ(ExitCode::Found, run({L"explain", L"+46 31 390"}));
-    EXPECT_TRUE(says(L"PhoneNumber Like \"+46 31 390\"")) << out.c_str();
-    EXPECT_TRUE(says(L"Row 1: Baker Bo, +46 31 390\n    identity ...")) << out.c_str();
-    EXPECT_TRUE(says(L"    store 1: done (1 call, ")) << out.c_str();
-    EXPECT_TRUE(says(L"\nThe caller is shown as Baker, Bo.\n")) << out.c_str();
-    EXPECT_EQ(ExitCode::Found, run({L"explain", L"--name", L"ba*", L"--json"}));
-    EXPECT_TRUE(says(L"\"column\":\"Name\",\"pattern\":\"ba*\"")) << out.c_str();
-    EXPECT_TRUE(says(L"\"answer\":\"found\"") && says(L"\"known\":true")) << out.c_str();
+    expect(ExitCode::Found, {L"explain", L"+46 31 390"},
+           {L"PhoneNumber Like \"+46 31 390\"", L"Row 1: Baker Bo, +46 31 390\n    identity ...",
+            L"    store 1: done (1 call, ", L"\nThe caller is shown as Baker, Bo.\n"});
+    expect(ExitCode::Found, {L"explain", L"--name", L"ba*", L"--json"},
+           {L"\"column\":\"Name\",\"pattern\":\"ba*\"", L"\"answer\":\"found\"", L"\"known\":true"});
 }
 
 TEST_F(ExplainTest, AMissNamesWhatIsNear) {
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"+4631390"}));
-    EXPECT_TRUE(says(L"Like \"+4631390\"\n")) << out.c_str();
-    EXPECT_TRUE(says(L"Baker Bo, +46 31 390\n      the same digits, written otherwise")) << out.c_str();
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"--name", L"Bo Baker"}));
-    EXPECT_TRUE(says(L"in another order")) << out.c_str();
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"55#"}));
-    EXPECT_TRUE(says(L"Like \"55[#]\"") && says(L"No row of the cache is near")) << out.c_str();
+    expect(ExitCode::NotFound, {L"explain", L"+4631390"},
+           {L"Like \"+4631390\"\n", L"Baker Bo, +46 31 390\n      the same digits, written otherwise"});
+    expect(ExitCode::NotFound, {L"explain", L"--name", L"Bo Baker"}, {L"in another order"});
+    expect(ExitCode::NotFound, {L"explain", L"55#"}, {L"Like \"55[#]\"", L"No row of the cache is near"});
 }
 
 TEST_F(ExplainTest, AStaleRowIsOnlyNamed) {
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"7"}));
-    EXPECT_TRUE(
-        says(L"Row 1: Able, 7\n    identity 00FF, store 1\n    store 1: there is no such item (0x8004"))
-        << out.c_str();
-    EXPECT_TRUE(says(L"delete that row, and show the next call as Carr, Cy.")) << out.c_str();
-    EXPECT_TRUE(says(L"-> gone; the driver would delete this row")) << out.c_str();
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"8"}));
-    EXPECT_TRUE(says(L"which the table of stores does not have") && says(L"the row stays")) << out.c_str();
+    expect(ExitCode::NotFound, {L"explain", L"7"},
+           {L"Row 1: Able, 7\n    identity 00FF, store 1\n    store 1: there is no such item (0x8004",
+            L"delete that row, and show the next call as Carr, Cy.",
+            L"-> gone; the driver would delete this row"});
+    expect(ExitCode::NotFound, {L"explain", L"8"},
+           {L"which the table of stores does not have", L"the row stays"});
 }
 
 TEST_F(ExplainTest, AnOutlookThatDoesNotAnswer) {
-    auto& faults = outlook.server().faults();
-    faults.failCreation(CO_E_SERVER_EXEC_FAILURE);
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"+46*"}));
-    EXPECT_TRUE(says(L"runs with other rights than this program (0x80080005) (1 call, ")) << out.c_str();
-    EXPECT_TRUE(says(L"\nAn unknown caller: Outlook did not give the contact: it is starting"))
-        << out.c_str();
-    faults.clear();
-    faults.failMember(L"GetItemFromID", {E_FAIL, L"Offline."});
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"+46*", L"--json"}));
-    EXPECT_TRUE(says(L"\"answer\":\"failed\",\"error\":\"Offline (0x80004005)")) << out.c_str();
-    EXPECT_TRUE(says(L"\"wouldBeDeleted\":false")) << out.c_str();
-    faults.clear();
+    faults().failCreation(CO_E_SERVER_EXEC_FAILURE);
+    expect(ExitCode::NotFound, {L"explain", L"+46*"},
+           {L"runs with other rights than this program (0x80080005) (1 call, ",
+            L"\nAn unknown caller: Outlook did not give the contact: it is starting"});
+    faults().clear();
+    faults().failMember(L"GetItemFromID", {E_FAIL, L"Offline."});
+    expect(ExitCode::NotFound, {L"explain", L"+46*", L"--json"},
+           {L"\"answer\":\"failed\",\"error\":\"Offline (0x80004005)", L"\"wouldBeDeleted\":false"});
+    faults().clear();
     execute(L"Drop Table TStoreID");
-    EXPECT_EQ(ExitCode::NotFound, run({L"explain", L"+46*"}));
-    EXPECT_TRUE(says(L"An unknown caller: the cache cannot be read")) << out.c_str();
+    expect(ExitCode::NotFound, {L"explain", L"+46*"}, {L"An unknown caller: the cache cannot be read"});
 }
 
 TEST(Nearness, SaysWhyARowDoesNotMatch) {

@@ -30,6 +30,17 @@ class HostedTest : public zelbar::DriverTest {
         out = run.out;
         return run.exitCode;
     }
+    /// Whether the last run has answered that among other things.
+    testing::AssertionResult says(const std::wstring& part) const {
+        return (out.find(part) != out.npos ? testing::AssertionSuccess() : testing::AssertionFailure())
+               << testing::PrintToString(part) << " in:\n"
+               << testing::PrintToString(out);
+    }
+    void expect(ExitCode exitCode, const std::vector<std::wstring>& words,
+                const std::vector<std::wstring>& parts) {
+        EXPECT_EQ(exitCode, run(words)) << testing::PrintToString(words);
+        for (const std::wstring& part : parts) EXPECT_TRUE(says(part));
+    }
 
     std::wstring out;
 

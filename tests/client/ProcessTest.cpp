@@ -5,7 +5,7 @@
 namespace {
 
 harness::Ended pimcall(const std::wstring& arguments) {
-    return harness::run(L"\"" + harness::programFolder() + L"\\pimcall.exe\" " + arguments);
+    return harness::runOwn(L"pimcall.exe", arguments);
 }
 
 TEST(Process, TakesAndGivesEveryCharacter) {

@@ -1,13 +1,9 @@
 #include "com/LateCall.h"
 
-#include <functional>
-
 #include "automation/Bstr.h"
-#include "com/CallActionBorder.h"
 #include "connector/Parts.h"
 #include "search/cContactRecord.h"
 #include "support/Encoding.h"
-#include "tests/automation/StrictObject.h"
 #include "tests/com/LateClient.h"
 #include "tests/fixture/DriverTest.h"
 
@@ -73,76 +69,6 @@ TEST_F(LateSearchTest, ArgumentsMayBeNamed) {
     EXPECT_EQ(told(find({referenceTo(kind), lent(text.get())}, {L"SearchText"})), L"name Ada");
     EXPECT_EQ(find({lent(text.get())}, {L"Text"}).result, DISP_E_UNKNOWNNAME);
     EXPECT_EQ(find({lent(text.get())}, {L"SearchText", L"SearchKind"}).result, DISP_E_BADPARAMCOUNT);
-}
-
-/// An action that does with its contact what the test says.
-class TestAction final : public CallActionBorder<TestAction> {
-  public:
-    std::function<void(ContactArgument&)> execute;
-
-    bool PIMAction_ExecuteAction(ContactArgument& contact) {
-        execute(contact);
-        return false;
-    }
-    std::wstring PIMAction_ActionName() { return L"Test"; }
-    bool PIMAction_PassiveAction() { return true; }
-    long PIMAction_ActionID() { return 1; }
-    Com<::ActionProperties> PIMAction_ActionProp() { return {}; }
-    Com<IDispatch> PIMAction_CopyAction() { return {}; }
-};
-
-/// A caller whose contact is `mine`, and an action that puts another one, or none, in its place.
-struct LateActionTest : DriverTest {
-    StrictObject mine{{}}, other{{}};
-    const IUnknown* arrived = nullptr;
-
-    HRESULT run(VARIANT argument, IDispatch* replacement, bool named = false) {
-        const auto action = makeObject<TestAction>();
-        action->execute = [&](ContactArgument& contact) {
-            arrived = contact.given().get();
-            contact.replace(Com<::Contact>::share(static_cast<::Contact*>(replacement)));
-        };
-        return late(static_cast<::CallAction&>(*action.get()), L"ExecuteAction", {argument}, kRead,
-                    std::vector<const wchar_t*>(named, L"CallContact"))
-            .result;
-    }
-};
-
-TEST_F(LateActionTest, WhatIsPassedByValueStaysTheCallers) {
-    IDispatch* contact = &mine;
-    IUnknown* asUnknown = contact;
-    for (IDispatch* replacement : {static_cast<IDispatch*>(nullptr), static_cast<IDispatch*>(&other)})
-        for (VARIANT argument : {lent(contact), referenceTo(asUnknown)})
-            for (const bool named : {false, true}) {
-                EXPECT_EQ(run(argument, replacement, named), S_OK);
-                EXPECT_EQ(arrived, contact);
-                EXPECT_EQ(asUnknown, contact);
-                EXPECT_EQ(mine.references, 1);
-                EXPECT_EQ(other.references, 1);
-            }
-}
-
-TEST_F(LateActionTest, AVariableGetsWhatTheActionPutsThere) {
-    for (const bool named : {false, true})
-        for (const bool isVariant : {false, true}) {
-            IDispatch* object = mine.reference().detach();
-            VARIANT variant = lent(object);
-            const VARIANT variable = isVariant ? referenceTo(variant) : referenceTo(object);
-            IDispatch*& content = isVariant ? variant.pdispVal : object;
-            const auto expect = [&](IDispatch* before, IDispatch* after) {
-                EXPECT_EQ(run(variable, after, named), S_OK) << named << isVariant;
-                EXPECT_EQ(arrived, before) << named << isVariant;
-                EXPECT_EQ(content, after) << named << isVariant;
-                EXPECT_EQ(variant.vt, VT_DISPATCH);
-                EXPECT_EQ(mine.references, after == &mine ? 2 : 1) << "the caller's reference was taken";
-                EXPECT_EQ(other.references, after == &other ? 2 : 1);
-            };
-            expect(&mine, &other);
-            expect(&other, nullptr);
-            if (isVariant) variant = lent(VT_EMPTY);
-            expect(nullptr, &mine);
-            content->Release();
-        }
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ inline LateAnswer late(IDispatch& object, const wchar_t* name, std::vector<VARIA
     if (FAILED(answer.result)) return answer;
     const DISPID member = ids.front();
     ids.erase(ids.begin());
-    if (kind & DISPATCH_PROPERTYPUT) ids.push_back(DISPID_PROPERTYPUT);
+    if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) ids.push_back(DISPID_PROPERTYPUT);
     std::reverse(ids.begin(), ids.end());
     std::reverse(arguments.begin(), arguments.end());
     DISPPARAMS parameters{arguments.data(), ids.data(), static_cast<UINT>(arguments.size()),

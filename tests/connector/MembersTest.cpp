@@ -1,5 +1,4 @@
 #include "automation/Bstr.h"
-#include "automation/Object.h"
 #include "automation/OutlookNames.h"
 #include "com/ConnectionPoint.h"
 #include "core/DriverState.h"
@@ -12,11 +11,7 @@ namespace {
 class Members : public DriverTest {
   protected:
     /// The entry object as a script sees it.
-    Object late() {
-        return Object(gateway_, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
-    }
-
-    Gateway gateway_;
+    Object late() { return lateBound(Com<IDispatch>::share(&connector())); }
 };
 
 TEST_F(Members, TellAboutThePim) {
@@ -29,7 +24,6 @@ TEST_F(Members, TellAboutThePim) {
 }
 
 TEST_F(Members, GiveAContactByItsIdentifier) {
-    auto& mailbox = outlook.mailbox();
     const auto own = addContact({{L"FirstName", L"Ada"}, {L"LastName", L"Byron"}});
     const auto archive = mailbox.addStore(L"Archive");
     const auto people = mailbox.addFolder(archive.root, L"People", standin::outlook::ItemType::Contact);
@@ -51,8 +45,6 @@ TEST_F(Members, GiveAContactByItsIdentifier) {
 }
 
 TEST_F(Members, KnowWhetherAFolderIsConfigured) {
-    auto& mailbox = outlook.mailbox();
-    const auto contacts = mailbox.specialFolder(standin::outlook::SpecialFolder::Contacts);
     const auto configured = [&] {
         const Variant answer = late().get(Member{L"ExecuteCommand"}, L"isFolderConfigured");
         EXPECT_EQ(answer.type(), VT_BOOL);
@@ -62,7 +54,7 @@ TEST_F(Members, KnowWhetherAFolderIsConfigured) {
     writeCache({});
     EXPECT_TRUE(configured());
     const std::wstring key = std::wstring(kPopupKey) + L"\\zelbar00folder";
-    registry.set(HKEY_CURRENT_USER, key, L"entryId1", mailbox.entryId(contacts));
+    registry.set(HKEY_CURRENT_USER, key, L"entryId1", mailbox.entryId(defaultContacts));
     EXPECT_TRUE(configured());
     registry.set(HKEY_CURRENT_USER, key, L"storeId1", mailbox.storeId(mailbox.defaultStore().id));
     EXPECT_TRUE(configured());
@@ -94,7 +86,7 @@ TEST_F(Members, CreateAContactAndFindItActive) {
     EXPECT_EQ(active.text(Member{L"LastName"}), L"Ada Byron");
     EXPECT_EQ(active.text(Member{L"BusinessPhone"}), L"+44");
     EXPECT_FALSE(active.text(Member{L"ContactId"}).empty());
-    outlook.server().faults().failMember(L"Save", {E_FAIL, L"No space."});
+    faults().failMember(L"Save", {E_FAIL, L"No space."});
     late().call(Member{L"CreateContact"}, L"Lost", L"1", false);
     late().call(Member{L"WriteCache"}, 1);
     EXPECT_TRUE(traced("############## REINITIALISER LE CACHE !!! ##############"));

@@ -45,7 +45,7 @@ TEST_F(StartUp, WaitsForTheAddInAtMostTwoHundredSteps) {
     } cases[] = {{L"1", 200}, {L"0", 0}, {L"01", 0}, {L" 1", 0}, {L"", 0}};
     for (const auto& c : cases) {
         sleeps = 0;
-        registry.set(HKEY_CURRENT_USER, kPopupKey, L"SynchroInProgress", c.value);
+        popup(L"SynchroInProgress", c.value);
         connector();
         finish();
         EXPECT_EQ(sleeps, c.sleeps) << c.value;

@@ -1,35 +1,16 @@
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
 #include "core/DriverState.h"
+#include "tests/automation/FaultOf.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
 
 namespace {
 
-std::wstring boxes;
-
 class Connection : public DriverTest {
   protected:
-    Connection() {
-        boxes.clear();
-        driver().log.load();
-        driver().user.messageBox = [](const std::wstring& text, const std::wstring& title, UINT) {
-            boxes += title + L"|" + text;
-            return IDOK;
-        };
-    }
-    standin::FaultScript& faults() { return outlook.server().faults(); }
-    /// What asking for something ends with; number 0 when it works.
-    template <class Question>
-    static Fault faultFrom(Question&& question) {
-        try {
-            question();
-            return {};
-        } catch (const Fault& fault) {
-            return fault;
-        }
-    }
+    Connection() { driver().log.load(); }
 };
 
 TEST_F(Connection, TheApplicationIsKeptWhileItAnswersAndThenReplaced) {
@@ -40,18 +21,18 @@ TEST_F(Connection, TheApplicationIsKeptWhileItAnswersAndThenReplaced) {
     outlook.quit();
     EXPECT_EQ(driver().outlook.GetApp().text(outlook::Name), L"Outlook");
     EXPECT_TRUE(traced("    GetApp: ERR1 462 "));
-    EXPECT_EQ(boxes, L"");
+    EXPECT_TRUE(told.empty());
 }
 
 TEST_F(Connection, TheUserIsToldWhenTheApplicationCannotBeMade) {
     faults().failCreation(static_cast<HRESULT>(0x80080005));
-    const Fault fault = faultFrom([] { driver().outlook.GetApp(); });
+    const Fault fault = faultOf([] { driver().outlook.GetApp(); });
     EXPECT_EQ(fault.number, kConnectionLost);
     EXPECT_EQ(fault.description, L"Loss of connection with Outlook.");
     EXPECT_TRUE(fault.source.ends_with(L".GetApp()")) << fault.source;
-    EXPECT_EQ(boxes,
-              L"Tessaria Outlook 2000 driver.|Tessaria lost his connection to Outlook.\r\nYou have to stop "
-              L"Tessaria and Outlook.\r\nThen you can restart Tessaria.");
+    EXPECT_EQ(told, (std::vector<std::wstring>{
+                        L"Tessaria Outlook 2000 driver.|Tessaria lost his connection to Outlook.\r\nYou "
+                        L"have to stop Tessaria and Outlook.\r\nThen you can restart Tessaria."}));
 }
 
 TEST_F(Connection, TheNameSpaceComesFromAFreshConnectionInThreeTries) {
@@ -62,7 +43,7 @@ TEST_F(Connection, TheNameSpaceComesFromAFreshConnectionInThreeTries) {
     const char* errors[] = {"    GetNameSpace: ERR1 ", "    GetNameSpace: ERR2 ", "    GetNameSpace: ERR3 "};
     for (int failures = 1; failures <= 3; ++failures) {
         faults().failMember(L"NameSpace.Type", {static_cast<HRESULT>(0x80010001)}, failures);
-        const Fault fault = faultFrom([] { driver().outlook.GetNameSpace(); });
+        const Fault fault = faultOf([] { driver().outlook.GetNameSpace(); });
         faults().clear();
         EXPECT_EQ(fault.number, failures < 3 ? 0 : kConnectionLost) << failures;
         EXPECT_TRUE(traced(errors[failures - 1]));
@@ -72,7 +53,6 @@ TEST_F(Connection, TheNameSpaceComesFromAFreshConnectionInThreeTries) {
 
 TEST_F(Connection, AnItemIsLookedForInItsStoreThenInAllOthers) {
     writeCache({});
-    auto& mailbox = outlook.mailbox();
     const auto archive = mailbox.addStore(L"Archive");
     const auto people = mailbox.addFolder(archive.root, L"People", standin::outlook::ItemType::Contact);
     const auto item = mailbox.addContact(people.id, {{L"LastName", L"Byron"}});

@@ -2,32 +2,18 @@
 
 #include <algorithm>
 
-#include "automation/DaoNames.h"
-#include "core/DriverState.h"
-
 namespace zelbar {
 
 ExportTest::ExportTest() {
-    gateway_.create(Server::Dao, L"DAO.DBEngine.36", dao::kEngine)
-        .object(dao::CreateDatabase, folder.file(L"wxd.mdb"), L";LANGID=0x0409;CP=1252;COUNTRY=0")
-        .call(dao::Close);
+    createDatabase(L"wxd.mdb");
     std::wstring columns;
     for (const wchar_t* name : kColumns) columns += std::wstring(L", ") + name + L" Text(80)";
     sql({L"Create Table Employees (EmployeeId Long Primary Key, Categories Long" + columns + L")",
          L"Create Table BLFPagesContents (BLFpageId Long, EmployeeId Long, BindToEmployee YesNo)"});
-    messages.clear();
-    driver().user.messageBox = [](const std::wstring& text, const std::wstring&, UINT) {
-        messages.push_back(text);
-        return IDOK;
-    };
 }
 
 void ExportTest::sql(std::initializer_list<std::wstring> statements) {
-    constexpr long kFailOnError = 128;
-    const Object directory = gateway_.create(Server::Dao, L"DAO.DBEngine.36", dao::kEngine)
-                                 .object(dao::OpenDatabase, folder.file(L"wxd.mdb"));
-    for (const std::wstring& statement : statements) directory.call(dao::Execute, statement, kFailOnError);
-    directory.call(dao::Close);
+    for (const std::wstring& statement : statements) execute(statement, L"wxd.mdb");
 }
 
 void ExportTest::add(long id, long page, const std::vector<std::pair<std::wstring, std::wstring>>& columns) {

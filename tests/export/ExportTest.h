@@ -1,6 +1,5 @@
 #pragma once
 
-#include "automation/Object.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
@@ -30,12 +29,10 @@ class ExportTest : public DriverTest {
 
     /// The members, as a late-bound client calls them; what they answer.
     bool initialize(const std::wstring& name = L"Staff", IDispatch* progress = nullptr) {
-        return client().boolean(Member{L"InitializeExportFolder"}, folder.file(L"wxd.mdb"), name,
-                                Com<IDispatch>::share(progress));
+        return run(L"InitializeExportFolder", name, progress);
     }
     bool synchronize(const std::wstring& name = L"", IDispatch* progress = nullptr) {
-        return client().boolean(Member{L"SynchronizeExportFolder"}, folder.file(L"wxd.mdb"), name,
-                                Com<IDispatch>::share(progress));
+        return run(L"SynchronizeExportFolder", name, progress);
     }
 
     /// A folder beside the default contacts folder.
@@ -44,17 +41,13 @@ class ExportTest : public DriverTest {
     /// The keys of the folder's contacts, sorted.
     Ids employeeIds(const std::wstring& folder = L"Staff");
 
-    standin::FaultScript& faults() { return outlook.server().faults(); }
-    standin::outlook::Mailbox& mailbox = outlook.mailbox();
     const standin::outlook::RowId root = mailbox.defaultStore().root;
-    /// What Outlook's user was told.
-    static inline std::vector<std::wstring> messages;
 
   private:
-    Object client() {
-        return Object(gateway_, Server::Client, Com<IDispatch>::share(&connector()), kUnknownClass);
+    bool run(const wchar_t* member, const std::wstring& name, IDispatch* progress) {
+        return lateBound(Com<IDispatch>::share(&connector()))
+            .boolean(Member{member}, folder.file(L"wxd.mdb"), name, Com<IDispatch>::share(progress));
     }
-    Gateway gateway_;
 };
 
 /// The text of a user property; empty when there is none.

@@ -108,7 +108,7 @@ TEST_F(ExportTest, AddressesAreLeftAloneWhereTheUserOrTheSettingForbids) {
         const std::wstring other = guard + inDirectory;
         sql({L"Update Employees Set EmailAddress = \"" + inDirectory + L"\", Department = \"" + other +
              L"\""});
-        registry.set(HKEY_CURRENT_USER, kPopupKey, L"NoEmailAddressAccess", forbidden);
+        popup(L"NoEmailAddressAccess", forbidden);
         outlook.server().setOption(L"Guard", guard);
         outlook.server().calls().reset();
         EXPECT_TRUE((*forbidden == L'0' || initialize()) && synchronize());

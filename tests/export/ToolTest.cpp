@@ -21,7 +21,7 @@ class ExportTool : public ExportTest {
         const pimcall::ProgramRun run(words, [this] { return pimcall::Driver(&connector()); });
         EXPECT_EQ(run.exitCode, exitCode) << run.error.c_str();
         EXPECT_NE((run.out + run.error).find(said), std::wstring::npos) << (run.out + run.error).c_str();
-        EXPECT_TRUE(messages.empty()) << "a scheduled run waits for nobody";
+        EXPECT_TRUE(told.empty()) << "a scheduled run waits for nobody";
     }
     void forget() {
         for (const wchar_t* name : {L"EntryId", L"StoreId"})

@@ -63,4 +63,8 @@ Ended run(const std::wstring& commandLine) {
     return ended;
 }
 
+Ended runOwn(const std::wstring& program, const std::wstring& arguments) {
+    return run(L"\"" + programFolder() + L"\\" + program + L"\" " + arguments);
+}
+
 }  // namespace harness

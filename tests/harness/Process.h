@@ -17,6 +17,9 @@ struct Ended {
 /// minute. Programs are looked for beside this one first.
 Ended run(const std::wstring& commandLine);
 
+/// The same with one of the project's own programs, by its file name.
+Ended runOwn(const std::wstring& program, const std::wstring& arguments);
+
 /// The folder of this test program, where the project's own programs lie as well. Without trailing "\".
 std::wstring programFolder();
 

@@ -11,9 +11,9 @@ class ContactMembers : public SearchTest {
   protected:
     /// The contact that a search finds for an item, read late bound as a script would.
     Object contactOf(const standin::outlook::ItemRecord& item) {
-        if (!cursor) open({{L"Any", L"1", outlook.mailbox().entryId(item)}});
+        if (!cursor) open({{L"Any", L"1", mailbox.entryId(item)}});
         first(0, L"1");
-        return Object(Gateway(), Server::Client, found, kUnknownClass);
+        return lateBound(found);
     }
     Texts numbers() { return list(*found, &::Contact::get_PhoneNumbers); }
     Texts emails() { return list(*found, &::Contact::get_Emails); }
@@ -34,10 +34,9 @@ TEST_F(ContactMembers, ReadTheOutlookItem) {
                               L"MainHomeNumber", L"MainPhoneNumber", L"CategorieId", L"employeeId",
                               L"PhotoURL", L"MobilePhoneLabel", L"ContactId", L"StoreId"}),
               (Texts{L"Byron, Ada", L"Analytical", L"m", L"p", L"", L"h2", L"h2", L"", L"", L"", L"",
-                     outlook.mailbox().entryId(item),
-                     outlook.mailbox().storeId(outlook.mailbox().defaultStore().id)}));
+                     mailbox.entryId(item), mailbox.storeId(mailbox.defaultStore().id)}));
     item.fields[L"PagerNumber"] = L"new";
-    outlook.mailbox().save(item);
+    mailbox.save(item);
     EXPECT_EQ(numbers(), (Texts{L"Home 2: \th2", L"Mobile: \tm", L"Pager: \tnew"}));
     outlook.quit();
     EXPECT_EQ(texts(contact, {L"CompanyName", L"FirstName", L"LastName"}), (Texts{L"", L"Ada", L"Byron"}));
@@ -60,20 +59,20 @@ TEST_F(ContactMembers, AddressesAreReadOnlyWhereTheClientAllowsIt) {
     const Object contact = contactOf(addContact(
         {{L"LastName", L"Byron"}, {L"Email2Address", L"a@x.org"}, {L"Email3Address", L"b@x.org"}}));
     for (const wchar_t* forbidden : {L"", L"1", L" 0"}) {
-        registry.set(HKEY_CURRENT_USER, kPopupKey, L"NoEmailAddressAccess", forbidden);
+        popup(L"NoEmailAddressAccess", forbidden);
         EXPECT_EQ(contact.text(Member{L"MainEmail"}), L"");
         EXPECT_TRUE(emails().empty());
     }
     EXPECT_EQ(outlook.server().calls().invocations(L"Email2Address"), 0);
-    registry.set(HKEY_CURRENT_USER, kPopupKey, L"NoEmailAddressAccess", L"0");
+    popup(L"NoEmailAddressAccess", L"0");
     EXPECT_EQ(contact.text(Member{L"MainEmail"}), L"a@x.org");
     EXPECT_EQ(emails().size(), 2u);
 }
 
 TEST_F(ContactMembers, ThePictureBecomesAFile) {
     auto item = addContact({{L"LastName", L"Byron"}, {L"BusinessTelephoneNumber", L"1"}});
-    outlook.mailbox().setPicture(item, {'J', 'P', 'G', '\0', '!'});
-    const std::wstring path = folder.file(L"pimcontact_" + outlook.mailbox().entryId(item) + L".jpg");
+    mailbox.setPicture(item, {'J', 'P', 'G', '\0', '!'});
+    const std::wstring path = folder.file(L"pimcontact_" + mailbox.entryId(item) + L".jpg");
     const std::wstring other = folder.file(L"other");
     harness::writeFile(other, "kept");
     ASSERT_TRUE(CreateHardLinkW(path.c_str(), other.c_str(), nullptr));
@@ -83,28 +82,24 @@ TEST_F(ContactMembers, ThePictureBecomesAFile) {
     EXPECT_EQ(harness::readFile(path), std::string("JPG\0!", 5));
     EXPECT_EQ(harness::readFile(other), "kept") << "a planted link is not followed";
 
-    outlook.server().faults().failMember(L"SaveAsFile", {E_FAIL, L"Disk full."});
+    faults().failMember(L"SaveAsFile", {E_FAIL, L"Disk full."});
     contact = contactOf(item);
     EXPECT_EQ(contact.text(Member{L"PhotoURL"}), L"");
     EXPECT_TRUE(traced("Error (SetPhotoUrl): Disk full. in Microsoft Outlook"));
 }
 
 TEST_F(ContactMembers, LinkedContactsTakeLabelsAndAddressFromTheDirectory) {
-    const Object directory =
-        Gateway()
-            .create(Server::Dao, L"DAO.DBEngine.36", kUnknownClass)
-            .object(Member{L"CreateDatabase"}, folder.file(L"wxd.mdb"), L";LANGID=0x0409;CP=1252;COUNTRY=0");
+    createDatabase(L"wxd.mdb");
     for (const wchar_t* sql :
          {L"Create Table Employees (EmployeeId Long, Categories Long, AssistantID Long, EmailAddress "
           L"Text(80))",
           L"Insert Into Employees Values (7, 2, 9, \"ada@firm.example\")",
           L"Create Table Default (BusinessPhoneLabel Text(50), MobilePhoneLabel Text(50))",
           L"Insert Into Default Values (\"Desk\", \"\")"})
-        directory.call(Member{L"Execute"}, sql, 128);
-    directory.call(Member{L"Close"});
+        execute(sql, L"wxd.mdb");
     auto item = addContact(
         {{L"LastName", L"Byron"}, {L"BusinessTelephoneNumber", L"1"}, {L"MobileTelephoneNumber", L"2"}});
-    outlook.mailbox().setUserProperty(item, L"EmployeeId", 3, L"7");
+    mailbox.setUserProperty(item, L"EmployeeId", 3, L"7");
     const Object contact = contactOf(item);
     EXPECT_EQ(texts(contact, {L"employeeId", L"CategorieId", L"AssistantId", L"BusinessPhoneLabel",
                               L"AssistantPhoneLabel", L"MainEmail"}),

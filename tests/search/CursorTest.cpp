@@ -112,7 +112,7 @@ TEST_F(Cursor, CollectsAtMostTwentyFiveContactsThatCanBeDialled) {
         rows.push_back(addListed(L"N" + std::to_wstring(i), L"Many", L"7" + std::to_wstring(i)));
     const auto unlisted = [&](const wchar_t* name, const wchar_t* property, const wchar_t* number) {
         const auto item = addContact({{L"LastName", name}, {property, number}});
-        rows.push_back({name, number, outlook.mailbox().entryId(item)});
+        rows.push_back({name, number, mailbox.entryId(item)});
     };
     unlisted(L"Many N20b", L"TelexNumber", L"79");
     unlisted(L"Aaa", L"PagerNumber", L"81");

@@ -13,9 +13,7 @@ class LostContacts : public SearchTest {
         open(rows_);
     }
     void erase(size_t index) {
-        auto& mailbox = outlook.mailbox();
-        const auto contacts = mailbox.specialFolder(standin::outlook::SpecialFolder::Contacts);
-        for (const auto id : mailbox.items(contacts.id))
+        for (const auto id : mailbox.items(defaultContacts.id))
             if (mailbox.entryId(*mailbox.item(id)) == rows_[index].entryId) mailbox.eraseItem(id);
     }
     /// A whole search: the first hit, then on to both ends.
@@ -57,20 +55,20 @@ TEST_F(LostContacts, StaleRowsOnTheWayGoAndTheWalkGoesOn) {
 }
 
 TEST_F(LostContacts, AnOutlookThatFailsIsLogged) {
-    outlook.server().faults().failMember(L"GetItemFromID", {E_FAIL});
+    faults().failMember(L"GetItemFromID", {E_FAIL});
     walkAll();
     EXPECT_TRUE(traced("TimerFind() error with Outlook."));
     EXPECT_TRUE(traced("Error (FindNext): "));
     outlook.quit();
-    outlook.server().faults().failCreation(static_cast<HRESULT>(0x80080005));
+    faults().failCreation(static_cast<HRESULT>(0x80080005));
     walkAll();
     EXPECT_TRUE(traced("    GetNameSpace: ERR3 "));
 }
 
 TEST_F(LostContacts, ARowGoesOnlyWhenItsStoreWasAsked) {
-    const auto other = outlook.mailbox().addStore(L"Archive");
-    const std::wstring closedStore = outlook.mailbox().storeId(other.id);
-    outlook.mailbox().removeStore(other.id);
+    const auto other = mailbox.addStore(L"Archive");
+    const std::wstring closedStore = mailbox.storeId(other.id);
+    mailbox.removeStore(other.id);
     erase(0);
     // The table of stores was read before that store was added.
     execute(L"Update TCache Set StoreID = \"2\"");
@@ -86,16 +84,14 @@ TEST_F(LostContacts, ARowGoesOnlyWhenItsStoreWasAsked) {
 }
 
 TEST_F(LostContacts, WhatDoesNotAnswerAsAContactIsUnknown) {
-    auto& mailbox = outlook.mailbox();
-    const auto team = mailbox.addDistributionList(
-        mailbox.specialFolder(standin::outlook::SpecialFolder::Contacts).id, L"Team");
+    const auto team = mailbox.addDistributionList(defaultContacts.id, L"Team");
     execute(L"Update TCache Set EntryId = \"" + mailbox.entryId(team) + L"\" Where PhoneNumber = \"5Ada\"");
     ::Contact* contact = first(0, L"5Ada");
     EXPECT_TRUE(notInPim(contact));
     EXPECT_EQ(mainNumber(contact), L"5Ada");
     EXPECT_EQ(cacheRows(), 4);
     // What is read for the log alone costs a line of it and nothing else.
-    outlook.server().faults().failMember(L"FileAs", {E_FAIL});
+    faults().failMember(L"FileAs", {E_FAIL});
     EXPECT_FALSE(notInPim(first(0, L"5Ben")));
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "automation/Bstr.h"
-#include "automation/Object.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
@@ -39,7 +38,7 @@ class SearchTest : public DriverTest {
         EXPECT_EQ((self.*member)(arguments..., values.put()), S_OK);
         std::vector<std::wstring> result;
         if (!values) return result;
-        const Object entries(Gateway(), Server::Client, values, kUnknownClass);
+        const Object entries = lateBound(values);
         for (long i = 1; i <= entries.integer(zelbar::Member{L"Count"}); ++i) {
             const Variant entry = entries.get(zelbar::Member{L"Item"}, i);
             result.push_back(entry.type() == VT_BSTR ? entry.text()

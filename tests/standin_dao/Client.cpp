@@ -1,17 +1,6 @@
 #include "tests/standin_dao/Client.h"
 
-#include "automation/Fault.h"
-
 namespace client {
-
-long errorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const zelbar::Fault& fault) {
-        return fault.number;
-    }
-    return 0;
-}
 
 DaoTest::DaoTest() {
     database_ = engine_.object({L"CreateDatabase", zelbar::kUnknownClass}, path_, L";LANGID=0x0409;CP=1252");

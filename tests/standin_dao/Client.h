@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "automation/Object.h"
 #include "standin/dao/Host.h"
+#include "tests/automation/FaultOf.h"
 #include "tests/harness/TemporaryFolder.h"
 
 /// A late-bound client of the engine that this process hosts.
@@ -20,7 +20,9 @@ inline constexpr long kDynaset = 2;
 inline constexpr long kFailOnError = 128;
 
 /// The number of the error that an action raises; 0 when it raises none.
-long errorOf(const std::function<void()>& action);
+inline long errorOf(const std::function<void()>& action) {
+    return zelbar::faultOf(action).number;
+}
 
 class DaoTest : public testing::Test {
   protected:
