@@ -8,7 +8,7 @@
 #include "automation/Com.h"
 #include "tests/harness/Files.h"
 #include "tests/harness/Process.h"
-#include "tests/harness/TemporaryFolder.h"
+#include "tests/harness/Product.h"
 
 /// Runs the product as its users have it: an address book in an Outlook of its own process, the filler, the
 /// driver as COM activates it, and clients that know nothing but its type library.
@@ -17,48 +17,20 @@ namespace {
 using zelbar::Bstr;
 using zelbar::Com;
 
-std::wstring own(const std::wstring& program) {
-    return L"\"" + harness::programFolder() + L"\\" + program + L"\"";
-}
-
-/// Tells the driver of its data folder; empty: no more.
-void setDataFolder(const std::wstring& folder) {
-    RegSetKeyValueW(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\VEXPhone", L"DataPath", REG_SZ,
-                    folder.c_str(), static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
-}
-
-std::string card(const std::string& name, const std::string& telephones) {
-    return "BEGIN:VCARD\r\nVERSION:3.0\r\nN:" + name + "\r\n" + telephones + "END:VCARD\r\n";
-}
-
 std::string addressBook() {
-    std::string book = card("Byron;Ada", "TEL;TYPE=WORK:+44 20 7000 0001\r\nTEL;TYPE=CELL:+44 7700 1\r\n") +
-                       card("Byrne;Alan", "TEL;TYPE=WORK:+44 20 7000 0002\r\n");
+    std::string book =
+        harness::card("Byron;Ada", "TEL;TYPE=WORK:+44 20 7000 0001\r\nTEL;TYPE=CELL:+44 7700 1\r\n") +
+        harness::card("Byrne;Alan", "TEL;TYPE=WORK:+44 20 7000 0002\r\n");
     for (int i = 100; i < 130; ++i)
-        book += card("Crew;N" + std::to_string(i), "TEL;TYPE=WORK:+1 555 " + std::to_string(i) + "\r\n");
+        book +=
+            harness::card("Crew;N" + std::to_string(i), "TEL;TYPE=WORK:+1 555 " + std::to_string(i) + "\r\n");
     return book;
 }
 
-class Product : public testing::Test {
+class ProductTest : public testing::Test {
   protected:
-    static void SetUpTestSuite() {
-        folder_ = new harness::TemporaryFolder;
-        setDataFolder(folder_->path());
-        quitOutlook();
-        SetEnvironmentVariableW(L"STANDIN_MAILBOX", folder_->file(L"mailbox.db").c_str());
-        harness::writeFile(folder_->file(L"book.vcf"), addressBook());
-        const auto imported =
-            harness::run(own(L"outlook_standin.exe") + L" import \"" + folder_->file(L"book.vcf") + L"\"");
-        ASSERT_EQ(imported.exitCode, 0u) << imported.error;
-        const auto filled = harness::run(own(L"fillcache.exe"));
-        ASSERT_EQ(filled.exitCode, 0u) << filled.out << filled.error;
-    }
-    static void TearDownTestSuite() {
-        quitOutlook();
-        setDataFolder(L"");
-        delete folder_;
-    }
-    static void quitOutlook() { harness::run(own(L"outlook_standin.exe") + L" quit"); }
+    static void SetUpTestSuite() { product_ = new harness::Product(addressBook()); }
+    static void TearDownTestSuite() { delete product_; }
 
     static Com<DataConnector> newDriver() {
         Com<DataConnector> driver;
@@ -77,9 +49,6 @@ class Product : public testing::Test {
         LONG kind = 0;
         Com<Contact> contact;
         EXPECT_EQ(cursor.FindFirst(&kind, Bstr(number).get(), contact.put()), S_OK);
-        return nameOf(contact.get());
-    }
-    static std::wstring nameOf(Contact* contact) {
         if (!contact) return L"(none)";
         VARIANT_BOOL unknown = VARIANT_FALSE;
         contact->get_NotInPIM(&unknown);
@@ -99,35 +68,16 @@ class Product : public testing::Test {
                              reinterpret_cast<void**>(outlook.put()));
         return outlook;
     }
-    /// Runs a script of this folder, which may write to the data folder; it must print nothing but `content`.
-    static void expectGood(const std::wstring& script, const std::string& content) {
-        const auto outlook = lastingOutlook();
-        const auto ended = harness::run(L"cscript //nologo \"" PRODUCT_FOLDER L"\\" + script + L"\" \"" +
-                                        folder_->path() + L"\"");
-        EXPECT_EQ(ended.exitCode, 0u);
-        EXPECT_EQ(ended.out, content) << ended.error;
-    }
-    static harness::TemporaryFolder* folder_;
+    static inline harness::Product* product_ = nullptr;
 };
 
-harness::TemporaryFolder* Product::folder_ = nullptr;
-
-TEST_F(Product, AnswersAScript) {
-    expectGood(L"walk.vbs", "walk: ok\r\n");
-}
-
-TEST_F(Product, AnswersAnEarlyBoundClientAlsoAfterOutlookWasClosedBetweenTwoCalls) {
-    for (int load = 0; load < 2; ++load) {
-        const auto driver = newDriver();
-        const auto cursor = openCursor(*driver);
-        EXPECT_EQ(caller(*cursor, L"+44 20*"), L"Byrne, Alan");
-        Com<Contact> ada;
-        cursor->FindNext(ada.put());
-        quitOutlook();
-        EXPECT_EQ(caller(*cursor, L"+44 20 7000 0002"), L"Byrne, Alan");
-        EXPECT_EQ(nameOf(ada.get()), L"Byron, Ada");
-        EXPECT_EQ(caller(*cursor, L"0999"), L"(unknown)");
-    }
+TEST_F(ProductTest, AnswersAScript) {
+    const auto outlook = lastingOutlook();
+    const auto ended = harness::run(L"cscript //nologo \"" PRODUCT_FOLDER L"\\walk.vbs\" \"" +
+                                    product_->folder.path() + L"\"");
+    EXPECT_EQ(ended.exitCode, 0u);
+    EXPECT_EQ(ended.out, "walk: ok\r\n") << ended.error;
+    EXPECT_EQ(harness::awaitFile(product_->folder.file(L"INC.txt")), "+44 20 7000 0001,17,internal\r\n");
 }
 
 /// A client of its own process that ends in the middle of its work; run by the test below.
@@ -143,23 +93,20 @@ TEST(CarelessClient, DISABLED_EndsWithoutReleasingAnything) {
         ExitProcess(42);
 }
 
-TEST_F(Product, SurvivesAClientThatEndsWithoutReleasingIt) {
-    const auto ended = harness::run(own(L"test_product.exe") +
-                                    L" --gtest_also_run_disabled_tests --gtest_filter=CarelessClient.*");
+TEST_F(ProductTest, SurvivesAClientThatEndsWithoutReleasingIt) {
+    const auto ended = harness::runOwn(L"test_product.exe",
+                                       L"--gtest_also_run_disabled_tests --gtest_filter=CarelessClient.*");
     EXPECT_EQ(ended.exitCode, 42u) << ended.out << ended.error;
-}
-
-TEST_F(Product, RunsTheActionsOfAScript) {
-    expectGood(L"actions.vbs", "actions: ok\r\n");
-    EXPECT_EQ(harness::awaitFile(folder_->file(L"INC.txt")), "+44 20 7000 0001,17,internal\r\n");
 }
 
 // Wine does not start a server again that was killed until the service that remembers it has gone; Windows
 // does.
-TEST_F(Product, KeepsItsCacheWhenOutlookIsKilled) {
+TEST_F(ProductTest, GoesOnAfterOutlookWasClosedAndKeepsItsCacheWhenItIsKilled) {
     {
         const auto driver = newDriver();
         const auto cursor = openCursor(*driver);
+        EXPECT_EQ(caller(*cursor, L"+44 20*"), L"Byrne, Alan");
+        harness::Product::quitOutlook();
         EXPECT_EQ(caller(*cursor, L"+1 555*"), L"Crew, N100");
         EXPECT_EQ(harness::run(L"taskkill /f /im outlook_standin.exe").exitCode, 0u);
         for (const wchar_t* text : {L"+1 555*", L"+44*"}) EXPECT_EQ(caller(*cursor, text), L"(unknown)");

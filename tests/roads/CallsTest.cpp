@@ -164,7 +164,7 @@ TEST_F(CallsTest, NoRoadTakesLongerThanItsTimeHoweverSlowOutlookIs) {
         const auto asked = outlook.server().calls().calls();
         road.before();
         for (const auto& member : std::set<std::wstring>(asked.begin(), asked.end()))
-            outlook.server().faults().hangMember(member, kCall);
+            faults().hangMember(member, kCall);
         const long rows = cacheRows();
         limit(std::to_wstring(kLimit).c_str());
         outlook.server().calls().reset();
@@ -177,7 +177,7 @@ TEST_F(CallsTest, NoRoadTakesLongerThanItsTimeHoweverSlowOutlookIs) {
             EXPECT_EQ(outlook.server().calls().invocations(), 0);
         }
         EXPECT_EQ(cacheRows(), rows);
-        outlook.server().faults().clear();
+        faults().clear();
         letOutlookRest();
     }
 }

@@ -11,9 +11,8 @@
 #include "automation/Object.h"
 #include "automation/OutlookNames.h"
 #include "tests/harness/ClientFilter.h"
-#include "tests/harness/Files.h"
 #include "tests/harness/Process.h"
-#include "tests/harness/TemporaryFolder.h"
+#include "tests/harness/Product.h"
 
 /// The driver as COM activates it, and an Outlook in a process of its own that does not answer as it should.
 namespace {
@@ -22,49 +21,32 @@ using namespace zelbar;
 
 constexpr DWORD kLimit = 700, kHang = 1100, kSlack = 1000;
 
-std::wstring own(const std::wstring& program) {
-    return L"\"" + harness::programFolder() + L"\\" + program + L"\"";
-}
-
-void set(const wchar_t* key, const wchar_t* name, const std::wstring& value) {
-    RegSetKeyValueW(HKEY_CURRENT_USER, (std::wstring(L"Software\\Norvane\\7316\\") + key).c_str(), name,
-                    REG_SZ, value.c_str(), static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-}
-
 /// What a client does with its thread.
 enum class Client { Plain, OwnFilterAndMessages, MultiThreaded };
 
 class HangingOutlook : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        folder_ = new harness::TemporaryFolder;
-        set(L"VEXPhone", L"DataPath", folder_->path());
-        quitOutlook();
-        SetEnvironmentVariableW(L"STANDIN_MAILBOX", folder_->file(L"mailbox.db").c_str());
-        harness::writeFile(folder_->file(L"book.vcf"),
-                           "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Byron;Ada\r\nTEL;TYPE=WORK:5\r\nEND:VCARD\r\n");
-        harness::run(own(L"outlook_standin.exe") + L" import \"" + folder_->file(L"book.vcf") + L"\"");
-        ASSERT_EQ(harness::run(own(L"fillcache.exe")).exitCode, 0u);
+        product_ = new harness::Product(harness::card("Byron;Ada", "TEL;TYPE=WORK:5\r\n"));
     }
     static void TearDownTestSuite() {
-        quitOutlook();
-        set(L"VEXPhone", L"DataPath", L"");
         limit(L"");
-        delete folder_;
+        delete product_;
     }
-    static void quitOutlook() { harness::run(own(L"outlook_standin.exe") + L" quit"); }
-    static void limit(const std::wstring& milliseconds) { set(L"Popup", L"OutlookTimeout", milliseconds); }
+    static void limit(const std::wstring& milliseconds) {
+        harness::Product::set(L"Popup", L"OutlookTimeout", milliseconds);
+    }
 
     static long rows() {
         const Object database = Gateway()
                                     .create(Server::Dao, dao::kEngineProgIds[0], dao::kEngine)
-                                    .object(dao::OpenDatabase, folder_->file(L"connec00.mdb"));
+                                    .object(dao::OpenDatabase, product_->folder.file(L"connec00.mdb"));
         const long count = database.object(dao::OpenRecordset, L"TCache").integer(dao::RecordCount);
         database.call(dao::Close);
         return count;
     }
 
-    static inline harness::TemporaryFolder* folder_ = nullptr;
+    static inline harness::Product* product_ = nullptr;
 };
 
 class Hanging : public HangingOutlook, public testing::WithParamInterface<Client> {};
@@ -167,7 +149,6 @@ TEST_P(Hanging, AnOutlookOfItsOwnProcessIsLeftInTime) {
         }).join();
         return;
     }
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     harness::ClientFilter filter;
     std::atomic<bool> ended = GetParam() == Client::Plain;
     if (!ended) CoRegisterMessageFilter(&filter, nullptr);
@@ -182,39 +163,34 @@ TEST_P(Hanging, AnOutlookOfItsOwnProcessIsLeftInTime) {
     EXPECT_EQ(left.get(), GetParam() == Client::Plain ? nullptr : &filter);
     left.reset();
     EXPECT_EQ(filter.references, 1);
-    CoUninitialize();
 }
 
 TEST_F(HangingOutlook, TheFillerIsInterruptedWithinASecond) {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    {
-        const Object application = Gateway().create(Server::Outlook, outlook::kProgId, outlook::kApplication);
-        const Object control = application.object(Member{L"StandIn"});
-        const long before = rows();
-        control.call(Member{L"HangMember"}, L"NameSpace.GetDefaultFolder", 3500L);
-        std::wstring line = own(L"fillcache.exe");
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
-        PROCESS_INFORMATION started{};
-        ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                                   &startup, &started));
-        Sleep(1200);
-        // As the console does it when the user presses the keys; a test has no console.
-        const auto routine = reinterpret_cast<LPTHREAD_START_ROUTINE>(
-            reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernelbase"), "CtrlRoutine")));
-        ASSERT_TRUE(routine);
-        CloseHandle(CreateRemoteThread(started.hProcess, nullptr, 0, routine, nullptr, 0, nullptr));
-        EXPECT_EQ(WaitForSingleObject(started.hProcess, 1000), WAIT_OBJECT_0);
-        DWORD status = 0;
-        GetExitCodeProcess(started.hProcess, &status);
-        EXPECT_EQ(status, 3u);
-        TerminateProcess(started.hProcess, 9);
-        CloseHandle(started.hThread);
-        CloseHandle(started.hProcess);
-        control.call(Member{L"Clear"});
-        EXPECT_EQ(rows(), before);
-    }
-    CoUninitialize();
+    const Object application = Gateway().create(Server::Outlook, outlook::kProgId, outlook::kApplication);
+    const Object control = application.object(Member{L"StandIn"});
+    const long before = rows();
+    control.call(Member{L"HangMember"}, L"NameSpace.GetDefaultFolder", 3500L);
+    std::wstring line = L"\"" + harness::programFolder() + L"\\fillcache.exe\"";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                               &started));
+    Sleep(1200);
+    // As the console does it when the user presses the keys; a test has no console.
+    const auto routine = reinterpret_cast<LPTHREAD_START_ROUTINE>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernelbase"), "CtrlRoutine")));
+    ASSERT_TRUE(routine);
+    CloseHandle(CreateRemoteThread(started.hProcess, nullptr, 0, routine, nullptr, 0, nullptr));
+    EXPECT_EQ(WaitForSingleObject(started.hProcess, 1000), WAIT_OBJECT_0);
+    DWORD status = 0;
+    GetExitCodeProcess(started.hProcess, &status);
+    EXPECT_EQ(status, 3u);
+    TerminateProcess(started.hProcess, 9);
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+    control.call(Member{L"Clear"});
+    EXPECT_EQ(rows(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Clients, Hanging,
