@@ -4,13 +4,7 @@
 
 namespace zelbar {
 
-DialogTest::DialogTest()
-    : contacts(outlook.mailbox().specialFolder(standin::outlook::SpecialFolder::Contacts)) {
-    startOutlook();
-}
-
 void DialogTest::TearDown() {
-    for (const HWND left : openDialogs()) DestroyWindow(left);
     if (running_ != 0) quitOutlook();
     DriverTest::TearDown();
 }
@@ -20,7 +14,7 @@ void DialogTest::startOutlook() {
     Com<IUnknown> other;
     if (SUCCEEDED(GetActiveObject(standin::outlook::kApplicationClsid, nullptr, other.put()))) {
         other.reset();
-        harness::run(L"\"" + harness::programFolder() + L"\\outlook_standin.exe\" quit");
+        harness::runOwn(L"outlook_standin.exe", L"quit");
     }
     const auto application = outlook.application();
     ASSERT_EQ(RegisterActiveObject(application.Get(), standin::outlook::kApplicationClsid,
@@ -35,23 +29,19 @@ void DialogTest::quitOutlook() {
 }
 
 FolderRecord DialogTest::addFolder(const std::wstring& name, ItemType type) {
-    return outlook.mailbox().addFolder(outlook.mailbox().defaultStore().root, name, type);
+    return mailbox.addFolder(mailbox.defaultStore().root, name, type);
 }
 
 FolderRecord DialogTest::addFolderBelow(const FolderRecord& parent, const std::wstring& name) {
-    return outlook.mailbox().addFolder(parent.id, name, ItemType::Contact);
+    return mailbox.addFolder(parent.id, name, ItemType::Contact);
 }
 
 void DialogTest::store(int number, const FolderRecord& which, const wchar_t* selectId) {
-    const std::wstring digits = std::to_wstring(number),
-                       values[] = {entryId(which), outlook.mailbox().storeId(which.store), selectId};
-    const wchar_t* const names[] = {L"entryId", L"storeId", L"selectId"};
-    for (size_t i = 0; i < 3; ++i)
-        registry.set(HKEY_CURRENT_USER, kSelectionKey, names[i] + digits, values[i]);
-}
-
-void DialogTest::setPopup(const wchar_t* name, const wchar_t* value) {
-    registry.set(HKEY_CURRENT_USER, kPopupKey, name, value);
+    const std::pair<const wchar_t*, std::wstring> values[] = {{L"entryId", mailbox.entryId(which)},
+                                                              {L"storeId", mailbox.storeId(which.store)},
+                                                              {L"selectId", selectId}};
+    for (const auto& [name, value] : values)
+        registry.set(HKEY_CURRENT_USER, kSelectionKey, name + std::to_wstring(number), value);
 }
 
 std::wstring DialogTest::stored(const std::wstring& name) const {

@@ -2,12 +2,10 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <string>
 
 #include "core/DriverState.h"
 #include "dialogs/Controls.h"
-#include "dialogs/FolderSelection.h"
 #include "tests/dialogs/Windows.h"
 #include "tests/fixture/DriverTest.h"
 
@@ -18,30 +16,25 @@ using standin::outlook::ItemType;
 
 inline constexpr wchar_t kSelectionKey[] = L"Software\\Norvane\\7316\\Popup\\zelbar00folder";
 
-/// The dialogs beside an Outlook that the user has started. Its mailbox has one contacts folder, `contacts`.
+/// The dialogs beside an Outlook that the user has started. Its mailbox has one contacts folder.
 class DialogTest : public DriverTest {
   protected:
-    DialogTest();
+    DialogTest() { startOutlook(); }
     void TearDown() override;
 
     /// As when the user starts and closes Outlook.
     void startOutlook();
     void quitOutlook();
-    standin::FaultScript& faults() { return outlook.server().faults(); }
 
     FolderRecord addFolder(const std::wstring& name, ItemType type = ItemType::Contact);
     FolderRecord addFolderBelow(const FolderRecord& parent, const std::wstring& name);
-    std::wstring entryId(const FolderRecord& which) { return outlook.mailbox().entryId(which); }
 
     /// Stores a folder as number `number` of the selection.
     void store(int number, const FolderRecord& which, const wchar_t* selectId = L"-1");
-    void setPopup(const wchar_t* name, const wchar_t* value);
     /// A value of the stored selection; "(none)" when there is none.
     std::wstring stored(const std::wstring& name) const;
     /// The stored check states in their order: '1' for "-1", '0', or '?' for anything else.
     std::wstring storedStates() const;
-
-    FolderRecord contacts;
 
   private:
     DWORD running_ = 0;

@@ -1,7 +1,6 @@
 #include "dialogs/FLogWindow.h"
 
 #include "com/ModuleState.h"
-#include "dialogs/FTimer.h"
 #include "tests/dialogs/DialogTest.h"
 
 namespace zelbar {
@@ -11,7 +10,7 @@ namespace {
 class LogWindowTest : public DialogTest {
   protected:
     LogWindowTest() {
-        setPopup(L"Developper", L"1");
+        popup(L"Developper", L"1");
         connector();
         window = openDialogs().at(0);
         list = GetDlgItem(window, kControl_LLog);
@@ -36,7 +35,7 @@ class LogWindowTest : public DialogTest {
     HWND list = nullptr;
 };
 
-TEST_F(LogWindowTest, ShowsTheStartUpAndCopiesIt) {
+TEST_F(LogWindowTest, ShowsTheStartUpCopiesItAndOutlivesTheDriver) {
     EXPECT_EQ(windowText(window), driver().module.title + L" Log");
     EXPECT_TRUE(line(0).ends_with(L": * Driver startup *")) << line(0);
     driver().log.AddSimpleLog(L"Źródło");
@@ -51,6 +50,12 @@ TEST_F(LogWindowTest, ShowsTheStartUpAndCopiesIt) {
     keys[VK_CONTROL] = 0;
     SetKeyboardState(keys);
     EXPECT_EQ(clipboard(), L"Źródło\r\n");
+    finish();
+    EXPECT_EQ(moduleState().liveObjects, 1);
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    serveMessages();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(moduleState().liveObjects, 0);
 }
 
 TEST_F(LogWindowTest, KeepsTheNewestLinesInSightUnlessItsUserReadsOthers) {
@@ -67,19 +72,6 @@ TEST_F(LogWindowTest, KeepsTheNewestLinesInSightUnlessItsUserReadsOthers) {
     driver().log.AddSimpleLog(L"seen whatever is read");
     EXPECT_GT(ask(LB_GETTOPINDEX), newest - 100);
     ShowWindow(window, SW_SHOW);
-}
-
-TEST_F(LogWindowTest, ClosedItTakesNoMoreLinesAndLetsTheModuleGo) {
-    EXPECT_TRUE(timerForm().Interval() == 10 && !timerForm().Enabled()) << "it never runs by itself";
-    finish();
-    EXPECT_FALSE(timerForm().isLoaded());
-    EXPECT_EQ(moduleState().liveObjects, 1);
-    SendMessageW(window, WM_CLOSE, 0, 0);
-    serveMessages();
-    EXPECT_FALSE(IsWindow(window));
-    EXPECT_EQ(moduleState().liveObjects, 0);
-    driver().log.trace(L"lost");
-    EXPECT_TRUE(openDialogs().empty());
 }
 
 }  // namespace

@@ -1,8 +1,61 @@
+#include "dialogs/FolderSelection.h"
+
 #include "tests/dialogs/DialogTest.h"
 
 namespace zelbar {
 
 namespace {
+
+/// The choice of folders without its window.
+class Selection : public DialogTest {
+  protected:
+    Selection() { driver().log.load(); }
+
+    static FolderSelection loaded() {
+        FolderSelection selection(driver().outlook, driver().log);
+        while (selection.search()) {
+        }
+        selection.load();
+        return selection;
+    }
+    void addStores(int count) {
+        for (int i = 1; i <= count; ++i)
+            mailbox.addFolder(mailbox.addStore(L"Store " + std::to_wstring(i)).root, L"People",
+                              ItemType::Contact);
+    }
+};
+
+TEST_F(Selection, FoldersOfAllStoresAreFoundDepthFirstAndNothingIsAskedTwice) {
+    addFolderBelow(addFolderBelow(defaultContacts, L"Kunden & Źródła"), L"Ügyfelek");
+    addFolderBelow(addFolder(L"Mail", ItemType::Mail), L"Deep");
+    addStores(1);
+    outlook.server().calls().reset();
+    auto selection = loaded();
+    std::wstring paths;
+    for (const cfolder* found : selection.folders()) paths += found->FullName + L"|";
+    EXPECT_EQ(paths,
+              L"\\Personal Folders\\Contacts|\\Personal Folders\\Contacts\\Kunden & Źródła|"
+              L"\\Personal Folders\\Contacts\\Kunden & Źródła\\Ügyfelek|\\Personal Folders\\Mail\\Deep|"
+              L"\\Store 1\\People|");
+    EXPECT_TRUE(traced("--- PST : 'Store 1 ------------"));
+    // Five calls a folder, one more for one of contacts, some for each store.
+    EXPECT_LE(outlook.server().calls().invocations(),
+              static_cast<long>(5 * selection.tree().size() + selection.folders().size()) + 2 * 2 + 3);
+    EXPECT_EQ(outlook.server().liveObjects(), 1) << "only what the running table holds";
+}
+
+TEST_F(Selection, AHundredStoresAreSearchedAtMost) {
+    addStores(4);
+    for (const auto& [limit, found] : {std::pair(L"3", 3u), {L"9", 5u}, {L"0", 5u}, {L"abc", 5u}}) {
+        popup(L"LimitPST", limit);
+        EXPECT_EQ(loaded().folders().size(), found) << limit;
+    }
+    addStores(96);
+    EXPECT_EQ(loaded().folders().size(), 100u);
+    EXPECT_TRUE(traced("Search_Outlook_ContactFolder: Limit number of pst files to 3"));
+    EXPECT_TRUE(traced("Number of PST files opened : 101"));
+    EXPECT_TRUE(traced("Search_Outlook_ContactFolder: Limit of max pst files reached."));
+}
 
 /// What becomes of a stored selection when it is loaded, and then saved with OK.
 struct Case {
@@ -33,32 +86,24 @@ const Case kCases[] = {
     {"FirstConfigurationWithOtherStores", 1, L"", L"2", true, L"1", L"1", L"1"},
 };
 
-class Selection : public DialogTest, public testing::WithParamInterface<Case> {
+class StoredSelectionTest : public Selection, public testing::WithParamInterface<Case> {
   protected:
-    static FolderSelection loaded() {
-        driver().log.load();
-        FolderSelection selection(driver().outlook, driver().log);
-        while (selection.search()) {
-        }
-        selection.load();
-        return selection;
-    }
     void prepare(const Case& given) {
-        std::vector<FolderRecord> folders{contacts};
+        std::vector<FolderRecord> folders{defaultContacts};
         for (int i = 1; i < given.folders; ++i) folders.push_back(addFolder(L"F" + std::to_wstring(100 + i)));
         int number = 0;
         for (size_t i = 0; i < given.stored.size(); ++i) {
             const wchar_t mark = given.stored[i];
             if (mark == L'.') continue;
             store(++number, folders[i], mark == L'0' ? L"0" : mark == L'e' ? L"" : L"-1");
-            if (mark == L'x') outlook.mailbox().eraseFolder(folders[i].id);
+            if (mark == L'x') mailbox.eraseFolder(folders[i].id);
             if (mark == L's') registry.set(HKEY_CURRENT_USER, kSelectionKey, L"storeId1", L"00FF");
         }
-        setPopup(L"InitPSTnumber", given.storesCounted);
+        popup(L"InitPSTnumber", given.storesCounted);
     }
 };
 
-TEST_P(Selection, IsLoadedAndSaved) {
+TEST_P(StoredSelectionTest, IsLoadedAndSaved) {
     const Case& given = GetParam();
     prepare(given);
     const std::wstring before = storedStates();
@@ -73,7 +118,7 @@ TEST_P(Selection, IsLoadedAndSaved) {
     for (size_t i = 0; i < folders.size(); ++i) folders[i]->IsSelected = given.saved[i] == L'1';
     selection.save(false);
     EXPECT_EQ(storedStates(), given.saved);
-    EXPECT_EQ(stored(L"entryId1"), entryId(contacts));
+    EXPECT_EQ(stored(L"entryId1"), mailbox.entryId(defaultContacts));
     EXPECT_EQ(stored(L"ConfigChanged"), given.configChanged);
     selection.save(true);
     EXPECT_EQ(stored(L"ConfigChanged"), L"1");
@@ -81,34 +126,8 @@ TEST_P(Selection, IsLoadedAndSaved) {
     EXPECT_FALSE(loaded().StoresChanged());
 }
 
-INSTANTIATE_TEST_SUITE_P(Stored, Selection, testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(Stored, StoredSelectionTest, testing::ValuesIn(kCases),
                          [](const auto& row) { return row.param.name; });
-
-TEST_F(Selection, AnIncompleteListIsNeverSavedUnasked) {
-    store(1, contacts);
-    store(2, addFolder(L"Other"));
-    const std::function<void()> ways[] = {
-        [this] {
-            faults().failMember(L"MAPIFolder.DefaultItemType", {E_FAIL, L"Offline."}, 1);
-        },
-        [this] { faults().failMember(L"NameSpace.Folders", {static_cast<HRESULT>(0x80010001)}); },
-        [this] { faults().quitAtCall(20); },
-        [this] { quitOutlook(); },
-    };
-    for (const auto& spoil : ways) {
-        spoil();
-        EXPECT_FALSE(loaded().complete()) << &spoil - ways;
-        EXPECT_EQ(storedStates(), L"11") << &spoil - ways;
-        EXPECT_EQ(stored(L"ConfigChanged"), L"(none)") << &spoil - ways;
-        faults().clear();
-        letOutlookRest();
-    }
-    EXPECT_TRUE(traced("Getting Outlook folders : no connection to object outlook"));
-    // What OK does is the user's own decision.
-    loaded().save(false);
-    EXPECT_EQ(storedStates(), L"");
-    EXPECT_EQ(stored(L"ConfigChanged"), L"0");
-}
 
 }  // namespace
 

@@ -30,10 +30,8 @@ class TextFit : public SelectionWindow {
             const bool button = kind & DLGC_BUTTON;
             const bool checks = (GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_AUTOCHECKBOX;
             const std::wstring text = windowText(child);
-            expectFits(child, text, button ? DT_SINGLELINE : DT_WORDBREAK,
-                       !button  ? 0
-                       : checks ? kCheckBox
-                                : kFrame);
+            const LONG beside = !button ? 0 : checks ? kCheckBox : kFrame;
+            expectFits(child, text, button ? DT_SINGLELINE : DT_WORDBREAK, beside);
             const size_t mark = text.find(L'&');
             if (mark == text.npos) continue;
             const std::wstring letter(1, static_cast<wchar_t>(towupper(text.at(mark + 1))));
@@ -48,7 +46,7 @@ class TextFit : public SelectionWindow {
 };
 
 TEST_F(TextFit, InAllLanguages) {
-    store(1, contacts);
+    store(1, defaultContacts);
     for (const wchar_t* index : {L"0", L"1", L"2", L"3", L"4", L"5", L"7", L"8"}) {
         language = index;
         registry.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\VEXPhone\\Settings", L"lang", index);

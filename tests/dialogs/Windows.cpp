@@ -83,23 +83,14 @@ std::wstring checksOf(HWND list) {
     return result;
 }
 
-bool duringModal(const std::function<void()>& open, const std::function<void(HWND)>& step) {
+bool pressForModal(HWND button, const std::function<void(HWND)>& step) {
     openBefore = openDialogs();
     modalStep = step;
     const UINT_PTR timer = SetTimer(nullptr, 0, 20, doModalStep);
-    open();
+    SendMessageW(button, BM_CLICK, 0, 0);
     serveMessages();
     KillTimer(nullptr, timer);
     return !std::exchange(modalStep, nullptr);
-}
-
-bool pressForModal(HWND button, const std::function<void(HWND)>& step) {
-    return duringModal(
-        [&] {
-            SendMessageW(button, BM_CLICK, 0, 0);
-            serveMessages();
-        },
-        step);
 }
 
 }  // namespace zelbar

@@ -26,10 +26,8 @@ void press(WPARAM key);
 std::vector<std::wstring> linesOf(HWND list);
 std::wstring checksOf(HWND list);
 
-/// Does `open`, which opens a modal dialog, and `step` in that one, which must close it. False when none has
-/// opened.
-bool duringModal(const std::function<void()>& open, const std::function<void(HWND)>& step);
-/// The same with a button that opens it.
+/// Presses a button that opens a modal dialog, and does `step` in that one, which must close it. False when
+/// none has opened.
 bool pressForModal(HWND button, const std::function<void(HWND)>& step);
 
 }  // namespace zelbar
