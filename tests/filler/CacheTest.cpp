@@ -11,19 +11,19 @@ namespace dao = zelbar::dao;
 using CacheTest = FillerTest;
 
 TEST_F(CacheTest, OnlyRowsThatDifferAreTouchedBesideAnOpenDriver) {
-    addPerson(contacts(), L"Byron", L"1");
-    ItemRecord hopper = addPerson(contacts(), L"Hopper", L"2");
+    addPerson(defaultContacts, L"Byron", L"1");
+    ItemRecord hopper = addPerson(defaultContacts, L"Hopper", L"2");
     ASSERT_EQ(fill(), L"");
     const auto search =
         openCache().object(dao::OpenRecordset, L"Select * From TCache Order By Name", dao::kOpenDynaset);
-    auto& calls = dao_.server().calls();
+    auto& calls = dao.server().calls();
     calls.reset();
     ASSERT_EQ(fill(), L"");
     EXPECT_FALSE(result_.change.any());
     EXPECT_EQ(calls.invocations(L"AddNew") + calls.invocations(L"Execute") + calls.invocations(L"BeginTrans"),
               0);
     hopper.fields[L"BusinessTelephoneNumber"] = L"3";
-    box_.save(hopper);
+    mailbox.save(hopper);
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(calls.invocations(L"AddNew"), 1);
     EXPECT_EQ(calls.invocations(L"Delete"), 1);
@@ -35,10 +35,10 @@ TEST_F(CacheTest, OnlyRowsThatDifferAreTouchedBesideAnOpenDriver) {
 
 TEST_F(CacheTest, OneThatCannotBeWrittenIsToldBeforeOutlookIsAsked) {
     const auto isRefused = [&] {
-        outlook_.calls().reset();
+        outlook.server().calls().reset();
         const std::wstring failure = fill();
         EXPECT_NE(failure.find(L"cannot be updated"), std::wstring::npos) << failure;
-        EXPECT_EQ(outlook_.calls().invocations(), 0);
+        EXPECT_EQ(outlook.server().calls().invocations(), 0);
     };
     harness::writeFile(path_, "no database at all");
     isRefused();

@@ -8,7 +8,7 @@ class InterruptedRunTest : public FillerTest {
   protected:
     void setNumber(const wchar_t* number) {
         byron_.fields[L"BusinessTelephoneNumber"] = number;
-        box_.save(byron_);
+        mailbox.save(byron_);
     }
     /// A cache that lacks the newest number.
     void fillBefore() {
@@ -16,7 +16,7 @@ class InterruptedRunTest : public FillerTest {
         ASSERT_EQ(fill(), L"");
         setNumber(L"2");
     }
-    ItemRecord byron_ = addPerson(contacts(), L"Byron", L"1");
+    ItemRecord byron_ = addPerson(defaultContacts, L"Byron", L"1");
 };
 
 TEST_F(InterruptedRunTest, TheUserCanEndItAtAnyPoint) {
@@ -37,7 +37,7 @@ TEST_F(InterruptedRunTest, TheFlagIsUpWhileRowsAreWrittenAndOthersAreRespected) 
     std::wstring ours;
     observer_.onProgress = [&](const std::wstring& what) {
         EXPECT_EQ(flag() == L"1", what == kWriting);
-        ours = registry_.get(HKEY_CURRENT_USER, kPopup, L"SynchroProcess").value_or(L"");
+        ours = registry.get(HKEY_CURRENT_USER, zelbar::kPopupKey, L"SynchroProcess").value_or(L"");
     };
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(flag(), L"0");
@@ -53,8 +53,8 @@ TEST_F(InterruptedRunTest, TheFlagIsUpWhileRowsAreWrittenAndOthersAreRespected) 
     };
     for (const auto& c : cases) {
         setNumber(c.owner.c_str());
-        registry_.set(HKEY_CURRENT_USER, kPopup, L"SynchroInProgress", L"1");
-        registry_.set(HKEY_CURRENT_USER, kPopup, L"SynchroProcess", c.owner);
+        popup(L"SynchroInProgress", L"1");
+        popup(L"SynchroProcess", c.owner);
         EXPECT_EQ(fill(), c.failure);
         EXPECT_EQ(flag(), c.flagAfterwards);
         EXPECT_EQ(observer_.notes.size(), c.owner.empty() ? 1u : 0u);

@@ -9,14 +9,14 @@ using OutlookTest = FillerTest;
 const standin::Failure kBroken{E_FAIL, L"Broken item."};
 
 TEST_F(OutlookTest, TheDefaultFolderServesWhoHasNeverChosen) {
-    const ItemRecord byron = addPerson(contacts(), L"Byron", L"+44 20 1");
-    const FolderRecord others = addFolder(box_.defaultStore(), L"Others");
+    const ItemRecord byron = addPerson(defaultContacts, L"Byron", L"+44 20 1");
+    const FolderRecord others = addFolder(mailbox.defaultStore(), L"Others");
     addPerson(others, L"Other", L"9");
     ASSERT_EQ(fill(), L"");
     const Texts before = content();
     const std::wstring key = rows(L"TStoreID", {L"Index"}).at(0);
-    EXPECT_EQ(rows(L"TStoreID", {L"StoreID"}), Texts{box_.storeId(box_.defaultStore().id)});
-    EXPECT_EQ(before, Texts{L"Byron|+44 20 1|" + box_.entryId(byron) + L"|" + key});
+    EXPECT_EQ(rows(L"TStoreID", {L"StoreID"}), Texts{mailbox.storeId(mailbox.defaultStore().id)});
+    EXPECT_EQ(before, Texts{L"Byron|+44 20 1|" + mailbox.entryId(byron) + L"|" + key});
     EXPECT_EQ(filler::describe(result_),
               L"Outlook was read item by item: Outlook 11.0.0.8010 has no tables.\n"
               L"1 contact in 1 folder, 1 number.\n1 row added, 0 removed.\n"
@@ -32,8 +32,8 @@ TEST_F(OutlookTest, TakesWhatCanBeSearchedAndCalled) {
         {{L"CompanyName", L"Engines"}, {L"PagerNumber", L"2"}},
         {{L"FileAs", L"Filed"}, {L"TelexNumber", L"3"}},
         {{L"LastName", L"Silent"}, {L"Email1Address", L"silent@example.com"}}};
-    for (const auto& fields : known) box_.addContact(contacts().id, fields);
-    box_.addDistributionList(contacts().id, L"Team");
+    for (const auto& fields : known) mailbox.addContact(defaultContacts.id, fields);
+    mailbox.addDistributionList(defaultContacts.id, L"Team");
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(people(), (Texts{L"Engines|2", L"Filed|3", L"Twice|1"}));
     EXPECT_EQ(result_.contactCount, 4);
@@ -41,12 +41,13 @@ TEST_F(OutlookTest, TakesWhatCanBeSearchedAndCalled) {
 }
 
 TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
-    const auto archive = box_.addStore(L"Archive");
-    const FolderRecord old = addFolder(archive, L"Old"), others = addFolder(box_.defaultStore(), L"Others");
-    addPerson(contacts(), L"Unselected", L"1");
+    const auto archive = mailbox.addStore(L"Archive");
+    const FolderRecord old = addFolder(archive, L"Old"),
+                       others = addFolder(mailbox.defaultStore(), L"Others");
+    addPerson(defaultContacts, L"Unselected", L"1");
     addPerson(old, L"Old", L"2");
     addPerson(others, L"Other", L"3");
-    for (int i = 1; i <= 16; ++i) choose(i, contacts(), L"0");
+    for (int i = 1; i <= 16; ++i) choose(i, defaultContacts, L"0");
     choose(17, others, L"");
     choose(18, old);
     choose(19, others);
@@ -55,60 +56,60 @@ TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
     EXPECT_EQ(people(), (Texts{L"Old|2", L"Other|3"}));
     EXPECT_EQ(result_.folderCount, 2);
     // Not found for a moment: its rows go and come back under the same key.
-    outlook_.faults().failMember(L"GetFolderFromID", {static_cast<HRESULT>(0x8004010F)}, 1);
+    faults().failMember(L"GetFolderFromID", {static_cast<HRESULT>(0x8004010F)}, 1);
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(people(), (Texts{L"Old|2"}));
     EXPECT_EQ(rows(L"TStoreID", {L"Index"}).size(), 2u)
         << "a running driver still knows the store by its key";
-    EXPECT_EQ(observer_.notes, (Texts{L"The chosen folder number 17 (in " + box_.defaultStore().name +
+    EXPECT_EQ(observer_.notes, (Texts{L"The chosen folder number 17 (in " + mailbox.defaultStore().name +
                                       L") does not exist any more and was left out."}));
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(content(), all);
     // A store that is not open may come back; a deleted folder does not.
-    box_.removeStore(archive.id);
+    mailbox.removeStore(archive.id);
     EXPECT_EQ(fill().find(L"The chosen folder number 18 cannot be opened in Outlook"), 0u);
     choose(18, others);
-    box_.eraseFolder(others.id);
+    mailbox.eraseFolder(others.id);
     EXPECT_EQ(fill(), L"None of the chosen folders exists any more. Choose the contacts folders again.");
 }
 
 TEST_F(OutlookTest, WhatCannotBeReadKeepsItsRows) {
-    const FolderRecord old = addFolder(box_.addStore(L"Archive"), L"Old");
-    choose(1, contacts());
+    const FolderRecord old = addFolder(mailbox.addStore(L"Archive"), L"Old");
+    choose(1, defaultContacts);
     choose(2, old);
-    addPerson(contacts(), L"Byron", L"1");
+    addPerson(defaultContacts, L"Byron", L"1");
     const std::pair<const wchar_t*, bool> cases[] = {
         {L"Items.Item", false}, {L"Class", false}, {L"EntryID", false}, {L"TelexNumber", true}};
     for (const auto& [member, isIdentifierKnown] : cases) {
         SCOPED_TRACE(member);
-        const ItemRecord deleted = addPerson(contacts(), L"Deleted", L"2"),
+        const ItemRecord deleted = addPerson(defaultContacts, L"Deleted", L"2"),
                          other = addPerson(old, L"Other", L"3"),
-                         unread = addPerson(contacts(), L"Unread", L"4");
+                         unread = addPerson(defaultContacts, L"Unread", L"4");
         ASSERT_EQ(fill(), L"");
-        box_.eraseItem(deleted.id);
-        box_.eraseItem(other.id);
-        outlook_.faults().failMember(member, kBroken, 1);
+        mailbox.eraseItem(deleted.id);
+        mailbox.eraseItem(other.id);
+        faults().failMember(member, kBroken, 1);
         ASSERT_EQ(fill(), L"");
         EXPECT_FALSE(result_.isComplete());
         EXPECT_EQ(people().size(), isIdentifierKnown ? 2u : 3u);
         EXPECT_EQ(observer_.notes,
-                  (Texts{L"Contacts that could not be read in \\" + box_.defaultStore().name + L"\\" +
-                         contacts().name + L": 1. The last reason: Broken item."}));
+                  (Texts{L"Contacts that could not be read in \\" + mailbox.defaultStore().name + L"\\" +
+                         defaultContacts.name + L": 1. The last reason: Broken item."}));
         ASSERT_EQ(fill(), L"");
         EXPECT_TRUE(result_.isComplete());
         EXPECT_EQ(people(), (Texts{L"Byron|1", L"Unread|4"}));
-        box_.eraseItem(unread.id);
+        mailbox.eraseItem(unread.id);
     }
-    outlook_.faults().failMember(L"LastName", kBroken);
+    faults().failMember(L"LastName", kBroken);
     EXPECT_NE(fill().find(L"none of the contacts"), std::wstring::npos);
 }
 
 TEST_F(OutlookTest, ItemsMayBeDeletedWhileTheyAreRead) {
-    const ItemRecord deleted[] = {addPerson(contacts(), L"Byron", L"1"),
-                                  addPerson(contacts(), L"Hopper", L"2")};
-    addPerson(contacts(), L"Lovelace", L"3");
+    const ItemRecord deleted[] = {addPerson(defaultContacts, L"Byron", L"1"),
+                                  addPerson(defaultContacts, L"Hopper", L"2")};
+    addPerson(defaultContacts, L"Lovelace", L"3");
     observer_.onProgress = [&](const std::wstring&) {
-        for (const ItemRecord& item : deleted) box_.eraseItem(item.id);
+        for (const ItemRecord& item : deleted) mailbox.eraseItem(item.id);
     };
     ASSERT_EQ(fill(), L"");
     EXPECT_TRUE(result_.isComplete());
@@ -116,18 +117,19 @@ TEST_F(OutlookTest, ItemsMayBeDeletedWhileTheyAreRead) {
 }
 
 TEST_F(OutlookTest, PhotosGoWithTheContacts) {
-    const ItemRecord byron = addPerson(contacts(), L"Byron", L"1");
-    const std::wstring old = folder_.file(L"PimContact_00ab.jpg");
-    const Texts others = {L"pimcontact_" + box_.entryId(byron) + L".jpg", L"pimcontact_xyz.jpg", L"AB.jpg"};
-    for (const std::wstring& name : others) harness::writeFile(folder_.file(name), "");
+    const ItemRecord byron = addPerson(defaultContacts, L"Byron", L"1");
+    const std::wstring old = folder.file(L"PimContact_00ab.jpg");
+    const Texts others = {L"pimcontact_" + mailbox.entryId(byron) + L".jpg", L"pimcontact_xyz.jpg",
+                          L"AB.jpg"};
+    for (const std::wstring& name : others) harness::writeFile(folder.file(name), "");
     harness::writeFile(old, "");
-    addPerson(contacts(), L"Hopper", L"2");
-    outlook_.faults().failMember(L"TelexNumber", kBroken, 1);
+    addPerson(defaultContacts, L"Hopper", L"2");
+    faults().failMember(L"TelexNumber", kBroken, 1);
     ASSERT_EQ(fill(), L"");
     EXPECT_TRUE(harness::exists(old)) << "the cache is not complete";
     ASSERT_EQ(fill(), L"");
     EXPECT_FALSE(harness::exists(old));
-    for (const std::wstring& name : others) EXPECT_TRUE(harness::exists(folder_.file(name)));
+    for (const std::wstring& name : others) EXPECT_TRUE(harness::exists(folder.file(name)));
 }
 
 }  // namespace

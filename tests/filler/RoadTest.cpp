@@ -1,21 +1,13 @@
-#include <cstdio>
 #include <set>
 
-#include "filler/FillCache.h"
-#include "tests/fixture/DriverTest.h"
+#include "tests/filler/Fixture.h"
 #include "tests/numbers/Spellings.h"
 
 /// From Outlook through the filler and the cache to the driver's answer.
 namespace zelbar {
 namespace {
 
-struct SilentObserver : filler::Observer {
-    void progress(const wchar_t*, long, long) override {}
-    void note(const std::wstring& sentence) override { ADD_FAILURE() << sentence.c_str(); }
-    bool cancelled() override { return false; }
-};
-
-class Road : public DriverTest, public testing::WithParamInterface<const wchar_t*> {
+class Road : public FillerTest, public testing::WithParamInterface<const wchar_t*> {
   protected:
     void SetUp() override {
         for (const spellings::Case& one : spellings::all())
@@ -49,11 +41,13 @@ class Road : public DriverTest, public testing::WithParamInterface<const wchar_t
         }
         return {found, calls};
     }
-    filler::FillResult fill() {
-        SilentObserver observer;
-        const auto result = filler::fillCache(observer, cases_[0].place);
+    /// Fills the cache; a driver that starts afterwards reads it.
+    filler::CacheChange change() {
+        place_ = cases_[0].place;
+        EXPECT_EQ(fill(), L"");
+        EXPECT_EQ(observer_.notes, Texts{});
         finish();
-        return result;
+        return result_.change;
     }
 
     std::vector<spellings::Case> cases_;
@@ -62,17 +56,13 @@ class Road : public DriverTest, public testing::WithParamInterface<const wchar_t
 TEST_P(Road, FindsEveryCallerOnceTheOldCacheIsUpToDate) {
     const auto [before, calls] = answered();
     const std::set<std::wstring> named = foundBy(L"Same*", 1);
-    const filler::FillResult result = fill();
-    EXPECT_GT(result.change.added, 0);
-    EXPECT_FALSE(fill().change.any()) << "an unchanged run";
+    EXPECT_GT(change().added, 0);
+    EXPECT_FALSE(change().any()) << "an unchanged run";
     const int after = answered().first;
     EXPECT_EQ(after, calls);
     EXPECT_LT(before, calls / 4);
     EXPECT_EQ(foundBy(L"Same*", 1), named);
     EXPECT_EQ(named.size(), cases_.size());
-    std::printf("%ls: %d of %d calls found their contact before, %d after; %.2f rows a number\n", GetParam(),
-                before, calls, after,
-                static_cast<double>(cacheRows()) / static_cast<double>(result.change.numberCount));
 }
 
 INSTANTIATE_TEST_SUITE_P(Places, Road, testing::Values(L"DE 30", L"US 212"));

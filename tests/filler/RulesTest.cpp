@@ -18,8 +18,7 @@ TEST(ContactText, NamesAContactAsItIsSearched) {
 }
 
 TEST(Program, ExplainsItself) {
-    const std::wstring program = L"\"" + harness::programFolder() + L"\\fillcache.exe\" ";
-    EXPECT_EQ(harness::run(program + L"/?").exitCode, 0u);
+    EXPECT_EQ(harness::runOwn(L"fillcache.exe", L"/?").exitCode, 0u);
     const std::pair<const wchar_t*, const char*> places[] = {
         {L"--f\u00f6lder", "--f\xC3\xB6lder"},
         {L"--country XX", "There is no country"},
@@ -30,7 +29,7 @@ TEST(Program, ExplainsItself) {
         {L"--read fast", "table or items"},
         {L"--without-prefix none --country DE", "international, national or unknown"}};
     for (const auto& [words, sentence] : places) {
-        const harness::Ended bad = harness::run(program + words);
+        const harness::Ended bad = harness::runOwn(L"fillcache.exe", words);
         EXPECT_EQ(bad.exitCode, 2u) << words;
         EXPECT_NE(bad.error.find(sentence), std::string::npos) << bad.error;
     }

@@ -11,7 +11,7 @@ constexpr wchar_t kSecurity[] = L"Office\\16.0\\Outlook\\Security";
 class TableTest : public FillerTest {
   protected:
     TableTest() {
-        outlook_.setOption(L"Version", L"16.0.17328");
+        outlook.server().setOption(L"Version", L"16.0.17328");
         way_ = ReadWay::Table;
     }
     /// The cache's rows after a first run in that way.
@@ -37,26 +37,26 @@ class TableTest : public FillerTest {
             {{L"LastName", L"Custom"}, {L"MessageClass", L"IPM.Contact.Crm"}, {L"ISDNNumber", L"6"}},
             {{L"LastName", L"Silent"}, {L"Email1Address", L"silent@example.com"}},
             {{L"BusinessTelephoneNumber", L"*#?\"|\x4e2d"}}};
-        for (const auto& fields : others) box_.addContact(contacts().id, fields);
-        box_.addDistributionList(contacts().id, L"Team");
+        for (const auto& fields : others) mailbox.addContact(defaultContacts.id, fields);
+        mailbox.addDistributionList(defaultContacts.id, L"Team");
     }
     std::size_t itemsOpened() {
-        return static_cast<std::size_t>(outlook_.calls().invocations(L"GetItemFromID"));
+        return static_cast<std::size_t>(outlook.server().calls().invocations(L"GetItemFromID"));
     }
 };
 
 TEST_F(TableTest, GivesTheSameRowsAsItemByItem) {
     addAllKinds();
-    const FolderRecord other = addFolder(box_.addStore(L"Archive"), L"Old");
+    const FolderRecord other = addFolder(mailbox.addStore(L"Archive"), L"Old");
     addPerson(other, L"Old", L"8");
-    choose(1, contacts());
+    choose(1, defaultContacts);
     choose(2, other);
     const Texts items = rowsBy(ReadWay::Items);
     for (const wchar_t* missing : {L"", L"error"})
         for (const wchar_t* ids : {L"", L"short"}) {
-            outlook_.setOption(L"TableMissing", missing);
-            outlook_.setOption(L"TableIds", ids);
-            outlook_.calls().reset();
+            outlook.server().setOption(L"TableMissing", missing);
+            outlook.server().setOption(L"TableIds", ids);
+            outlook.server().calls().reset();
             EXPECT_EQ(rowsBy(ReadWay::Table), items) << missing << ids;
             EXPECT_EQ(observer_.notes, Texts{});
             EXPECT_EQ(itemsOpened(), 5u) << "one of each folder, and three with texts that may be cut";
@@ -68,11 +68,11 @@ TEST_F(TableTest, AFolderThatLeavesADoubtIsReadItemByItem) {
     addAllKinds();
     const Texts items = rowsBy(ReadWay::Items);
     const std::pair<std::function<void()>, const wchar_t*> cases[] = {
-        {[&] { outlook_.setOption(L"Version", L"11.0"); }, L"GetTable"},
-        {[&] { outlook_.setOption(L"Guard", L"deny"); }, L"The operation failed"},
-        {[&] { outlook_.setOption(L"TableIds", L"short only"); }, L"identifiers of its own"},
+        {[&] { outlook.server().setOption(L"Version", L"11.0"); }, L"GetTable"},
+        {[&] { outlook.server().setOption(L"Guard", L"deny"); }, L"The operation failed"},
+        {[&] { outlook.server().setOption(L"TableIds", L"short only"); }, L"identifiers of its own"},
         {[&] {
-             outlook_.faults().failMember(L"GetArray", {E_FAIL, L"Broken table."}, 1);
+             faults().failMember(L"GetArray", {E_FAIL, L"Broken table."}, 1);
          },
          L"Broken table."},
     };
@@ -81,17 +81,17 @@ TEST_F(TableTest, AFolderThatLeavesADoubtIsReadItemByItem) {
         EXPECT_EQ(rowsBy(ReadWay::Table), items);
         ASSERT_EQ(observer_.notes.size(), 1u) << reason;
         EXPECT_NE(observer_.notes[0].find(reason), std::wstring::npos) << observer_.notes[0];
-        for (const wchar_t* option : {L"Guard", L"TableIds"}) outlook_.setOption(option, L"");
-        outlook_.setOption(L"Version", L"16.0");
+        for (const wchar_t* option : {L"Guard", L"TableIds"}) outlook.server().setOption(option, L"");
+        outlook.server().setOption(L"Version", L"16.0");
     }
 }
 
 TEST_F(TableTest, NoRowIsLostWhenTheFolderChangesMeanwhile) {
     constexpr std::size_t kPeople = 600;  // more than one call gives
     std::vector<ItemRecord> people;
-    standin::outlook::Transaction together(box_.database());
+    standin::outlook::Transaction together(mailbox.database());
     for (std::size_t i = 0; i < kPeople; ++i)
-        people.push_back(addPerson(contacts(), L"P", std::to_wstring(i).c_str()));
+        people.push_back(addPerson(defaultContacts, L"P", std::to_wstring(i).c_str()));
     together.commit();
     ASSERT_EQ(fill(), L"");
     ASSERT_EQ(FillerTest::people().size(), kPeople);
@@ -99,8 +99,8 @@ TEST_F(TableTest, NoRowIsLostWhenTheFolderChangesMeanwhile) {
     std::size_t changes = 0;
     observer_.onProgress = [&](const std::wstring& what) {
         if (what == kWriting || changes == 5) return;
-        box_.eraseItem(people[changes++].id);
-        addPerson(contacts(), L"New", L"9");
+        mailbox.eraseItem(people[changes++].id);
+        addPerson(defaultContacts, L"New", L"9");
     };
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(result_.change.added, 5);
@@ -108,7 +108,7 @@ TEST_F(TableTest, NoRowIsLostWhenTheFolderChangesMeanwhile) {
     // Where it never comes to rest, item by item.
     changes = 10;
     observer_.onProgress = [&](const std::wstring& what) {
-        if (what != kWriting && changes < 40) box_.eraseItem(people[changes++].id);
+        if (what != kWriting && changes < 40) mailbox.eraseItem(people[changes++].id);
     };
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(observer_.notes.size(), 1u);
@@ -118,15 +118,15 @@ TEST_F(TableTest, NoRowIsLostWhenTheFolderChangesMeanwhile) {
 }
 
 TEST_F(TableTest, AnItemThatCannotBeReadKeepsItsRowsAndOneThatIsGoneDoesNot) {
-    const ItemRecord cut = box_.addContact(
-        contacts().id, {{L"LastName", std::wstring(200, L'x')}, {L"BusinessTelephoneNumber", L"1"}});
-    addPerson(contacts(), L"Byron", L"2");
+    const ItemRecord cut = mailbox.addContact(
+        defaultContacts.id, {{L"LastName", std::wstring(200, L'x')}, {L"BusinessTelephoneNumber", L"1"}});
+    addPerson(defaultContacts, L"Byron", L"2");
     const Texts before = rowsBy(ReadWay::Table);
-    outlook_.faults().failMember(L"TelexNumber", {E_FAIL, L"Broken item."}, 1);
+    faults().failMember(L"TelexNumber", {E_FAIL, L"Broken item."}, 1);
     ASSERT_EQ(fill(), L"");
     EXPECT_EQ(result_.unreadCount, 1);
     EXPECT_EQ(content(), before);
-    outlook_.faults().failMember(L"TelexNumber", {static_cast<HRESULT>(0x8004010A), L"Gone."}, 1);
+    faults().failMember(L"TelexNumber", {static_cast<HRESULT>(0x8004010A), L"Gone."}, 1);
     ASSERT_EQ(fill(), L"");
     EXPECT_TRUE(result_.isComplete());
     EXPECT_EQ(FillerTest::people(), Texts{L"Byron|2"});
@@ -147,10 +147,10 @@ TEST_F(TableTest, IsTheDefaultOnlyWhereTheGuardCannotAsk) {
         {2, 2, 2, false, L"AdminSecurityMode is 2"},
     };
     way_ = {};
-    addPerson(contacts(), L"Byron", L"1");
+    addPerson(defaultContacts, L"Byron", L"1");
     const auto set = [&](HKEY root, const std::wstring& key, const wchar_t* name, DWORD value) {
-        registry_.set(root, key + kSecurity, name, REG_DWORD,
-                      std::string(reinterpret_cast<const char*>(&value), sizeof value));
+        registry.set(root, key + kSecurity, name, REG_DWORD,
+                     std::string(reinterpret_cast<const char*>(&value), sizeof value));
     };
     const std::wstring policies = L"Software\\Policies\\Microsoft\\", own = L"SOFTWARE\\Microsoft\\";
     for (const auto& c : cases) {
