@@ -4,56 +4,55 @@
 namespace standin::outlook {
 namespace {
 
-class Identity : public Outlook {};
+constexpr auto kInvalidEntryId = static_cast<long>(0x80040107);
+constexpr auto kStoreNotOpen = static_cast<long>(0x8004011C);
+constexpr auto kInvalidArgument = static_cast<long>(E_INVALIDARG);
 
-TEST_F(Identity, WhatNamesNothingRaises) {
-    Mailbox& box = host->mailbox();
-    const StoreRecord archive = box.addStore(L"Archive");
-    const FolderRecord people = box.addFolder(archive.root, L"People", ItemType::Contact);
-    const std::wstring here = box.entryId(ada());
-    const std::wstring there = box.entryId(box.addContact(people.id, {{L"LastName", L"Away"}}));
-    const std::wstring archiveId = box.storeId(archive.id);
-    const std::wstring homeId = box.storeId(box.defaultStore().id);
-    const StoreRecord closed = box.addStore(L"Closed");
-    const std::wstring closedId = box.storeId(closed.id);
-    box.removeStore(closed.id);
+TEST_F(Outlook, WhatNamesNothingRaises) {
+    const StoreRecord archive = mailbox.addStore(L"Archive");
+    const FolderRecord people = mailbox.addFolder(archive.root, L"People", ItemType::Contact);
+    const std::wstring here = mailbox.entryId(ada());
+    const std::wstring there = mailbox.entryId(mailbox.addContact(people.id, {{L"LastName", L"Away"}}));
+    const std::wstring archiveId = mailbox.storeId(archive.id);
+    const std::wstring homeId = mailbox.storeId(mailbox.defaultStore().id);
+    const StoreRecord closed = mailbox.addStore(L"Closed");
+    const std::wstring closedId = mailbox.storeId(closed.id);
+    mailbox.removeStore(closed.id);
     std::wstring unused = here;
     unused[unused.size() - 5] = L'F';
     const struct {
         std::wstring item;
         std::optional<std::wstring> store;
-        HRESULT expected;
+        long expected;
     } cases[] = {
-        {here, {}, S_OK},
-        {here, homeId, S_OK},
-        {there, archiveId, S_OK},
+        {here, {}, 0},
+        {here, homeId, 0},
+        {there, archiveId, 0},
         {there, {}, kNotFound},
         {there, homeId, kNotFound},
         {here, archiveId, kNotFound},
         {unused, {}, kNotFound},
-        {box.entryId(people), archiveId, kNotFound},
+        {mailbox.entryId(people), archiveId, kNotFound},
         {here, closedId, kStoreNotOpen},
         {here.substr(2), {}, kInvalidEntryId},
         {homeId, {}, kInvalidEntryId},
         {here, here, kInvalidEntryId},
-        {here.substr(1), {}, E_INVALIDARG},
-        {L"not an identifier", {}, E_INVALIDARG},
-        {L"", {}, E_INVALIDARG},
-        {here, L"", E_INVALIDARG},
+        {here.substr(1), {}, kInvalidArgument},
+        {L"not an identifier", {}, kInvalidArgument},
+        {L"", {}, kInvalidArgument},
+        {here, L"", kInvalidArgument},
     };
     for (const auto& c : cases) {
-        const late::Outcome outcome =
-            c.store ? nameSpace().attempt(L"GetItemFromID", {toValue(c.item), toValue(*c.store)})
-                    : nameSpace().attempt(L"GetItemFromID", {toValue(c.item)});
-        EXPECT_EQ(late::numberOf(outcome), c.expected) << c.item << " in " << c.store.value_or(L"(default)");
-        EXPECT_EQ(outcome.result, c.expected == S_OK ? S_OK : DISP_E_EXCEPTION);
-        EXPECT_EQ(outcome.description.empty(), c.expected == S_OK);
+        const auto fault = faultOf([&] {
+            c.store ? nameSpace().call({L"GetItemFromID"}, c.item, *c.store)
+                    : nameSpace().call({L"GetItemFromID"}, c.item);
+        });
+        EXPECT_EQ(fault.number, c.expected) << c.item << " in " << c.store.value_or(L"(default)");
+        EXPECT_EQ(fault.description.empty(), c.expected == 0);
     }
-    EXPECT_EQ(nameSpace()
-                  .object(L"GetFolderFromID", {toValue(box.entryId(people)), toValue(archiveId)})
-                  .text(L"Name"),
-              L"People");
-    EXPECT_EQ(nameSpace().attempt(L"GetFolderFromID", {toValue(here)}).number, kNotFound);
+    const Object folderById = nameSpace().object({L"GetFolderFromID"}, mailbox.entryId(people), archiveId);
+    EXPECT_EQ(folderById.text({L"Name"}), L"People");
+    EXPECT_EQ(faultOf([&] { nameSpace().call({L"GetFolderFromID"}, here); }).number, kNotFound);
 }
 
 }  // namespace

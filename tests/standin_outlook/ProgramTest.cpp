@@ -31,60 +31,40 @@ class Program : public testing::Test {
 
     /// Runs a command to its end; what it printed is in `output`, errors behind the rest.
     DWORD run(const std::wstring& arguments) {
-        const auto ended =
-            harness::run(L"\"" + harness::programFolder() + L"\\outlook_standin.exe\" " + arguments);
+        const auto ended = harness::runOwn(L"outlook_standin.exe", arguments);
         output = ended.out + ended.error;
         return ended.exitCode;
     }
-    static HANDLE processOf(const late::Object& app) {
-        const auto id = static_cast<DWORD>(app.object(L"StandIn").number(L"ProcessId"));
+    static HANDLE processOf(const Object& app) {
+        const auto id = static_cast<DWORD>(app.object({L"StandIn"}).integer({L"ProcessId"}));
         EXPECT_NE(id, GetCurrentProcessId());
         return OpenProcess(SYNCHRONIZE, FALSE, id);
     }
 
-    Apartment apartment;
     harness::TemporaryFolder folder;
     std::string output;
 };
 
-TEST_F(Program, ServesAcrossProcessesAndEndsWithItsLastClient) {
-    late::Object app = late::create(kApplicationClsid, CLSCTX_LOCAL_SERVER);
-    ASSERT_TRUE(app);
-    const Handle process(processOf(app));
-    {
-        const late::Object names = app.object(L"GetNamespace", {L"MAPI"});
-        const late::Object contacts = names.object(L"GetDefaultFolder", {10L});
-        const late::Outcome unknown = names.attempt(L"GetItemFromID", {contacts.get(L"EntryID")});
-        EXPECT_EQ(unknown.result, DISP_E_EXCEPTION);
-        EXPECT_EQ(unknown.number, kNotFound);
-        EXPECT_EQ(unknown.source, L"Microsoft Outlook");
-        const late::Object explorer = contacts.object(L"GetExplorer");
-        const Value journal = names.object(L"GetDefaultFolder", {11L}).value();
-        EXPECT_EQ(explorer.invoke(L"CurrentFolder", DISPATCH_PROPERTYPUTREF, {journal}).result, S_OK);
-        EXPECT_EQ(explorer.object(L"CurrentFolder").text(L"Name"), L"Journal");
-    }
-    EXPECT_EQ(app.object(L"StandIn").number(L"LiveObjects"), 1);
-    app = {};
-    EXPECT_EQ(WaitForSingleObject(process.get(), kPatience), WAIT_OBJECT_0);
-}
-
-TEST_F(Program, QuitsUnderTheClientAndStartsAnew) {
-    const late::Object first = late::create(kApplicationClsid, CLSCTX_LOCAL_SERVER);
-    ASSERT_TRUE(first);
+TEST_F(Program, QuitsUnderTheClientStartsAnewAndEndsWithItsLastClient) {
+    const Object first = newApplication();
     const Handle process(processOf(first));
-    const auto contacts = [](const late::Object& app) {
-        return app.object(L"GetNamespace", {L"MAPI"}).object(L"GetDefaultFolder", {10L}).object(L"Items");
-    };
-    contacts(first).object(L"Add").call(L"Save");
+    contactsOf(first).object({L"Items"}).object({L"Add"}).call({L"Save"});
+    const auto unknown = faultOf([&] { nameSpaceOf(first).call({L"GetItemFromID"}, L"0000"); });
+    EXPECT_EQ(unknown.source, L"Microsoft Outlook");
     Ref<IUnknown> running;
     EXPECT_EQ(GetActiveObject(kApplicationClsid, nullptr, &running), S_OK);
-    first.call(L"Quit");
+    running.Reset();
+    first.call({L"Quit"});
     EXPECT_EQ(WaitForSingleObject(process.get(), kPatience), WAIT_OBJECT_0);
-    EXPECT_EQ(first.attempt(L"Name").result, kServerGone);
+    EXPECT_EQ(faultOf([&] { first.call({L"Name"}); }).number, kServerGone);
     EXPECT_NE(GetActiveObject(kApplicationClsid, nullptr, &running), S_OK);
-    const late::Object second = late::create(kApplicationClsid, CLSCTX_LOCAL_SERVER);
-    ASSERT_TRUE(second);
-    EXPECT_EQ(contacts(second).number(L"Count"), 1);
+
+    Object second = newApplication();
+    const Handle other(processOf(second));
+    EXPECT_EQ(contactsOf(second).object({L"Items"}).integer({L"Count"}), 1);
+    EXPECT_EQ(second.object({L"StandIn"}).integer({L"LiveObjects"}), 1);
+    second = {};
+    EXPECT_EQ(WaitForSingleObject(other.get(), kPatience), WAIT_OBJECT_0);
 }
 
 TEST_F(Program, CommandsWorkOnTheFile) {

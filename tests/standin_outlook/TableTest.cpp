@@ -6,55 +6,60 @@ namespace {
 
 class TableRules : public Outlook {
   protected:
-    TableRules() { host->server().setOption(L"Version", L"12.0"); }
-    static std::wstring cell(const Value& array, LONG column, LONG row) {
+    TableRules() { host.server().setOption(L"Version", L"12.0"); }
+    static std::wstring cell(const zelbar::Variant& array, LONG column, LONG row) {
         LONG place[] = {column, row};
-        Value element;
-        EXPECT_EQ(SafeArrayGetElement(array.parray, place, &element), S_OK);
-        return element.vt == VT_BSTR ? toText(element) : L"(" + std::to_wstring(element.vt) + L")";
+        zelbar::Variant element;
+        EXPECT_EQ(SafeArrayGetElement(array.raw().parray, place, element.put()), S_OK);
+        return element.type() == VT_BSTR ? element.text() : L"(" + std::to_wstring(element.type()) + L")";
+    }
+    template <class... Arguments>
+    static bool isRefused(const Object& object, const wchar_t* member, const Arguments&... arguments) {
+        return faultOf([&] { object.call({member}, arguments...); }).number != 0;
     }
 };
 
 TEST_F(TableRules, ColumnsAreRefusedAndPutTheTableBeforeItsFirstRow) {
-    host->server().setOption(L"Version", L"11.0");
-    EXPECT_EQ(contacts().attempt(L"GetTable").result, DISP_E_UNKNOWNNAME);
-    host->server().setOption(L"Version", L"12.0");
+    host.server().setOption(L"Version", L"11.0");
+    EXPECT_TRUE(isRefused(contacts(), L"GetTable"));
+    host.server().setOption(L"Version", L"12.0");
     ada();
-    const late::Object table = contacts().object(L"GetTable"), columns = table.object(L"Columns");
-    EXPECT_EQ(columns.number(L"Count"), 8);
-    EXPECT_EQ(columns.object(L"Item", {5L}).text(L"Name"), L"MessageClass");
-    EXPECT_EQ(columns.attempt(L"Item", {99L}).result, DISP_E_EXCEPTION);
-    EXPECT_FALSE(columns.object(L"Item", {L"Department"}));
-    table.get(L"GetArray", {10L});
-    EXPECT_EQ(table.get(L"EndOfTable").boolVal, VARIANT_TRUE);
+    const Object table = contacts().object({L"GetTable"}), columns = table.object({L"Columns"});
+    EXPECT_EQ(columns.integer({L"Count"}), 8);
+    EXPECT_EQ(columns.object({L"Item"}, 5).text({L"Name"}), L"MessageClass");
+    EXPECT_TRUE(isRefused(columns, L"Item", 99));
+    EXPECT_FALSE(columns.object({L"Item"}, L"Department"));
+    table.call({L"GetArray"}, 10);
+    EXPECT_TRUE(table.boolean({L"EndOfTable"}));
     for (const wchar_t* refused : {L"Class", L"Attachments", L"DLName", L"Unread", L"nonsense", L"",
                                    L"HTTP://schemas.microsoft.com/mapi/proptag/0x3A08001F"})
-        EXPECT_EQ(columns.attempt(L"Add", {refused}).result, DISP_E_EXCEPTION) << refused;
-    EXPECT_EQ(columns.number(L"Count"), 8);
-    EXPECT_EQ(table.get(L"EndOfTable").boolVal, VARIANT_TRUE) << "a refused column moves nothing";
-    columns.call(L"Add", {L"http://schemas.microsoft.com/mapi/proptag/0x3A08001F"});
-    EXPECT_EQ(table.get(L"EndOfTable").boolVal, VARIANT_FALSE);
-    host->server().setOption(L"Guard", L"abort");
-    EXPECT_EQ(columns.attempt(L"Add", {L"PagerNumber"}).number, E_ABORT);
-    EXPECT_EQ(contacts().attempt(L"GetTable", {L"[LastName] = 'x'"}).result, DISP_E_EXCEPTION);
-    EXPECT_EQ(contacts().object(L"GetTable", {L"", 1L}).object(L"Columns").number(L"Count"), 5) << "hidden";
+        EXPECT_TRUE(isRefused(columns, L"Add", refused)) << refused;
+    EXPECT_EQ(columns.integer({L"Count"}), 8);
+    EXPECT_TRUE(table.boolean({L"EndOfTable"})) << "a refused column moves nothing";
+    columns.call({L"Add"}, L"http://schemas.microsoft.com/mapi/proptag/0x3A08001F");
+    EXPECT_FALSE(table.boolean({L"EndOfTable"}));
+    host.server().setOption(L"Guard", L"abort");
+    EXPECT_TRUE(isRefused(columns, L"Add", L"PagerNumber"));
+    EXPECT_TRUE(isRefused(contacts(), L"GetTable", L"[LastName] = 'x'"));
+    EXPECT_EQ(contacts().object({L"GetTable"}, L"", 1).object({L"Columns"}).integer({L"Count"}), 5)
+        << "hidden";
 }
 
 TEST_F(TableRules, AnArrayHoldsColumnsByRowsWithTextsCut) {
     const ItemRecord first = ada();
-    host->mailbox().addContact(contactsRow(), {{L"LastName", std::wstring(300, L'x')}});
-    host->mailbox().addDistributionList(contactsRow(), L"Team");
-    const late::Object table = contacts().object(L"GetTable"), columns = table.object(L"Columns");
-    columns.call(L"RemoveAll");
-    for (const wchar_t* name : {L"EntryID", L"LastName", L"MessageClass"}) columns.call(L"Add", {name});
-    const Value two = table.get(L"GetArray", {2L}), rest = table.get(L"GetArray", {2L});
-    EXPECT_EQ(cell(two, 0, 0), host->mailbox().entryId(first));
+    mailbox.addContact(contactsRow, {{L"LastName", std::wstring(300, L'x')}});
+    mailbox.addDistributionList(contactsRow, L"Team");
+    const Object table = contacts().object({L"GetTable"}), columns = table.object({L"Columns"});
+    columns.call({L"RemoveAll"});
+    for (const wchar_t* name : {L"EntryID", L"LastName", L"MessageClass"}) columns.call({L"Add"}, name);
+    const auto two = table.get({L"GetArray"}, 2), rest = table.get({L"GetArray"}, 2);
+    EXPECT_EQ(cell(two, 0, 0), mailbox.entryId(first));
     EXPECT_EQ(cell(two, 1, 0), L"Byron");
     EXPECT_EQ(cell(two, 1, 1).size(), 255u);
     EXPECT_EQ(cell(rest, 1, 0), L"(0)");
     EXPECT_EQ(cell(rest, 2, 0), L"IPM.DistList");
-    const Value none = table.get(L"GetArray", {2L});
-    EXPECT_EQ(none.parray->rgsabound[0].cElements, 0u);
+    const auto none = table.get({L"GetArray"}, 2);
+    EXPECT_EQ(none.raw().parray->rgsabound[0].cElements, 0u);
 }
 
 }  // namespace
