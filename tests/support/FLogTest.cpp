@@ -10,16 +10,6 @@ namespace {
 using harness::lines;
 using harness::readFile;
 
-class Recorder : public LogWindow {
-  public:
-    void show() noexcept override { events.push_back(L"show"); }
-    void clear() noexcept override { events.push_back(L"clear"); }
-    void add(std::wstring_view line, Follow follow) noexcept override {
-        events.push_back((follow == Follow::Refresh ? L"refresh " : L"scroll ") + std::wstring(line));
-    }
-    std::vector<std::wstring> events;
-};
-
 class FLogTest : public SupportTest {
   protected:
     void mode(const std::wstring& value) { registry.set(HKEY_CURRENT_USER, kPopup, L"Developper", value); }
@@ -31,14 +21,12 @@ class FLogTest : public SupportTest {
 TEST_F(FLogTest, OffUnlessAskedFor) {
     for (const wchar_t* value : {L"absent", L"", L"3", L" 2"}) {
         if (value != std::wstring(L"absent")) mode(value);
-        Recorder window;
-        FLog log(module, &window);
+        FLog log(module);
         log.load();
         EXPECT_FALSE(log.LogEnabled()) << testing::PrintToString(value);
         bool asked = false;
         log.trace(L"lost ", [&] { return asked = true; });
         EXPECT_FALSE(asked);
-        EXPECT_TRUE(window.events.empty());
         EXPECT_FALSE(harness::exists(current));
     }
 }
@@ -84,19 +72,6 @@ TEST_F(FLogTest, KeepsOneEarlierRunButNeverEmptiesWhatIsBeingWritten) {
     EXPECT_EQ(lines(readFile(current)),
               (std::vector<std::string>{"third", "a second program", "third goes on"}));
     EXPECT_EQ(lines(readFile(previous)), std::vector<std::string>{"second"});
-}
-
-TEST_F(FLogTest, WindowModeHandsLinesToTheWindow) {
-    mode(L"1");
-    Recorder window;
-    FLog log(module, &window);
-    log.load();
-    log.AddSimpleLog(L"plain");
-    log.Addlog(L"timed");
-    ASSERT_EQ(window.events.size(), 4u);
-    EXPECT_EQ(window.events[0] + window.events[1] + window.events[2], L"showclearscroll plain");
-    EXPECT_TRUE(window.events[3].starts_with(L"refresh ") && window.events[3].ends_with(L": timed"));
-    EXPECT_FALSE(harness::exists(current));
 }
 
 }  // namespace

@@ -21,20 +21,6 @@ TEST(Rules, LeadingIntegers) {
     EXPECT_EQ(leadingInteger(L"2147483648"), 2147483647);
 }
 
-TEST(Rules, NumberedTextsAreTakenApart) {
-    for (const auto& [number, text] : {std::pair{5000, L""}, {1000, L"&OK #1#"}}) {
-        const std::wstring whole = L"#0" + std::to_wstring(number) + L"#" + text;
-        const auto parts = splitNumberedText(whole);
-        ASSERT_TRUE(parts);
-        EXPECT_EQ(parts->number, number);
-        EXPECT_EQ(parts->defaultText, text);
-    }
-    for (const wchar_t* other :
-         {L"", L"#", L"#1234#x", L"#123456#x", L"#12a45#x", L"x#12345#", L"#12345", L"plain"}) {
-        EXPECT_FALSE(splitNumberedText(other)) << testing::PrintToString(other);
-    }
-}
-
 TEST(Rules, TextFileKeepsGoodLinesOnly) {
     const TextFile texts = parseTextFile(
         "\xEF\xBB\xBF"
