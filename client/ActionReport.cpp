@@ -39,13 +39,9 @@ std::wstring settingJson(const Setting& setting) {
     if (setting.type == SettingType::YesNo) return object.boolean(L"value", setting.on).str();
     object.text(L"value", setting.text);
     if (setting.type == SettingType::Text) return object.str();
-    return object.number(L"index", setting.choice).raw(L"choices", namesJson(setting.choices)).str();
-}
-
-std::wstring settingsJson(const std::vector<Setting>& settings) {
-    json::Array array;
-    for (const Setting& setting : settings) array.add(settingJson(setting));
-    return array.str();
+    return object.number(L"index", setting.choice)
+        .raw(L"choices", json::array(setting.choices, json::quoted))
+        .str();
 }
 
 }  // namespace
@@ -80,21 +76,14 @@ std::wstring actionsText(const std::vector<Action>& actions, bool verbose) {
 }
 
 std::wstring actionsJson(const std::vector<Action>& actions) {
-    json::Array array;
-    for (const Action& action : actions)
-        array.add(json::Object()
-                      .number(L"id", action.id)
-                      .text(L"name", action.name)
-                      .boolean(L"passive", action.passive)
-                      .raw(L"settings", settingsJson(action.settings))
-                      .str());
-    return array.str();
-}
-
-std::wstring namesJson(const std::vector<std::wstring>& names) {
-    json::Array array;
-    for (const std::wstring& name : names) array.add(json::quoted(name));
-    return array.str();
+    return json::array(actions, [](const Action& action) {
+        return json::Object()
+            .number(L"id", action.id)
+            .text(L"name", action.name)
+            .boolean(L"passive", action.passive)
+            .raw(L"settings", json::array(action.settings, settingJson))
+            .str();
+    });
 }
 
 }  // namespace pimcall

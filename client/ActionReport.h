@@ -19,7 +19,4 @@ std::wstring actionsText(const std::vector<Action>& actions, bool verbose);
 /// The actions with their settings as a JSON array of objects.
 std::wstring actionsJson(const std::vector<Action>& actions);
 
-/// Names as a JSON array of texts.
-std::wstring namesJson(const std::vector<std::wstring>& names);
-
 }  // namespace pimcall

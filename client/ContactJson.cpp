@@ -6,10 +6,9 @@ namespace pimcall {
 namespace {
 
 std::wstring listJson(const std::vector<LabelledValue>& list, const wchar_t* valueName) {
-    json::Array array;
-    for (const LabelledValue& entry : list)
-        array.add(json::Object().text(L"label", entry.label).text(valueName, entry.value).str());
-    return array.str();
+    return json::array(list, [valueName](const LabelledValue& entry) {
+        return json::Object().text(L"label", entry.label).text(valueName, entry.value).str();
+    });
 }
 
 }  // namespace

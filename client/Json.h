@@ -34,4 +34,12 @@ class Array {
     std::wstring elements_;
 };
 
+/// An array of what `toJson` makes of each element.
+template <class Range, class ToJson>
+std::wstring array(const Range& range, const ToJson& toJson) {
+    Array result;
+    for (const auto& element : range) result.add(toJson(element));
+    return result.str();
+}
+
 }  // namespace pimcall::json

@@ -16,7 +16,7 @@ std::wstring freshName() {
     GetLocalTime(&now);
     wchar_t name[60] = {};
     (void)swprintf(name, ARRAYSIZE(name), L"tessaria-%04u%02u%02u-%02u%02u%02u.zip", now.wYear, now.wMonth,
-             now.wDay, now.wHour, now.wMinute, now.wSecond);
+                   now.wDay, now.wHour, now.wMinute, now.wSecond);
     return name;
 }
 
@@ -38,11 +38,11 @@ ExitCode run(const Context& context) {
     const auto parts = bundle::collect(!isPlain, [&](const wchar_t* what) { context.activity.say(what); });
     bundle::writeZip(path, parts);
     if (context.json()) {
-        json::Array names;
-        for (const bundle::Part& part : parts)
-            names.add(json::quoted(std::wstring(part.name.begin(), part.name.end())));
+        const std::wstring names = json::array(parts, [](const bundle::Part& part) {
+            return json::quoted(std::wstring(part.name.begin(), part.name.end()));
+        });
         context.out.line(
-            json::Object().text(L"file", path).boolean(L"masked", !isPlain).raw(L"parts", names.str()).str());
+            json::Object().text(L"file", path).boolean(L"masked", !isPlain).raw(L"parts", names).str());
         return ExitCode::Found;
     }
     context.out.line(oneLine(path) + L" is written:");

@@ -82,7 +82,7 @@ std::wstring reportJson(const CallReport& report) {
         .boolean(L"noMatch", report.noMatch)
         .raw(L"contact", contactJson(report.contact))
         .raw(L"actions", actionsJson(report.actions))
-        .raw(L"run", namesJson(report.actionsRun))
+        .raw(L"run", json::array(report.actionsRun, json::quoted))
         .boolean(L"contactReleased", report.contactReleased)
         .str();
 }

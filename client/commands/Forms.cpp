@@ -11,12 +11,6 @@
 namespace pimcall {
 namespace {
 
-std::wstring formsJson(const std::vector<std::wstring>& forms) {
-    json::Array array;
-    for (const std::wstring& form : forms) array.add(json::quoted(form));
-    return array.str();
-}
-
 /// The operands; "-" stands for the lines of the standard input.
 std::vector<std::wstring> numbersOf(const Arguments& arguments) {
     std::vector<std::wstring> numbers;
@@ -39,7 +33,7 @@ ExitCode run(const Context& context) {
     for (const std::wstring& number : numbers) {
         const std::vector<std::wstring> forms = presented.of(number);
         if (context.json()) {
-            context.out.line(formsJson(forms));
+            context.out.line(json::array(forms, json::quoted));
             continue;
         }
         context.out.line(L"");

@@ -62,15 +62,14 @@ std::wstring nearestText(const Explanation& explanation) {
 }
 
 std::wstring stepsJson(const std::vector<Step>& steps) {
-    json::Array array;
-    for (const Step& step : steps)
-        array.add(json::Object()
-                      .text(L"step", step.what)
-                      .number(L"calls", step.calls)
-                      .number(L"milliseconds", step.milliseconds)
-                      .text(L"error", step.fault ? inWords(step.fault) : L"")
-                      .str());
-    return array.str();
+    return json::array(steps, [](const Step& step) {
+        return json::Object()
+            .text(L"step", step.what)
+            .number(L"calls", step.calls)
+            .number(L"milliseconds", step.milliseconds)
+            .text(L"error", step.fault ? inWords(step.fault) : L"")
+            .str();
+    });
 }
 
 json::Object rowJson(const CacheReader::Row& row) {
@@ -81,28 +80,21 @@ json::Object rowJson(const CacheReader::Row& row) {
         .text(L"store", row.storeKey);
 }
 
-std::wstring rowsJson(const Explanation& explanation) {
-    json::Array rows;
+std::wstring matchJson(const MatchingRow& row) {
     const wchar_t* const words[] = {L"found", L"gone", L"failed"};
-    for (const MatchingRow& row : explanation.rows)
-        rows.add(rowJson(row.row)
-                     .boolean(L"storeKnown", row.isStoreKnown)
-                     .boolean(L"asked", row.wasAsked)
-                     .text(L"answer",
-                           row.wasAsked || row.fault ? words[static_cast<std::size_t>(row.verdict)] : L"")
-                     .text(L"error", row.fault ? inWords(row.fault) : L"")
-                     .boolean(L"wouldBeDeleted", row.wasAsked && row.verdict == Verdict::Gone)
-                     .text(L"contact", row.name)
-                     .raw(L"steps", stepsJson(row.steps))
-                     .str());
-    return rows.str();
+    return rowJson(row.row)
+        .boolean(L"storeKnown", row.isStoreKnown)
+        .boolean(L"asked", row.wasAsked)
+        .text(L"answer", row.wasAsked || row.fault ? words[static_cast<std::size_t>(row.verdict)] : L"")
+        .text(L"error", row.fault ? inWords(row.fault) : L"")
+        .boolean(L"wouldBeDeleted", row.wasAsked && row.verdict == Verdict::Gone)
+        .text(L"contact", row.name)
+        .raw(L"steps", stepsJson(row.steps))
+        .str();
 }
 
-std::wstring nearestJson(const Explanation& explanation) {
-    json::Array rows;
-    for (const NearRow& row : explanation.nearest)
-        rows.add(rowJson(row.row).text(L"reason", row.reason).str());
-    return rows.str();
+std::wstring nearJson(const NearRow& row) {
+    return rowJson(row.row).text(L"reason", row.reason).str();
 }
 
 const MatchingRow* firstFound(const Explanation& explanation) {
@@ -153,8 +145,8 @@ std::wstring explanationJson(const Explanation& explanation) {
         .number(L"milliseconds", explanation.query.milliseconds)
         .number(L"rowCount", explanation.rowCount)
         .raw(L"connection", stepsJson(explanation.connection))
-        .raw(L"rows", rowsJson(explanation))
-        .raw(L"nearest", nearestJson(explanation))
+        .raw(L"rows", json::array(explanation.rows, matchJson))
+        .raw(L"nearest", json::array(explanation.nearest, nearJson))
         .boolean(L"known", explanation.isHit())
         .text(L"outcome", outcome(explanation))
         .str();
