@@ -1,4 +1,3 @@
-#include "standin/dao/JetFile.h"
 #include "tests/standin_dao/Client.h"
 
 namespace client {
@@ -8,22 +7,6 @@ class SqlTest : public DaoTest {
   protected:
     std::wstring names(const std::wstring& rest) {
         return column(query(L"Select * From TCache Where " + rest + L" Order By Name"), L"Name");
-    }
-    long openError(const std::wstring& sql) {
-        return errorOf([&] { query(sql); });
-    }
-    long runError(const std::wstring& sql) {
-        return errorOf([&] { run(sql); });
-    }
-    /// How SQLite means to find the rows of a query.
-    std::wstring searchPlan(const std::wstring& sql) {
-        standin::dao::JetFile file(path_, standin::dao::Access::readOnly);
-        const standin::dao::SelectPlan plan = file.plan(sql);
-        standin::dao::Statement explain = file.connection().prepare(L"EXPLAIN QUERY PLAN " + plan.keysSql);
-        explain.bind(plan.values);
-        std::wstring steps;
-        while (explain.step()) steps += explain.text(3) + L"; ";
-        return steps;
     }
 };
 
@@ -45,66 +28,31 @@ TEST_F(SqlTest, RefusesWhatJetRefuses) {
     makeCache({L"Ann"});
     run(L"CREATE TABLE Employees (EmployeeId LONG)");
     const std::pair<const wchar_t*, long> kQueries[] = {
-        {L"", 3078},
         {L"Select * From Nowhere", 3078},
         {L"Select * From", 3131},
-        {L"Select *", 3141},
         {L"Select From TCache", 3141},
         {L"Select * From TCache Where Nickname = 'x'", 3061},
-        {L"Select Nickname From TCache", 3061},
         {L"Select * From Employees, TCache, Employees Where EmployeeId = 1", 3079},
         {L"Select * From TCache Order Name", 3138},
         {L"Select * From TCache Where Name Like \"x\"y\" Order By Name", 3075},
         {L"Select * From TCache Where Name Like \"a[b\"", 3075},
         {L"Select * From TCache Where Name Like \"a|b\"", 3075},
-        {L"Select * From TCache Where Name Like \"||\"", 3075},
         {L"Select * From TCache Where Name Like \"|Nickname|\"", 3061},
-        {L"Select * From TCache Where Name = Chr(\"x\")", 3075},
         {L"Select * From Employees Where EmployeeId = ", 3075},
-        {L"Select * From Employees Where EmployeeId = 5)", 3075},
         {L"Select * From Employees Where EmployeeId = 'five'", 3464},
-        {L"Select * From Employees Where EmployeeId = five", 3061},
         {L"Select * From Employees Where Sqrt(EmployeeId) = 1", 3085},
     };
-    for (const auto& [sql, number] : kQueries) EXPECT_EQ(openError(sql), number) << sql;
-    EXPECT_EQ(openError(L"Select * From TCache Where " + std::wstring(50000, L'(')), 3075);
-
+    for (const auto& [sql, number] : kQueries) EXPECT_EQ(errorOf([&] { query(sql); }), number) << sql;
     const std::pair<const wchar_t*, long> kCommands[] = {
-        {L"", 3129},
         {L"Select * From TCache", 3065},
         {L"Insert Into TCache (Name) Values ('x', 'y')", 3346},
         {L"Insert Into TCache (Nickname) Values ('x')", 3127},
-        {L"Update TCache Set Nickname = 'x'", 3061},
+        {L"Insert Into TCache (StoreID) Values ('12345678901')", 3163},
         {L"Create Table TCache (A TEXT)", 3010},
         {L"Create Table T (A COLOUR)", 3292},
-        {L"Create Index NameIndex On TCache (Name)", 3375},
         {L"Insert Into Employees Values ('five')", 3464},
     };
-    for (const auto& [sql, number] : kCommands) EXPECT_EQ(runError(sql), number) << sql;
-    EXPECT_EQ(runError(L"Insert Into TCache (StoreID) Values ('12345678901')"), 3163);
-}
-
-TEST_F(SqlTest, PatternsThatBeginPlainlyUseTheIndex) {
-    makeCache({L"Ann"});
-    const std::wstring byNumber = L"Select * From TCache Where PhoneNumber Like \"";
-    const std::wstring byName = L"Select * From TCache Where Name Like \"";
-    const std::wstring order = L"\" Order By Name";
-    struct Case {
-        std::wstring sql;
-        const wchar_t* plan;
-    };
-    const Case cases[] = {
-        {byNumber + L"1001" + order, L"NumberIndex.prefix (PhoneNumber=?)"},
-        {byNumber + L"[#]31[#]" + order, L"NumberIndex.prefix (PhoneNumber=?)"},
-        {byNumber + L"10*" + order, L"NumberIndex.prefix (PhoneNumber>? AND PhoneNumber<?)"},
-        {byNumber + L"10##" + order, L"NumberIndex.prefix (PhoneNumber>? AND PhoneNumber<?)"},
-        {byName + L"A*" + order, L"NameIndex.prefix (Name>? AND Name<?)"},
-        {byName + L"*n" + order, L"SCAN TCache USING COVERING INDEX TCache.NameIndex"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_NE(searchPlan(c.sql).find(c.plan), std::wstring::npos) << c.sql << " -> " << searchPlan(c.sql);
-    }
-    EXPECT_EQ(searchPlan(byNumber + L"*1" + order).find(L"SEARCH"), std::wstring::npos);
+    for (const auto& [sql, number] : kCommands) EXPECT_EQ(errorOf([&] { run(sql); }), number) << sql;
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // The server program: across the process border, its end, and its commands.
+#include "support/Handle.h"
 #include "tests/harness/Files.h"
 #include "tests/harness/Process.h"
 #include "tests/standin_outlook/Fixture.h"
@@ -7,18 +8,6 @@ namespace standin::outlook {
 namespace {
 
 constexpr DWORD kPatience = 15000;
-
-class Handle {
-  public:
-    explicit Handle(HANDLE handle) : handle_(handle) {}
-    ~Handle() { CloseHandle(handle_); }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    HANDLE get() const { return handle_; }
-
-  private:
-    HANDLE handle_;
-};
 
 /// A fresh mailbox for the program; what the test started has ended afterwards.
 class Program : public testing::Test {
@@ -47,7 +36,7 @@ class Program : public testing::Test {
 
 TEST_F(Program, QuitsUnderTheClientStartsAnewAndEndsWithItsLastClient) {
     const Object first = newApplication();
-    const Handle process(processOf(first));
+    const zelbar::FileHandle process(processOf(first));
     contactsOf(first).object({L"Items"}).object({L"Add"}).call({L"Save"});
     const auto unknown = faultOf([&] { nameSpaceOf(first).call({L"GetItemFromID"}, L"0000"); });
     EXPECT_EQ(unknown.source, L"Microsoft Outlook");
@@ -60,7 +49,7 @@ TEST_F(Program, QuitsUnderTheClientStartsAnewAndEndsWithItsLastClient) {
     EXPECT_NE(GetActiveObject(kApplicationClsid, nullptr, &running), S_OK);
 
     Object second = newApplication();
-    const Handle other(processOf(second));
+    const zelbar::FileHandle other(processOf(second));
     EXPECT_EQ(contactsOf(second).object({L"Items"}).integer({L"Count"}), 1);
     EXPECT_EQ(second.object({L"StandIn"}).integer({L"LiveObjects"}), 1);
     second = {};

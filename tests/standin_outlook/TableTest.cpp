@@ -7,12 +7,6 @@ namespace {
 class TableRules : public Outlook {
   protected:
     TableRules() { host.server().setOption(L"Version", L"12.0"); }
-    static std::wstring cell(const zelbar::Variant& array, LONG column, LONG row) {
-        LONG place[] = {column, row};
-        zelbar::Variant element;
-        EXPECT_EQ(SafeArrayGetElement(array.raw().parray, place, element.put()), S_OK);
-        return element.type() == VT_BSTR ? element.text() : L"(" + std::to_wstring(element.type()) + L")";
-    }
     template <class... Arguments>
     static bool isRefused(const Object& object, const wchar_t* member, const Arguments&... arguments) {
         return faultOf([&] { object.call({member}, arguments...); }).number != 0;
@@ -43,23 +37,6 @@ TEST_F(TableRules, ColumnsAreRefusedAndPutTheTableBeforeItsFirstRow) {
     EXPECT_TRUE(isRefused(contacts(), L"GetTable", L"[LastName] = 'x'"));
     EXPECT_EQ(contacts().object({L"GetTable"}, L"", 1).object({L"Columns"}).integer({L"Count"}), 5)
         << "hidden";
-}
-
-TEST_F(TableRules, AnArrayHoldsColumnsByRowsWithTextsCut) {
-    const ItemRecord first = ada();
-    mailbox.addContact(contactsRow, {{L"LastName", std::wstring(300, L'x')}});
-    mailbox.addDistributionList(contactsRow, L"Team");
-    const Object table = contacts().object({L"GetTable"}), columns = table.object({L"Columns"});
-    columns.call({L"RemoveAll"});
-    for (const wchar_t* name : {L"EntryID", L"LastName", L"MessageClass"}) columns.call({L"Add"}, name);
-    const auto two = table.get({L"GetArray"}, 2), rest = table.get({L"GetArray"}, 2);
-    EXPECT_EQ(cell(two, 0, 0), mailbox.entryId(first));
-    EXPECT_EQ(cell(two, 1, 0), L"Byron");
-    EXPECT_EQ(cell(two, 1, 1).size(), 255u);
-    EXPECT_EQ(cell(rest, 1, 0), L"(0)");
-    EXPECT_EQ(cell(rest, 2, 0), L"IPM.DistList");
-    const auto none = table.get({L"GetArray"}, 2);
-    EXPECT_EQ(none.raw().parray->rgsabound[0].cElements, 0u);
 }
 
 }  // namespace
