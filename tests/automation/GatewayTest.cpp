@@ -46,15 +46,6 @@ TEST_F(GatewayTest, ANameIsAskedOncePerClassAndNotPerCall) {
     EXPECT_EQ(first.asked, (Asked{L"?Name", L"Name/3", L"?Name", L"Name/3"})) << "nothing to remember by";
 }
 
-TEST_F(GatewayTest, AnyObjectOfOutlookIsAskedForItsClassOnce) {
-    StrictObject contact({{L"Class", 40}, {L"Name", 5}}), mail({{L"Class", 43}, {L"Name", 6}});
-    const Object a = object(contact, kAskForClass), b = object(mail, kAskForClass);
-    EXPECT_EQ(a.integer(kName) + Object(a).integer(kName), 10);
-    EXPECT_EQ(a.objectClass(), 40);
-    EXPECT_EQ(contact.asked, (Asked{L"?Class", L"Class/3", L"?Name", L"Name/3", L"Name/3"}));
-    EXPECT_EQ(b.integer(kName), 6) << "a mail is no contact";
-}
-
 TEST_F(GatewayTest, EachUseHasItsKindOfInvocation) {
     Asked received;
     StrictObject target(
@@ -80,28 +71,6 @@ TEST_F(GatewayTest, EachUseHasItsKindOfInvocation) {
     EXPECT_EQ(received, (Asked{L"-3", L"object"}));
     EXPECT_THROW(item.put(kPicture, L"text"), Fault) << "by reference only";
     EXPECT_THROW(item.putReference(kName, item), Fault) << "by value only";
-}
-
-TEST_F(GatewayTest, ObjectsThatComeBackAreOwnedAndCarryTheirClass) {
-    StrictObject contact({{L"Name", 5}});
-    VARTYPE given = VT_DISPATCH;
-    StrictObject folder({{L"Item", 1}}, [&](DISPID, DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
-        result->vt = given;
-        result->punkVal = contact.reference().detach();
-        return S_OK;
-    });
-    {
-        const Object items = object(folder, outlook::kItems);
-        const Object a = items.object(kItem, 1);
-        given = VT_UNKNOWN;
-        const Object b = items.object(kItem, 2);
-        EXPECT_EQ(a.integer(kName) + b.integer(kName), 10);
-        EXPECT_EQ(contact.references, 3);
-        EXPECT_EQ(contact.asked, (Asked{L"?Name", L"Name/3", L"Name/3"}));
-        EXPECT_THROW(items.text(kItem), Fault) << "an object without a value is no text";
-    }
-    EXPECT_EQ(contact.references, 1);
-    EXPECT_EQ(folder.references, 1);
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include "automation/Bstr.h"
 #include "core/DriverState.h"
 #include "tests/fixture/DriverTest.h"
 
@@ -55,19 +54,15 @@ TEST_F(StartUp, WaitsForTheAddInAtMostTwoHundredSteps) {
 TEST_F(StartUp, TheNextDriverObjectSpeaksTheLanguageThatIsSetThen) {
     const auto nameOfASetting = [this](const wchar_t* lang) {
         registry.set(HKEY_CURRENT_USER, std::wstring(kClientKey) + L"\\Settings", L"lang", lang);
-        Com<::PIMActions> actions;
-        connector().get_Actions(actions.put());
-        Com<IDispatch> action;
-        actions->Item(4099, action.put());
         // Named while start-up makes it, before the text service is set up.
-        Com<::ActionProperties> settings;
-        action.as<::CallAction>()->get_ActionProp(settings.put());
-        Com<::ActionProperty> setting;
-        settings->Item(Variant(1).raw(), setting.put());
-        Bstr name;
-        setting->get_PropertyName(name.put());
+        const std::wstring name = lateBound(Com<IDispatch>::share(&connector()))
+                                      .object(Member{L"Actions"})
+                                      .object(Member{L"Item"}, 4099)
+                                      .object(Member{L"ActionProp"})
+                                      .object(Member{L"Item"}, 1)
+                                      .text(Member{L"PropertyName"});
         finish();
-        return name.text();
+        return name;
     };
     EXPECT_EQ(nameOfASetting(L"0"), L"Address of the recipient");
     EXPECT_EQ(nameOfASetting(L"2"), L"Adresse des Empf\u00E4ngers");

@@ -118,6 +118,23 @@ TEST_F(ExportTest, AddressesAreLeftAloneWhereTheUserOrTheSettingForbids) {
     }
 }
 
+TEST_F(ExportTest, WhatFailsIsOneLineAndTheRestGoesOn) {
+    fill(3);
+    faults().failMember(L"ContactItem.Save", {E_FAIL, L"No."}, 1);
+    EXPECT_FALSE(initialize());
+    EXPECT_EQ(employeeIds(), (Ids{2, 3}));
+    EXPECT_TRUE(
+        traced("cDataConnector.copyToContactItem Error in Microsoft Outlook. No. (-2147467259) at line 1"));
+}
+
+TEST_F(ExportTest, AnEmptyDirectoryRemovesNothing) {
+    fill(3);
+    EXPECT_TRUE(initialize());
+    sql({L"Delete From Employees"});
+    EXPECT_TRUE(synchronize());
+    EXPECT_EQ(employeeIds(), (Ids{1, 2, 3}));
+}
+
 }  // namespace
 
 }  // namespace zelbar
