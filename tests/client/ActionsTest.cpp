@@ -13,9 +13,6 @@ namespace {
 using standin::outlook::ItemRecord;
 using standin::outlook::SpecialFolder;
 
-constexpr wchar_t kWindowNote[] =
-    L"pimcall: a window of the driver is open; this program ends when it has been closed.\n";
-
 /// Calls whose actions are run, looked at in Outlook's mailbox afterwards.
 class ActionsTest : public HostedTest {
   protected:
@@ -69,16 +66,6 @@ TEST_F(ActionsTest, WindowsOpenAndCloseAndTheDriversOwnSettingsStay) {
     EXPECT_TRUE(saved(SpecialFolder::SentMail).empty());
     run({L"actions", L"--json"});
     EXPECT_EQ(before, out);
-}
-
-TEST_F(ActionsTest, TheWindowForTheFoldersIsServedUntilItIsClosed) {
-    const UINT_PTR closer = SetTimer(
-        nullptr, 0, 200, [](HWND, UINT, UINT_PTR, DWORD) __stdcall->void {
-            if (const HWND window = GetActiveWindow()) PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
-        });
-    EXPECT_EQ(ExitCode::Found, run({L"config", L"--json"}, kWindowNote));
-    KillTimer(nullptr, closer);
-    EXPECT_EQ(L"{\"configured\":true}\n", out);
 }
 
 TEST_F(ActionsTest, ContactsAreMadeAndFoldersShown) {

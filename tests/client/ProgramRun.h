@@ -8,14 +8,17 @@
 
 namespace pimcall {
 
-/// Keeps what the program writes.
+/// Keeps what the program writes, as a terminal or as a file.
 class Recorder final : public Writer {
   public:
+    explicit Recorder(bool isTerminal = false) : isTerminal_(isTerminal) {}
+    bool isTerminal() const override { return isTerminal_; }
     void write(std::wstring_view text) override { text_ += text; }
     const std::wstring& text() const { return text_; }
 
   private:
     std::wstring text_;
+    bool isTerminal_;
 };
 
 /// What came of one run of the whole program in this process.
