@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <stdexcept>
 
 namespace harness {
@@ -21,15 +22,9 @@ void makeDirectory(const std::wstring& path) {
 
 /// Deletes the files in a folder, then the folder if nothing is left in it.
 void removeFlat(const std::wstring& folder) {
-    WIN32_FIND_DATAW entry{};
-    HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
-    if (search != INVALID_HANDLE_VALUE) {
-        do {
-            if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
-            DeleteFileW((folder + L"\\" + entry.cFileName).c_str());
-        } while (FindNextFileW(search, &entry));
-        FindClose(search);
-    }
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored))
+        if (!entry.is_directory(ignored)) std::filesystem::remove(entry.path(), ignored);
     RemoveDirectoryW(folder.c_str());
 }
 
