@@ -12,15 +12,18 @@ Deadline::Deadline(const Gateway& gateway, Limit limit)
     : calls_(gateway.calls()),
       outer_(std::exchange(calls_->inForce_, this)),
       begun_(calls_->clock_.now()),
-      limit_(limit) {}
+      limit_(limit) {
+    for (const Deadline* around = outer_; around && !isRead_; around = around->outer_)
+        isRead_ = around->limit_ == limit;
+}
 
 Deadline::~Deadline() {
     calls_->inForce_ = outer_;
 }
 
 ULONGLONG Deadline::end() {
-    if (limit_)
-        if (const DWORD milliseconds = std::exchange(limit_, nullptr)()) end_ = begun_ + milliseconds;
+    if (!std::exchange(isRead_, true))
+        if (const DWORD milliseconds = limit_()) end_ = begun_ + milliseconds;
     return outer_ ? std::min(end_, outer_->end()) : end_;
 }
 

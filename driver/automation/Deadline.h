@@ -10,7 +10,8 @@ class Gateway;
 class OutgoingCalls;
 
 /// Until when Outlook is asked, for all calls that are made while it lives: one for each thing that the
-/// client or the user asks. Within another one the earlier end holds. Lives on the stack.
+/// client or the user asks. Within another one the earlier end holds, so one of the same limit adds nothing.
+/// Lives on the stack.
 class Deadline {
   public:
     /// Gives the milliseconds, 0 for no end. Asked when Outlook is first called.
@@ -37,6 +38,7 @@ class Deadline {
     ULONGLONG begun_;
     ULONGLONG end_ = kNever;
     Limit limit_;
+    bool isRead_ = false;  ///< The limit has been asked, or an outer one's does.
 };
 
 /// Time that does not count: a person answers a window, or the client's messages are served. What is asked

@@ -1,6 +1,7 @@
 #include "automation/Gateway.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -72,7 +73,7 @@ Gateway::Gateway(CallClock& clock) : calls_(std::make_shared<OutgoingCalls>(cloc
 
 template <class Call>
 HRESULT Gateway::carryOut(Server server, const wchar_t* name, unsigned manner, const Call& call) const {
-    return server == Server::Outlook ? calls_->carryOut(name, manner, call) : call();
+    return server == Server::Outlook ? calls_->carryOut(name, manner, std::cref(call)) : call();
 }
 
 Object Gateway::create(Server server, const wchar_t* progId, ObjectClass objectClass) const {

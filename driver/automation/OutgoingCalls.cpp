@@ -27,15 +27,24 @@ Fault notAnswering(const wchar_t* member, bool isUnknown) {
     return {kNotAnswering, std::move(text), L"Microsoft Outlook"};
 }
 
-/// What a message filter answers until the deadline.
-CallRules rulesUntil(ULONGLONG end, const CallClock& clock) {
-    const auto retry = [end, &clock](DWORD) -> DWORD {
+struct Moment {
+    const CallClock& clock;
+    ULONGLONG end;
+
+    bool isOver() const { return clock.now() >= end; }
+};
+
+/// What a message filter answers until then. The moment must outlive the time for which the rules are in
+/// force.
+CallRules rulesUntil(const Moment& moment) {
+    const auto retry = [&moment](DWORD) -> DWORD {
         // COM takes less for "at once".
         constexpr ULONGLONG kLeast = 100, kPause = 200;
-        const ULONGLONG now = clock.now();
-        return now >= end ? CallRules::kGiveUp : static_cast<DWORD>(std::clamp(end - now, kLeast, kPause));
+        const ULONGLONG now = moment.clock.now();
+        return now >= moment.end ? CallRules::kGiveUp
+                                 : static_cast<DWORD>(std::clamp(moment.end - now, kLeast, kPause));
     };
-    return {retry, [end, &clock] { return clock.now() >= end; }};
+    return {retry, [&moment] { return moment.isOver(); }};
 }
 
 }  // namespace
@@ -45,8 +54,9 @@ OutgoingCalls::~OutgoingCalls() {
     if (silent_ && now < refusesUntil_) return;
     try {
         constexpr ULONGLONG kPatience = 1000;
-        const CallFilter filter(rulesUntil(now + kPatience, clock_));
-        late_.release([&] { return clock_.now() < now + kPatience; });
+        const Moment patience{clock_, now + kPatience};
+        const CallFilter filter(rulesUntil(patience));
+        late_.release([&] { return !patience.isOver(); });
     } catch (...) {
         // Without memory for it, what waits goes with the process.
     }
@@ -81,7 +91,8 @@ HRESULT OutgoingCalls::once(unsigned manner, const std::function<HRESULT()>& cal
         const Untimed untimed(*this);
         return call();
     }
-    const CallFilter filter(rulesUntil(end(), clock_));
+    const Moment deadline{clock_, end()};
+    const CallFilter filter(rulesUntil(deadline));
     return call();
 }
 
