@@ -49,10 +49,7 @@ class ActionBase : public CallActionBorder<Self> {
     const ActionParts parts_;
 
   private:
-    cActionProperties& settings() const {
-        if (!properties_) throw runtimeFault(fault::kObjectNotSet);
-        return *properties_;
-    }
+    cActionProperties& settings() const { return *properties_; }
 
     Com<cActionProperties> properties_ = makeActionProperties(parts_.log);
 };

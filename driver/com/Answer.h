@@ -37,8 +37,7 @@ void store(Interface** out, Com<Object> value) {
 }
 
 inline void trapped(const wchar_t* prefix) noexcept {
-    const Fault fault = caughtFault();
-    if (const auto trace = moduleState().traceTrapped) trace(prefix, fault);
+    moduleState().traceTrapped(prefix, caughtFault());
 }
 
 /// A member with a result: the neutral value first, then the body's, which fails to the neutral value. The

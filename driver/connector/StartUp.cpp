@@ -47,7 +47,6 @@ void waitForAddIn(const DriverState& state) {
 void openLog(DriverState& state, Attempts& attempt) {
     attempt([&] { state.languages.CurrentCharset(state.languages.GetChartset()); });
     const std::wstring banner = dateText(currentDate()) + L": * Driver startup *";
-    state.pimInstalled = true;
     state.log.window(&logWindow(windowParts(state)));
     state.log.load();
     if (state.log.LogEnabled()) state.log.AddSimpleLog(banner);
@@ -97,8 +96,6 @@ void startUp(DriverState& state) noexcept {
         state.log.trace(L"Creating default ActionList...");
         attempt([&] { state.actions = makeActions(actionParts(state)); });
         state.log.trace(L"Timer initialization");
-        timerForm().Failed = [](const Fault& fault) { driver().log.fault(L"Error (FTimer): ", fault); };
-        attempt([] { timerForm().Enabled(false); });
         attempt([] { timerForm().Interval(kTimerMilliseconds); });
         state.outlook.release();
         attempt([&] { state.texts.init(0); });

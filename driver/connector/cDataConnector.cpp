@@ -66,17 +66,16 @@ Com<IDispatch> cDataConnector::DataConnector_GetContactItemByContactItemID(const
 }
 
 std::wstring cDataConnector::DataConnector_Version() {
-    if (!state_.pimInstalled) return L"0";
     const auto deadline = state_.outlook.timeForCall();
     return state_.outlook.GetApp().text(outlook::Version);
 }
 
 bool cDataConnector::DataConnector_PIMInstalled() {
-    return state_.pimInstalled;
+    return true;
 }
 
 long cDataConnector::DataConnector_PIMName() {
-    return state_.pimInstalled ? kOutlookPim : 0;
+    return kOutlookPim;
 }
 
 Com<::PIMActions> cDataConnector::DataConnector_Actions() {
@@ -84,7 +83,6 @@ Com<::PIMActions> cDataConnector::DataConnector_Actions() {
 }
 
 Com<cContactRecord> cDataConnector::DataConnector_OpenContactRecord() {
-    if (!state_.pimInstalled) return {};
     return makeObject<cContactRecord>(contactParts(state_), state_.cache);
 }
 
@@ -141,7 +139,6 @@ bool cDataConnector::DataConnector_ShowFolder(const std::wstring& name) {
 }
 
 Com<cContact> cDataConnector::DataConnector_GetActiveContact() {
-    if (!state_.pimInstalled) return {};
     const auto deadline = state_.outlook.timeForCall();
     const Object inspector = state_.outlook.GetApp().object(outlook::ActiveInspector);
     if (!inspector) return {};
@@ -157,7 +154,6 @@ void cDataConnector::DataConnector_WriteCache() {
 void cDataConnector::DataConnector_CreateContact(const std::wstring& name, const std::wstring& number,
                                                  bool show) {
     FLog& log = state_.log;
-    if (!state_.pimInstalled) return;
     const auto deadline = state_.outlook.timeForUser();
     log.trace(L"Contact creation asked by user: ", name, L" from ", number);
     try {

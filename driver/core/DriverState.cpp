@@ -46,7 +46,7 @@ DriverState& driver() {
 }
 
 void resetDriver() {
-    moduleState().traceTrapped = nullptr;
+    moduleState().traceTrapped = ModuleState::traceNowhere;
     holder().reset();
 }
 

@@ -46,8 +46,6 @@ struct DriverState {
     /// How start-up waits; a test that cannot wait puts another in its place.
     void (*sleep)(DWORD milliseconds) = [](DWORD milliseconds) { Sleep(milliseconds); };
 
-    /// Set at the very start of start-up and never cleared.
-    bool pimInstalled = false;
     /// True when there was no cache at start-up.
     bool firstLaunch = false;
     /// The search under way is the client's unified one: it wants business numbers only.

@@ -47,7 +47,7 @@ void Anchors::move() const noexcept {
 }
 
 void Anchors::limit(MINMAXINFO& sizes) const noexcept {
-    if (dialog_) sizes.ptMinTrackSize = {smallest_.cx, smallest_.cy};
+    sizes.ptMinTrackSize = {smallest_.cx, smallest_.cy};
 }
 
 }  // namespace zelbar

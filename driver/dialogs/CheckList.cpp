@@ -152,10 +152,7 @@ bool CheckList::notified(NMHDR& header) {
 }
 
 const std::wstring& CheckList::tipText() {
-    POINT point{};
-    GetCursorPos(&point);
-    ScreenToClient(list_, &point);
-    const auto line = static_cast<size_t>(tipLine_ >= 0 ? tipLine_ : lineAt(point));
+    const auto line = static_cast<size_t>(tipLine_);
     return tipText_ = line < lines_.count() ? brokenPath(lines_.text(line)) : std::wstring();
 }
 

@@ -34,7 +34,7 @@ class OpenClipboardScope {
 bool copyToClipboard(HWND owner, const std::wstring& text) noexcept {
     const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
     Handle<MemoryTraits> memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
-    void* content = memory ? GlobalLock(memory.get()) : nullptr;
+    void* content = GlobalLock(memory.get());
     if (!content) return false;
     std::memcpy(content, text.c_str(), bytes);
     GlobalUnlock(memory.get());

@@ -2,12 +2,17 @@
 
 namespace zelbar {
 
+namespace {
+
+/// Marks a dialog that is served.
+constexpr wchar_t kIsServed[] = L"Tessaria.DialogKeys";
+
+}  // namespace
+
 bool DialogKeys::serve(MSG& message) noexcept {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     const HWND dialog = GetAncestor(message.hwnd, GA_ROOT);
-    const DialogKeys* served = newest_;
-    while (served && served->dialog_ != dialog) served = served->older_;
-    return served && IsDialogMessageW(dialog, &message);
+    return GetPropW(dialog, kIsServed) && IsDialogMessageW(dialog, &message);
 }
 
 LRESULT CALLBACK DialogKeys::serveKeys(int code, WPARAM removal, LPARAM parameter) noexcept {
@@ -23,13 +28,11 @@ LRESULT CALLBACK DialogKeys::serveKeys(int code, WPARAM removal, LPARAM paramete
 
 DialogKeys::DialogKeys(HWND dialog)
     : dialog_(dialog), hook_(SetWindowsHookExW(WH_GETMESSAGE, serveKeys, nullptr, GetCurrentThreadId())) {
-    newest_ = this;
+    SetPropW(dialog, kIsServed, dialog);
 }
 
 DialogKeys::~DialogKeys() {
-    DialogKeys** place = &newest_;
-    while (*place != this) place = &(*place)->older_;
-    *place = older_;
+    RemovePropW(dialog_, kIsServed);
 }
 
 }  // namespace zelbar

@@ -25,11 +25,7 @@ class DialogKeys {
     static LRESULT CALLBACK serveKeys(int code, WPARAM removal, LPARAM parameter) noexcept;
     static bool serve(MSG& message) noexcept;
 
-    /// All that live, chained so that nothing is left to destroy when the process ends.
-    static inline DialogKeys* newest_ = nullptr;
-
     HWND dialog_;
-    DialogKeys* older_ = newest_;
     Handle<HookTraits> hook_;
 };
 

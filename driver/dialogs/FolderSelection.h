@@ -19,8 +19,8 @@ class FolderSelection {
     /// Goes on searching by one folder. False when all have been found.
     bool search() noexcept;
 
-    /// How many of Outlook's folders the search has seen so far.
-    size_t seen() const { return search_ ? search_->seen() : tree_.size(); }
+    /// How many of Outlook's folders the search has seen so far. Only as long as there are more.
+    size_t seen() const { return search_->seen(); }
 
     /// After the search: loads the stored selection, and saves at once when it no longer fits what Outlook
     /// has, so that the client hears of it even if the user cancels. On an incomplete list nothing is saved

@@ -63,7 +63,6 @@ void cContactRecord::setCurrentContact(const Search& search, Com<::Contact> cont
 }
 
 short cContactRecord::ContactRecord_RecordCount() const {
-    if (useMatchCount_) return matchCount_;
     return search_ && search_->rows ? search_->count() : short{0};
 }
 
@@ -107,7 +106,6 @@ Com<::Contact> cContactRecord::ContactRecord_FindFirstForUnified(long searchKind
 Com<cContact> cContactRecord::TimerFind(const Search& search) {
     FLog& log = parts_.log;
     log.trace(L"TimerFind()");
-    useMatchCount_ = false;
     openQuery(search);
     const bool matches = search->rows && !noMatch_;
     const Com<cContact> contact = matches ? firstMatch(*search) : unknownContact(*search);
@@ -218,7 +216,6 @@ Com<::Contact> cContactRecord::walk(const Direction& direction) {
     const auto deadline = parts_.outlook.timeForCall();
     parts_.log.trace(direction.entryLine);
     if (!search_ || !search_->rows) return {};
-    if (useMatchCount_) TimerFind(std::make_shared<CacheSearch>(searchKind_, searchText_, search_->unified));
     return walk(Search(search_), direction, parts_.unifiedSearch);
 }
 

@@ -77,7 +77,6 @@ class cContactRecord final : public ContactRecordBorder<cContactRecord> {
     Search search_;
     Com<::Contact> currentContact_;
     PhoneCache phoneCache_;
-    bool useMatchCount_ = false;
     std::wstring searchText_;
     long searchKind_ = kSearchByNumber;
 };

@@ -16,7 +16,7 @@ class Handle {
     explicit Handle(Type handle) noexcept : handle_(handle) {}
     Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, Traits::empty())) {}
     Handle& operator=(Handle&& other) noexcept {
-        if (this != &other) reset(std::exchange(other.handle_, Traits::empty()));
+        reset(other.release());
         return *this;
     }
     ~Handle() { reset(); }
