@@ -31,9 +31,8 @@ struct LateSearchTest : DriverTest {
 };
 
 TEST_F(LateSearchTest, AKindOfSearchMayComeInAnyForm) {
-    Bstr one{L"1"}, word{L"one"};
+    Bstr one{L"1"};
     long number = 1;
-    short small = 1;
     VARIANT variant = lent(short{1}), referring = referenceTo(number);
     const struct {
         const char* form;
@@ -44,10 +43,8 @@ TEST_F(LateSearchTest, AKindOfSearchMayComeInAnyForm) {
         {"double", lent(1.0), S_OK},
         {"text", lent(one.get()), S_OK},
         {"long variable", referenceTo(number), S_OK},
-        {"short variable", referenceTo(small), S_OK},
         {"variant", referenceTo(variant), S_OK},
         {"variant that refers", referenceTo(referring), S_OK},
-        {"no number", lent(word.get()), DISP_E_TYPEMISMATCH},
         {"too large", lent(1e12), DISP_E_OVERFLOW},
         {"Null", lent(VT_NULL), DISP_E_TYPEMISMATCH},
         {"Nothing", lent(static_cast<IDispatch*>(nullptr)), DISP_E_TYPEMISMATCH},

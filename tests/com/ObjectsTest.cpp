@@ -24,6 +24,7 @@ TEST_F(ObjectsTest, TheFactoryMakesObjectsOfTheirOwnAndCountsLocks) {
     void** const out = reinterpret_cast<void**>(driver.put());
     EXPECT_EQ(factory->CreateInstance(factory.get(), __uuidof(IUnknown), out), CLASS_E_NOAGGREGATION);
     EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IEnumVARIANT), out), E_NOINTERFACE);
+    EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IUnknown), nullptr), E_POINTER);
     EXPECT_FALSE(driver);
     ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(::DataConnector), out), S_OK);
     const auto failing = makeClassFactory([]() -> Com<IUnknown> { throw std::bad_alloc(); });
@@ -35,7 +36,7 @@ TEST_F(ObjectsTest, TheFactoryMakesObjectsOfTheirOwnAndCountsLocks) {
     }
 }
 
-TEST_F(ObjectsTest, TheEntryObjectTakesListeners) {
+TEST_F(ObjectsTest, TheEntryObjectTakesListenersAndGivesNothingNowhere) {
     auto container = ask<IConnectionPointContainer>(connector());
     auto identity = ask<IUnknown>(connector());
     EXPECT_EQ(ask<IUnknown>(*container.get()).get(), identity.get()) << "one object, whichever face is asked";
@@ -50,6 +51,28 @@ TEST_F(ObjectsTest, TheEntryObjectTakesListeners) {
     EXPECT_EQ(point->Unadvise(first), S_OK);
     EXPECT_EQ(point->Unadvise(first), CONNECT_E_NOCONNECTION);
     EXPECT_TRUE(listener.asked.empty());
+    Com<::ContactRecord> cursor;
+    connector().OpenContactRecord(cursor.put());
+    const IID none{};
+    const HRESULT toNowhere[] = {
+        identity->QueryInterface(none, nullptr),
+        connector().GetTypeInfoCount(nullptr),
+        connector().GetTypeInfo(0, 0, nullptr),
+        connector().GetIDsOfNames(none, nullptr, 0, 0, nullptr),
+        connector().Invoke(0, none, 0, 0, nullptr, nullptr, nullptr, nullptr),
+        cursor->FindFirst(nullptr, nullptr, nullptr),
+        cursor->FindFirstForUnified(nullptr, nullptr, nullptr),
+        container->EnumConnectionPoints(nullptr),
+        container->FindConnectionPoint(none, nullptr),
+        point->QueryInterface(none, nullptr),
+        point->GetConnectionInterface(nullptr),
+        point->GetConnectionPointContainer(nullptr),
+        point->Advise(nullptr, &first),
+        point->Advise(&listener, nullptr),
+        point->EnumConnections(nullptr),
+    };
+    for (const HRESULT answer : toNowhere) EXPECT_EQ(answer, E_POINTER) << &answer - toNowhere;
+    cursor.reset();
     point.reset();
     identity.reset();
     finish();
