@@ -24,9 +24,9 @@ struct LateSearchTest : DriverTest {
     }
     /// "name Ada" or "number Ada".
     static std::wstring told(const LateAnswer& answer) {
-        const auto contact = answer.value.object().as<::Contact>();
-        const std::wstring name = firstName(contact.get());
-        return name.empty() ? L"number " + mainNumber(contact.get()) : L"name " + name;
+        const Object contact = lateBound(answer.value.object());
+        const std::wstring name = contact.text({L"FirstName"});
+        return name.empty() ? L"number " + contact.text({L"MainPhoneNumber"}) : L"name " + name;
     }
 };
 

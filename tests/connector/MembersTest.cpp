@@ -8,19 +8,15 @@ namespace zelbar {
 
 namespace {
 
-class Members : public DriverTest {
-  protected:
-    /// The entry object as a script sees it.
-    Object late() { return lateBound(Com<IDispatch>::share(&connector())); }
-};
+using Members = DriverTest;
 
 TEST_F(Members, TellAboutThePim) {
-    EXPECT_EQ(late().text(Member{L"Version"}), L"11.0.0.8010");
-    EXPECT_TRUE(late().boolean(Member{L"PIMInstalled"}));
-    EXPECT_EQ(late().integer(Member{L"PIMName"}), 4096);
-    const Object actions = late().object(Member{L"Actions"});
+    EXPECT_EQ(script().text(Member{L"Version"}), L"11.0.0.8010");
+    EXPECT_TRUE(script().boolean(Member{L"PIMInstalled"}));
+    EXPECT_EQ(script().integer(Member{L"PIMName"}), 4096);
+    const Object actions = script().object(Member{L"Actions"});
     EXPECT_EQ(actions.integer(Member{L"Count"}), 5);
-    EXPECT_EQ(late().object(Member{L"Actions"}).target().get(), actions.target().get());
+    EXPECT_EQ(script().object(Member{L"Actions"}).target().get(), actions.target().get());
 }
 
 TEST_F(Members, GiveAContactByItsIdentifier) {
@@ -31,22 +27,22 @@ TEST_F(Members, GiveAContactByItsIdentifier) {
     writeCache({});
     addCacheStore(L"2", mailbox.storeId(archive.id));
     const Member byId{L"GetContactByContactID"};
-    EXPECT_EQ(late().object(byId, mailbox.entryId(own)).text(Member{L"FullName"}), L"Byron, Ada");
-    EXPECT_EQ(late().object(byId, mailbox.entryId(distant)).text(Member{L"FullName"}), L"Hopper");
+    EXPECT_EQ(script().object(byId, mailbox.entryId(own)).text(Member{L"FullName"}), L"Byron, Ada");
+    EXPECT_EQ(script().object(byId, mailbox.entryId(distant)).text(Member{L"FullName"}), L"Hopper");
     EXPECT_TRUE(traced("GetContactByContactID: Name=Hopper"));
     mailbox.eraseItem(distant.id);
     for (const std::wstring& id : {mailbox.entryId(distant), std::wstring(), std::wstring(40000, L'A')})
-        EXPECT_TRUE(late().object(byId, id).boolean(Member{L"NotInPIM"}));
+        EXPECT_TRUE(script().object(byId, id).boolean(Member{L"NotInPIM"}));
     EXPECT_TRUE(traced("GetContactByContactID: NOK"));
 
     const Member itemById{L"GetContactItemByContactItemID"};
-    EXPECT_EQ(late().object(itemById, mailbox.entryId(own)).text(Member{L"FileAs"}), L"Byron, Ada");
-    EXPECT_FALSE(late().object(itemById, mailbox.entryId(distant)));
+    EXPECT_EQ(script().object(itemById, mailbox.entryId(own)).text(Member{L"FileAs"}), L"Byron, Ada");
+    EXPECT_FALSE(script().object(itemById, mailbox.entryId(distant)));
 }
 
 TEST_F(Members, KnowWhetherAFolderIsConfigured) {
     const auto configured = [&] {
-        const Variant answer = late().get(Member{L"ExecuteCommand"}, L"isFolderConfigured");
+        const Variant answer = script().get(Member{L"ExecuteCommand"}, L"isFolderConfigured");
         EXPECT_EQ(answer.type(), VT_BOOL);
         return answer.boolean();
     };
@@ -62,14 +58,14 @@ TEST_F(Members, KnowWhetherAFolderIsConfigured) {
     registry.set(HKEY_CURRENT_USER, key, L"entryId1", L"0000");
     EXPECT_FALSE(configured());
     EXPECT_TRUE(traced("(Error)isFolderConfigured():The operation failed. in Microsoft Outlook"));
-    EXPECT_EQ(late().get(Member{L"ExecuteCommand"}, L"anything").type(), VT_EMPTY);
+    EXPECT_EQ(script().get(Member{L"ExecuteCommand"}, L"anything").type(), VT_EMPTY);
 }
 
 TEST_F(Members, ShowAFolder) {
     const Member show{L"ShowFolder"};
-    for (const wchar_t* nothing : {L"", L"Contacts", L"inbox"}) EXPECT_FALSE(late().boolean(show, nothing));
-    EXPECT_TRUE(late().boolean(show, L"contacts"));
-    EXPECT_FALSE(late().boolean(show, L"journal"));
+    for (const wchar_t* nothing : {L"", L"Contacts", L"inbox"}) EXPECT_FALSE(script().boolean(show, nothing));
+    EXPECT_TRUE(script().boolean(show, L"contacts"));
+    EXPECT_FALSE(script().boolean(show, L"journal"));
     EXPECT_EQ(driver()
                   .outlook.GetApp()
                   .object(outlook::ActiveExplorer)
@@ -79,16 +75,16 @@ TEST_F(Members, ShowAFolder) {
 }
 
 TEST_F(Members, CreateAContactAndFindItActive) {
-    EXPECT_FALSE(late().object(Member{L"GetActiveContact"}));
-    late().call(Member{L"CreateContact"}, L"Ada Byron", L"+44", true);
-    const Object active = late().object(Member{L"GetActiveContact"});
+    EXPECT_FALSE(script().object(Member{L"GetActiveContact"}));
+    script().call(Member{L"CreateContact"}, L"Ada Byron", L"+44", true);
+    const Object active = script().object(Member{L"GetActiveContact"});
     ASSERT_TRUE(active);
     EXPECT_EQ(active.text(Member{L"LastName"}), L"Ada Byron");
     EXPECT_EQ(active.text(Member{L"BusinessPhone"}), L"+44");
     EXPECT_FALSE(active.text(Member{L"ContactId"}).empty());
     faults().failMember(L"Save", {E_FAIL, L"No space."});
-    late().call(Member{L"CreateContact"}, L"Lost", L"1", false);
-    late().call(Member{L"WriteCache"}, 1);
+    script().call(Member{L"CreateContact"}, L"Lost", L"1", false);
+    script().call(Member{L"WriteCache"}, 1);
     EXPECT_TRUE(traced("############## REINITIALISER LE CACHE !!! ##############"));
     EXPECT_TRUE(traced("Error (CreateContact): No space. in "));
     EXPECT_TRUE(traced("CreateContact() Name=Lost Number=1"));

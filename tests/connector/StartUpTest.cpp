@@ -55,7 +55,7 @@ TEST_F(StartUp, TheNextDriverObjectSpeaksTheLanguageThatIsSetThen) {
     const auto nameOfASetting = [this](const wchar_t* lang) {
         registry.set(HKEY_CURRENT_USER, std::wstring(kClientKey) + L"\\Settings", L"lang", lang);
         // Named while start-up makes it, before the text service is set up.
-        const std::wstring name = lateBound(Com<IDispatch>::share(&connector()))
+        const std::wstring name = script()
                                       .object(Member{L"Actions"})
                                       .object(Member{L"Item"}, 4099)
                                       .object(Member{L"ActionProp"})

@@ -18,14 +18,14 @@ using Yield = DriverTest;
 
 TEST_F(Yield, AFloodOfMessagesDoesNotHoldASearch) {
     writeCache({});
-    const auto cursor = openCursor();
+    const Object cursor = openCursor();
     WNDCLASSW kind{};
     kind.lpfnWndProc = flood;
     kind.lpszClassName = L"Flood";
     RegisterClassW(&kind);
     HWND window = CreateWindowW(L"Flood", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     PostMessageW(window, WM_APP, 0, 0);
-    findFirst(*cursor.get(), 0, L"1");
+    cursor.call({L"FindFirst"}, 0, L"1");
     EXPECT_GT(served, 1) << "waiting messages run";
     EXPECT_LT(served, 5000);
     DestroyWindow(window);
@@ -33,9 +33,9 @@ TEST_F(Yield, AFloodOfMessagesDoesNotHoldASearch) {
 
 TEST_F(Yield, AClientThatQuitsDuringASearchLearnsOfItAfterwards) {
     writeCache({addListed(L"Ada", L"Byron", L"1")});
-    const auto cursor = openCursor();
+    const Object cursor = openCursor();
     PostQuitMessage(7);
-    EXPECT_EQ(fullName(findFirst(*cursor.get(), 0, L"1").get()), L"Byron, Ada");
+    EXPECT_EQ(cursor.object({L"FindFirst"}, 0, L"1").text({L"FullName"}), L"Byron, Ada");
     MSG message{};
     EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
@@ -14,18 +16,45 @@ inline constexpr const wchar_t* kColumns[] = {
     L"FirstName",   L"LastName",  L"Department", L"EmailAddress", L"BusinessPhone",     L"BusinessPhone2",
     L"MobilePhone", L"HomePhone", L"PagerPhone", L"OtherPhone",   L"BillingInformation"};
 
+/// The text of a user property; empty when there is none.
+inline std::wstring userProperty(const ItemRecord& item, const std::wstring& name) {
+    for (const auto& property : item.userProperties)
+        if (property.name == name) return property.value;
+    return {};
+}
+
 /// The driver with a directory to export, wxd.mdb in the data folder.
 class ExportTest : public DriverTest {
   protected:
-    ExportTest();
+    ExportTest() {
+        createDatabase(L"wxd.mdb");
+        std::wstring columns;
+        for (const wchar_t* name : kColumns) columns += std::wstring(L", ") + name + L" Text(80)";
+        sql({L"Create Table Employees (EmployeeId Long Primary Key, Categories Long" + columns + L")",
+             L"Create Table BLFPagesContents (BLFpageId Long, EmployeeId Long, BindToEmployee YesNo)"});
+    }
     void SetUp() override { connector(); }
 
     /// Changes the directory.
-    void sql(std::initializer_list<std::wstring> statements);
+    void sql(std::initializer_list<std::wstring> statements) {
+        for (const std::wstring& statement : statements) execute(statement, L"wxd.mdb");
+    }
     /// An employee on a page; the columns that are not named stay Null.
-    void add(long id, long page, const std::vector<std::pair<std::wstring, std::wstring>>& columns = {});
+    void add(long id, long page, const std::vector<std::pair<std::wstring, std::wstring>>& columns = {}) {
+        const std::wstring key = std::to_wstring(id);
+        std::wstring names = L"EmployeeId", values = key;
+        for (const auto& [name, text] : columns) {
+            names += L", " + name;
+            values += L", \"" + text + L"\"";
+        }
+        sql({L"Insert Into Employees (" + names + L") Values (" + values + L")",
+             L"Insert Into BLFPagesContents Values (" + std::to_wstring(page) + L", " + key + L", 0)"});
+    }
     /// Employees with the keys 1 to `count` on page 2.
-    void fill(long count);
+    void fill(long count) {
+        for (long id = 1; id <= count; ++id)
+            add(id, 2, {{L"FirstName", L"Ann"}, {L"LastName", L"Employee " + std::to_wstring(id)}});
+    }
 
     /// The members, as a late-bound client calls them; what they answer.
     bool initialize(const std::wstring& name = L"Staff", IDispatch* progress = nullptr) {
@@ -37,20 +66,27 @@ class ExportTest : public DriverTest {
 
     /// A folder beside the default contacts folder.
     auto folderCalled(const std::wstring& name) { return mailbox.findFolder(root, name).value(); }
-    std::vector<ItemRecord> contacts(const std::wstring& folder = L"Staff");
+    std::vector<ItemRecord> contacts(const std::wstring& name = L"Staff") {
+        std::vector<ItemRecord> result;
+        for (const auto row : mailbox.items(folderCalled(name).id)) result.push_back(*mailbox.item(row));
+        return result;
+    }
     /// The keys of the folder's contacts, sorted.
-    Ids employeeIds(const std::wstring& folder = L"Staff");
+    Ids employeeIds(const std::wstring& name = L"Staff") {
+        Ids result;
+        for (const auto& item : contacts(name))
+            result.push_back(_wtol(userProperty(item, L"EmployeeId").c_str()));
+        std::sort(result.begin(), result.end());
+        return result;
+    }
 
     const standin::outlook::RowId root = mailbox.defaultStore().root;
 
   private:
     bool run(const wchar_t* member, const std::wstring& name, IDispatch* progress) {
-        return lateBound(Com<IDispatch>::share(&connector()))
-            .boolean(Member{member}, folder.file(L"wxd.mdb"), name, Com<IDispatch>::share(progress));
+        return script().boolean(Member{member}, folder.file(L"wxd.mdb"), name,
+                                Com<IDispatch>::share(progress));
     }
 };
-
-/// The text of a user property; empty when there is none.
-std::wstring userProperty(const ItemRecord& item, const std::wstring& name);
 
 }  // namespace zelbar

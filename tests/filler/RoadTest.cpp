@@ -21,10 +21,10 @@ class Road : public FillerTest, public testing::WithParamInterface<const wchar_t
     /// Everybody whom a caller's number finds, by first name; each is delivered once.
     std::set<std::wstring> foundBy(const std::wstring& number, long kind = 0) {
         std::set<std::wstring> names;
-        const auto cursor = openCursor();
-        for (auto contact = findFirst(*cursor.get(), kind, number); contact && !notInPim(contact.get());
-             contact = findNext(*cursor.get()))
-            EXPECT_TRUE(names.insert(firstName(contact.get())).second) << number.c_str();
+        const Object cursor = openCursor();
+        for (Object contact = cursor.object({L"FindFirst"}, kind, number);
+             contact && !contact.boolean({L"NotInPIM"}); contact = cursor.object({L"FindNext"}))
+            EXPECT_TRUE(names.insert(contact.text({L"FirstName"})).second) << number.c_str();
         return names;
     }
     /// How many of the calls find the contact whose number they are.

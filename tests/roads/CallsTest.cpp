@@ -1,8 +1,6 @@
 #include <functional>
 #include <set>
 
-#include "automation/Bstr.h"
-#include "automation/Variant.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
@@ -24,8 +22,8 @@ class CallsTest : public DriverTest {
     std::vector<Road> roads();
 
     CallsTest() {
-        registry.set(HKEY_CURRENT_USER, kPopupKey, L"Developper", L"0");
-        registry.set(HKEY_CURRENT_USER, kPopupKey, L"NoEmailAddressAccess", L"0");
+        popup(L"Developper", L"0");
+        popup(L"NoEmailAddressAccess", L"0");
         std::vector<TestRow> rows;
         for (int i = 1; i <= 25; ++i) rows.push_back(addListed(L"Ann", L"Many" + std::to_wstring(i), L"7"));
         anna_ = addContact({{L"FirstName", L"Anna"},
@@ -33,69 +31,42 @@ class CallsTest : public DriverTest {
                             {L"FullName", L"Anna Berg"},
                             {L"BusinessTelephoneNumber", L"5"},
                             {L"Email1Address", L"anna@example.com"}});
-        outlook.mailbox().setPicture(anna_, {'J'});
-        rows.push_back({L"Berg Anna", L"5", outlook.mailbox().entryId(anna_)});
+        mailbox.setPicture(anna_, {'J'});
+        rows.push_back({L"Berg Anna", L"5", mailbox.entryId(anna_)});
         const auto gone = addContact({{L"LastName", L"Gone"}});
-        rows.insert(rows.end(), 2, {L"Gone", L"6", outlook.mailbox().entryId(gone)});
-        outlook.mailbox().eraseItem(gone.id);
+        rows.insert(rows.end(), 2, {L"Gone", L"6", mailbox.entryId(gone)});
+        mailbox.eraseItem(gone.id);
         writeCache(rows);
+        driver_ = script();
         cursor_ = openCursor();
     }
     void TearDown() override {
-        contact_.reset();
-        cursor_.reset();
+        contact_ = cursor_ = driver_ = {};
         DriverTest::TearDown();
     }
 
-    using Text = HRESULT (STDMETHODCALLTYPE ::Contact::*)(BSTR*);
-    using List = HRESULT (STDMETHODCALLTYPE ::Contact::*)(IDispatch**);
-
     /// A fresh contact for the number; known, unknown or stale.
-    void find(const wchar_t* number) { contact_ = findFirst(*cursor_, 0, number); }
-    void read(Text member) {
-        Bstr text;
-        (contact_.get()->*member)(text.put());
-    }
-    void read(List member) {
-        Com<IDispatch> list;
-        (contact_.get()->*member)(list.put());
-    }
+    void find(const wchar_t* number) { contact_ = cursor_.object({L"FindFirst"}, 0, number); }
+    void read(const wchar_t* member) { contact_.call({member}); }
     /// What a client does when somebody calls.
     void takeCall(const wchar_t* number) {
         find(number);
-        for (const Text member : {&::Contact::get_FullName, &::Contact::get_CompanyName,
-                                  &::Contact::get_MainPhoneNumber, &::Contact::get_PhotoURL})
+        for (const wchar_t* member :
+             {L"FullName", L"CompanyName", L"MainPhoneNumber", L"PhotoURL", L"PhoneNumbers", L"Emails"})
             read(member);
-        read(&::Contact::get_PhoneNumbers);
-        read(&::Contact::get_Emails);
-    }
-    void collect() {
-        long kind = 0;
-        Com<IDispatch> contacts;
-        cursor_->FillContactCollection(&kind, Bstr(L"7").get(), contacts.put());
     }
     void run(long id, const wchar_t* call = L"") {
-        Com<::PIMActions> actions;
-        Com<IDispatch> action;
-        connector().get_Actions(actions.put());
-        actions->NewAction(id, action.put());
-        if (id == kMail) {
-            Com<::ActionProperties> settings;
-            Com<::ActionProperty> address;
-            action.as<::CallAction>()->get_ActionProp(settings.put());
-            settings->Item(Variant(L"DestinationAddress").raw(), address.put());
-            address->put_Value(Variant(L"desk@example.com").raw());
-        }
-        contact_->put_PersonalData(Variant(call).raw());
-        ::Contact* given = Com<::Contact>(contact_).detach();
-        VARIANT_BOOL result = VARIANT_FALSE;
-        action.as<::CallAction>()->ExecuteAction(&given, &result);
-        if (given) given->Release();
+        const Object action = driver_.object({L"Actions"}).object({L"NewAction"}, id);
+        if (id == kMail)
+            action.object({L"ActionProp"})
+                .object({L"Item"}, L"DestinationAddress")
+                .put({L"Value"}, L"desk@example.com");
+        contact_.put({L"PersonalData"}, call);
+        action.call({L"ExecuteAction"}, contact_.target());
     }
 
     standin::outlook::ItemRecord anna_;
-    Com<::ContactRecord> cursor_;
-    Com<::Contact> contact_;
+    Object driver_, cursor_, contact_;
 };
 
 auto CallsTest::roads() -> std::vector<Road> {
@@ -108,24 +79,20 @@ auto CallsTest::roads() -> std::vector<Road> {
         {"incoming call, unknown", 0, nothing, [this] { takeCall(L"0"); }},
         {"incoming call, stale row", 5, nothing, [this] { takeCall(L"6"); }},
         {"search", 14, nothing, known},
-        {"next hit", 14, [this] { find(L"7"); }, [this] { contact_ = findNext(*cursor_); }},
-        {"collection of 25", 350, nothing, [this] { collect(); }},
-        {"photo", 6, known, [this] { read(&::Contact::get_PhotoURL); }},
-        {"main e-mail", 1, known, [this] { read(&::Contact::get_MainEmail); }},
-        {"e-mails", 3, known, [this] { read(&::Contact::get_Emails); }},
-        {"numbers", 23, known, [this] { read(&::Contact::get_PhoneNumbers); }},
+        {"next hit", 14, [this] { find(L"7"); }, [this] { contact_ = cursor_.object({L"FindNext"}); }},
+        {"collection of 25", 350, nothing, [this] { cursor_.call({L"FillContactCollection"}, 0, L"7"); }},
+        {"photo", 6, known, [this] { read(L"PhotoURL"); }},
+        {"main e-mail", 1, known, [this] { read(L"MainEmail"); }},
+        {"e-mails", 3, known, [this] { read(L"Emails"); }},
+        {"numbers", 23, known, [this] { read(L"PhoneNumbers"); }},
         {"action: open", 6, known, [this] { run(4097); }},
         {"action: open, nobody known", 0, unknown, [this] { run(4097); }},
         {"action: close", 6, known, [this] { run(4098); }},
         {"action: mail", 20, known, [=, this] { run(kMail, kCall); }},
         {"action: journal", 20, known, [=, this] { run(4100, kCall); }},
         {"action: program", 0, known, [=, this] { run(4101, kCall); }},
-        {"show", 2, known, [this] { contact_->Show(); }},
-        {"version", 2, nothing,
-         [this] {
-             Bstr text;
-             connector().get_Version(text.put());
-         }},
+        {"show", 2, known, [this] { contact_.call({L"Show"}); }},
+        {"version", 2, nothing, [this] { driver_.call({L"Version"}); }},
     };
 }
 
@@ -154,8 +121,7 @@ TEST_F(CallsTest, NoRoadTakesLongerThanItsTimeHoweverSlowOutlookIs) {
             return GetTickCount64() - begun;
         };
         const auto limit = [&](const wchar_t* milliseconds) {
-            for (const wchar_t* name : {L"OutlookTimeout", L"OutlookTimeoutUser"})
-                registry.set(HKEY_CURRENT_USER, kPopupKey, name, milliseconds);
+            for (const wchar_t* name : {L"OutlookTimeout", L"OutlookTimeoutUser"}) popup(name, milliseconds);
         };
         limit(L"0");
         road.before();

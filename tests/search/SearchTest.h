@@ -1,11 +1,10 @@
 #pragma once
 
-#include "automation/Bstr.h"
 #include "tests/fixture/DriverTest.h"
 
 namespace zelbar {
 
-/// A client with one search cursor and what it has found last.
+/// A script with one search cursor and what it has found last.
 class SearchTest : public DriverTest {
   protected:
     void TearDown() override {
@@ -13,45 +12,39 @@ class SearchTest : public DriverTest {
         DriverTest::TearDown();
     }
     void release() {
-        found.reset();
-        cursor.reset();
+        found = cursor = {};
         finish();
     }
     void open(const std::vector<TestRow>& rows) {
         writeCache(rows);
         cursor = openCursor();
     }
-    ::Contact* first(long kind, const std::wstring& text) {
-        found = findFirst(*cursor.get(), kind, text);
-        return found.get();
+    const Object& first(long kind, const std::wstring& text) {
+        return found = cursor.object({L"FindFirst"}, kind, text);
     }
-    ::Contact* next() { return (found = findNext(*cursor.get())).get(); }
-    ::Contact* previous() { return (found = findPrevious(*cursor.get())).get(); }
-    ::Contact* current() {
-        EXPECT_EQ(cursor->get_Contact(found.put()), S_OK);
-        return found.get();
-    }
-    /// The values of a list that a member gives, contacts by their numbers.
-    template <class Self, class Member, class... Arguments>
-    std::vector<std::wstring> list(Self& self, Member member, Arguments... arguments) {
-        Com<IDispatch> values;
-        EXPECT_EQ((self.*member)(arguments..., values.put()), S_OK);
+    const Object& next() { return found = cursor.object({L"FindNext"}); }
+    const Object& previous() { return found = cursor.object({L"FindPrevious"}); }
+    const Object& current() { return found = cursor.object({L"Contact"}); }
+    static std::wstring fullName(const Object& contact) { return contact.text({L"FullName"}); }
+    static std::wstring firstName(const Object& contact) { return contact.text({L"FirstName"}); }
+    static bool notInPim(const Object& contact) { return contact.boolean({L"NotInPIM"}); }
+
+    /// The values of a list, contacts by their numbers.
+    static std::vector<std::wstring> values(const Object& list) {
         std::vector<std::wstring> result;
-        if (!values) return result;
-        const Object entries = lateBound(values);
-        for (long i = 1; i <= entries.integer(zelbar::Member{L"Count"}); ++i) {
-            const Variant entry = entries.get(zelbar::Member{L"Item"}, i);
+        for (long i = 1; list && i <= list.integer({L"Count"}); ++i) {
+            const Variant entry = list.get({L"Item"}, i);
             result.push_back(entry.type() == VT_BSTR ? entry.text()
-                                                     : mainNumber(entry.object().as<::Contact>().get()));
+                                                     : lateBound(entry.object()).text({L"MainPhoneNumber"}));
         }
         return result;
     }
     std::vector<std::wstring> collect(long kind, const std::wstring& text) {
-        return list(*cursor, &::ContactRecord::FillContactCollection, &kind, Bstr(text).get());
+        return values(cursor.object({L"FillContactCollection"}, kind, text));
     }
 
-    Com<::ContactRecord> cursor;
-    Com<::Contact> found;
+    Object cursor;
+    Object found;
 };
 
 }  // namespace zelbar
