@@ -24,29 +24,55 @@ inline long errorOf(const std::function<void()>& action) {
     return zelbar::faultOf(action).number;
 }
 
+inline std::wstring text(const Object& recordset, const std::wstring& field) {
+    return recordset.object({L"Fields"}, field).text({L"Value"});
+}
+/// The texts of one field from the first row to the last, each followed by a blank.
+inline std::wstring column(const Object& recordset, const std::wstring& field) {
+    std::wstring all;
+    for (; !recordset.boolean({L"EOF"}); recordset.call({L"MoveNext"})) all += text(recordset, field) + L" ";
+    return all;
+}
+
 class DaoTest : public testing::Test {
   protected:
-    DaoTest();
-    ~DaoTest() override;
-
-    Object newEngine();
-    Object open(const std::wstring& path);
+    ~DaoTest() override {
+        database_ = engine_ = Object();
+        EXPECT_EQ(host_.server().liveObjects(), 0);
+    }
+    Object newEngine() {
+        zelbar::Com<IDispatch> engine;
+        CoCreateInstance(standin::dao::kEngineClass, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IDispatch),
+                         reinterpret_cast<void**>(engine.put()));
+        return Object(zelbar::Gateway(), zelbar::Server::Dao, std::move(engine), zelbar::kUnknownClass);
+    }
+    Object open(const std::wstring& path) { return engine_.object({L"OpenDatabase"}, path); }
     void run(const std::wstring& sql) { database_.call({L"Execute"}, sql, kFailOnError); }
     Object query(const std::wstring& sql) { return query(database_, sql); }
-    static Object query(const Object& database, const std::wstring& sql);
+    static Object query(const Object& database, const std::wstring& sql) {
+        return database.object({L"OpenRecordset"}, sql, kDynaset);
+    }
     /// TCache as the product has it, with one row for each name; numbers are 1001, 1002, ...
-    void makeCache(const std::vector<std::wstring>& names);
+    void makeCache(const std::vector<std::wstring>& names) {
+        run(L"CREATE TABLE TCache (Name TEXT(255), PhoneNumber TEXT(50), EntryId TEXT(255), StoreID "
+            L"TEXT(10))");
+        run(L"CREATE INDEX NameIndex ON TCache (Name)");
+        run(L"CREATE INDEX NumberIndex ON TCache (PhoneNumber)");
+        long number = 1000;
+        const Object rows = database_.object({L"OpenRecordset"}, L"TCache");
+        for (const std::wstring& name : names) {
+            rows.call({L"AddNew"});
+            rows.object({L"Fields"}, L"Name").put({L"Value"}, name);
+            rows.object({L"Fields"}, L"PhoneNumber").put({L"Value"}, std::to_wstring(++number));
+            rows.call({L"Update"});
+        }
+    }
 
     standin::dao::Host host_;
     harness::TemporaryFolder folder_;
     std::wstring path_ = folder_.file(L"test.mdb");
-    zelbar::Gateway gateway_;
     Object engine_ = newEngine();
-    Object database_;
+    Object database_ = engine_.object({L"CreateDatabase"}, path_, L";LANGID=0x0409;CP=1252");
 };
-
-std::wstring text(const Object& recordset, const std::wstring& field);
-/// The texts of one field from the first row to the last, each followed by a blank.
-std::wstring column(const Object& recordset, const std::wstring& field);
 
 }  // namespace client
