@@ -3,7 +3,6 @@
 #include "automation/Bstr.h"
 #include "tests/actions/ActionTest.h"
 #include "tests/automation/StrictObject.h"
-#include "tests/com/LateClient.h"
 
 namespace zelbar {
 
@@ -15,7 +14,7 @@ class CallContacts : public ActionTest {
   protected:
     /// Runs an action as a script does.
     void runByName(long id, VARIANT argument, bool named = false) {
-        const auto answer = late(*action(id).get(), L"ExecuteAction", {argument}, kRead,
+        const auto answer = late(*action(id).target().get(), L"ExecuteAction", {argument}, kRead,
                                  std::vector<const wchar_t*>(named, L"CallContact"));
         EXPECT_EQ(answer.result, S_OK);
         EXPECT_FALSE(answer.value.boolean());
@@ -65,10 +64,13 @@ TEST_F(CallContacts, AVariableGetsWhatTheActionPutsThere) {
             runByName(kClose, variable, true);
             EXPECT_FALSE(content);
         }
-        const auto early = run(*action(id), {});
+        ::Contact* early = nullptr;
+        VARIANT_BOOL result = VARIANT_TRUE;
+        EXPECT_EQ(action(id).target().as<::CallAction>()->ExecuteAction(&early, &result), S_OK);
         ASSERT_TRUE(early);
-        EXPECT_EQ(zelbar::notInPim(early.get()), notInPim);
-        EXPECT_FALSE(run(*action(kClose), early));
+        EXPECT_EQ(lateBound(Com<IDispatch>::share(early)).boolean({L"NotInPIM"}), notInPim);
+        action(kClose).target().as<::CallAction>()->ExecuteAction(&early, &result);
+        EXPECT_FALSE(early);
     }
     IDispatch* object = client.reference().detach();
     runByName(kClose, referenceTo(object));

@@ -28,7 +28,7 @@ class Launch : public ActionTest {
   protected:
     Launch() { driver().user.messageWindow = &window; }
 
-    Com<::CallAction> launch(const std::wstring& path, const std::wstring& arguments) {
+    static Object launch(const std::wstring& path, const std::wstring& arguments) {
         return action(kLaunch, {{L"Path", path}, {L"Arguments", arguments}});
     }
     /// The messages of failed starts since the last call.
@@ -59,7 +59,7 @@ TEST_F(Launch, TheCommandLineIsPutTogether) {
         {L"C:\\N\\", L"d $4", L"ORIGIN=$1$4;", L"C:\\N\\d $1$4"},
     };
     for (const auto& c : cases) {
-        run(*launch(c.path, c.arguments), unknown(c.information));
+        run(launch(c.path, c.arguments), unknown(c.information));
         EXPECT_EQ(failures(), std::vector<std::wstring>{failureOf(c.command)});
     }
     EXPECT_TRUE(traced("From Popup PersonalData(CALLORIGIN)=desk"));
@@ -68,9 +68,9 @@ TEST_F(Launch, TheCommandLineIsPutTogether) {
 
 TEST_F(Launch, TheFolderIsKeptWithItsBackslashAndTheOpenWindowWithItsText) {
     const auto dial = launch(L"C:\\None", L"dial.exe");
-    for (const Com<::Contact>& caller : {Com<::Contact>(unknown()), Com<::Contact>()}) {
-        run(*dial, caller);
-        EXPECT_EQ(valueOf(*dial, L"Path"), L"C:\\None\\");
+    for (const Object& caller : {unknown(), Object()}) {
+        run(dial, caller);
+        EXPECT_EQ(valueOf(dial, L"Path"), L"C:\\None\\");
     }
     EXPECT_EQ(window.shownAgain, 1);
     EXPECT_EQ(failures().size(), 1u);
@@ -97,7 +97,7 @@ class LaunchedTools : public Launch {
     }
     /// Runs it for a number. Whether something was started, which the user is told otherwise.
     bool starts(const std::wstring& path, const std::wstring& arguments, const std::wstring& number) {
-        run(*launch(path, arguments), unknown(L"TYPE=outgoing;PHONENUMBER=" + number + L";"));
+        run(launch(path, arguments), unknown(L"TYPE=outgoing;PHONENUMBER=" + number + L";"));
         return failures().empty();
     }
 

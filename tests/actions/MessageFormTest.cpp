@@ -25,7 +25,7 @@ TEST_F(MessageForm, AFailedStartOpensOneWindowInFrontThatKeysAndTheButtonClose) 
     };
     for (const auto close : ways) {
         for (const wchar_t* program : {L"one.exe", L"other.exe"})
-            run(*action(kLaunch, {{L"Path", L"C:\\None"}, {L"Arguments", program}}), unknown());
+            run(action(kLaunch, {{L"Path", L"C:\\None"}, {L"Arguments", program}}), unknown());
         ASSERT_EQ(openDialogs().size(), 1u);
         const HWND window = openDialogs()[0];
         EXPECT_TRUE(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOPMOST);

@@ -35,7 +35,7 @@ TEST_F(Model, EveryKindHasItsDefaultSettings) {
     };
     for (const auto& [id, expected] : cases) {
         EXPECT_EQ(described(actions.object({L"Item"}, id)), expected);
-        EXPECT_EQ(described(lateBound(action(id))), expected);
+        EXPECT_EQ(described(action(id)), expected);
     }
     for (const long id : {1L, 4102L}) {
         EXPECT_FALSE(actions.object({L"Item"}, id)) << "identifiers are no positions: " << id;
@@ -45,7 +45,7 @@ TEST_F(Model, EveryKindHasItsDefaultSettings) {
 
 TEST_F(Model, OnlyAListHasAChosenEntry) {
     const auto open = action(kOpen);
-    const auto list = settingOf(*open, L"NewOnInexistant");
+    const auto list = settingOf(open, L"NewOnInexistant");
     const struct {
         short put, index;
         const wchar_t* value;
@@ -57,10 +57,10 @@ TEST_F(Model, OnlyAListHasAChosenEntry) {
         {0, 0, L"Open the contact when it is found", true},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(list->put_ValueIndex(c.put), S_OK);
-        EXPECT_EQ(lateBound(list).integer({L"ValueIndex"}), c.index);
-        EXPECT_EQ(valueOf(*open, L"NewOnInexistant"), c.value);
-        EXPECT_EQ(lateBound(open).boolean({L"PassiveAction"}), c.passive);
+        list.put({L"ValueIndex"}, c.put);
+        EXPECT_EQ(list.integer({L"ValueIndex"}), c.index);
+        EXPECT_EQ(valueOf(open, L"NewOnInexistant"), c.value);
+        EXPECT_EQ(open.boolean({L"PassiveAction"}), c.passive);
     }
 }
 
@@ -69,20 +69,15 @@ TEST_F(Model, ACopyKeepsTheValuesAndGoesItsOwnWay) {
         {kOpen, L"NewOnInexistant"}, {kMail, L"AutomaticSend"}, {kLaunch, L"Arguments"}};
     for (const auto& [id, key] : cases) {
         const auto original = id == kOpen ? opener(2) : action(id);
-        const auto put = [name = key](::CallAction& action, const wchar_t* value) {
-            settingOf(action, name)->put_Value(Variant(value).raw());
-        };
-        put(*original, L"first");
-        Com<IDispatch> copied;
-        ASSERT_EQ(original->CopyAction(copied.put()), S_OK);
-        const auto copy = copied.as<::CallAction>();
-        EXPECT_EQ(lateBound(copied).integer({L"ActionID"}), id);
-        EXPECT_EQ(lateBound(copied).boolean({L"PassiveAction"}), id != kOpen);
+        settingOf(original, key).put({L"Value"}, L"first");
+        const Object copy = original.object({L"CopyAction"});
+        EXPECT_EQ(copy.integer({L"ActionID"}), id);
+        EXPECT_EQ(copy.boolean({L"PassiveAction"}), id != kOpen);
         // A list's index is carried over behind its value, and shows its own entry.
-        EXPECT_EQ(valueOf(*copy, key),
+        EXPECT_EQ(valueOf(copy, key),
                   id == kOpen ? L"Open the contact, and create one for an unknown caller" : L"first");
-        put(*copy, L"second");
-        EXPECT_EQ(valueOf(*original, key), L"first");
+        settingOf(copy, key).put({L"Value"}, L"second");
+        EXPECT_EQ(valueOf(original, key), L"first");
     }
 }
 

@@ -16,19 +16,19 @@ constexpr double kFirstOfFebruary = 37653;  // 2003
 /// The two actions that put a call into words: the journal entry and the mail.
 class WrittenCall : public ActionTest {
   protected:
-    Com<::CallAction> mailToDesk() { return action(kMail, {{L"DestinationAddress", L"desk@example.com"}}); }
+    static Object mailToDesk() { return action(kMail, {{L"DestinationAddress", L"desk@example.com"}}); }
     /// The mail of a call, and the moment that its body must name.
-    std::pair<ItemRecord, std::wstring> sentMail(const Com<::Contact>& contact);
+    std::pair<ItemRecord, std::wstring> sentMail(const Object& contact);
 };
 
-std::pair<ItemRecord, std::wstring> WrittenCall::sentMail(const Com<::Contact>& contact) {
+std::pair<ItemRecord, std::wstring> WrittenCall::sentMail(const Object& contact) {
     const auto moment = [] {
         const DATE now = currentDate();
         return L" on " + dayText(now) + L" at " + timeText(now);
     };
     while (true) {  // again when the clock has moved on meanwhile
         const std::wstring before = moment();
-        run(*mailToDesk(), contact);
+        run(mailToDesk(), contact);
         if (before == moment()) return {saved(SpecialFolder::SentMail).back(), before};
     }
 }
@@ -42,7 +42,7 @@ TEST_F(WrittenCall, IsWrittenWhole) {
     const auto gone = known(L"TYPE=incoming;");
     mailbox.eraseItem(anna.id);
     const struct {
-        Com<::Contact> contact;
+        Object contact;
         const wchar_t *text, *name;
         bool linked;
     } cases[] = {
@@ -57,7 +57,7 @@ TEST_F(WrittenCall, IsWrittenWhole) {
     size_t entries = 0;
     for (const auto& c : cases) {
         const std::wstring text = c.text;
-        run(*action(kJournal), c.contact);
+        run(action(kJournal), c.contact);
         ASSERT_EQ(saved(SpecialFolder::Journal).size(), ++entries);
         const auto entry = saved(SpecialFolder::Journal).back();
         EXPECT_EQ(entry.field(L"Subject"), text);
@@ -87,7 +87,7 @@ TEST_F(WrittenCall, AnEntryEndsNowAndStartsWhereACallOfSomeLengthBegan) {
         {L"DURATION=1;START=" + dateText(39000.25) + L";", 39000.25},  // as the system writes dates
     };
     for (const auto& c : cases) {
-        run(*action(kJournal), known(c.fields));
+        run(action(kJournal), known(c.fields));
         const auto entry = saved(SpecialFolder::Journal).back();
         const double start = std::stod(entry.field(L"Start")), end = std::stod(entry.field(L"End"));
         EXPECT_NEAR(end, currentDate(), kMinute) << c.fields;
@@ -100,7 +100,7 @@ TEST_F(WrittenCall, AStoreThatIsCalledOutlookIsLeftOutOfTheLink) {
     const auto customers =
         mailbox.ensureFolder(store, L"Customers\\North", standin::outlook::ItemType::Contact);
     anna = mailbox.addContact(customers.id, {{L"FullName", L"Anna Berg"}});
-    run(*action(kJournal), known({}, mailbox.storeId(store.id)));
+    run(action(kJournal), known({}, mailbox.storeId(store.id)));
     EXPECT_EQ(saved(SpecialFolder::Journal).at(0).field(L"Body"),
               L"Call with Anna Berg \n\rContact:  <Outlook://Customers/North/~Anna Berg> ");
 }
