@@ -8,6 +8,7 @@
 #include "dialogs/Controls.h"
 #include "tests/dialogs/Windows.h"
 #include "tests/fixture/DriverTest.h"
+#include "tests/harness/Process.h"
 
 namespace zelbar {
 
@@ -20,21 +21,55 @@ inline constexpr wchar_t kSelectionKey[] = L"Software\\Norvane\\7316\\Popup\\zel
 class DialogTest : public DriverTest {
   protected:
     DialogTest() { startOutlook(); }
-    void TearDown() override;
+    void TearDown() override {
+        if (running_ != 0) quitOutlook();
+        DriverTest::TearDown();
+    }
 
     /// As when the user starts and closes Outlook.
-    void startOutlook();
-    void quitOutlook();
+    void startOutlook() {
+        // Another test's Outlook may be about to leave still, and a person may have left one running.
+        Com<IUnknown> other;
+        if (SUCCEEDED(GetActiveObject(standin::outlook::kApplicationClsid, nullptr, other.put()))) {
+            other.reset();
+            harness::runOwn(L"outlook_standin.exe", L"quit");
+        }
+        ASSERT_EQ(RegisterActiveObject(outlook.application().Get(), standin::outlook::kApplicationClsid,
+                                       ACTIVEOBJECT_STRONG, &running_),
+                  S_OK);
+    }
+    void quitOutlook() {
+        if (running_ != 0) RevokeActiveObject(running_, nullptr);
+        running_ = 0;
+        outlook.quit();
+    }
 
-    FolderRecord addFolder(const std::wstring& name, ItemType type = ItemType::Contact);
-    FolderRecord addFolderBelow(const FolderRecord& parent, const std::wstring& name);
+    FolderRecord addFolder(const std::wstring& name, ItemType type = ItemType::Contact) {
+        return mailbox.addFolder(mailbox.defaultStore().root, name, type);
+    }
+    FolderRecord addFolderBelow(const FolderRecord& parent, const std::wstring& name) {
+        return mailbox.addFolder(parent.id, name, ItemType::Contact);
+    }
 
     /// Stores a folder as number `number` of the selection.
-    void store(int number, const FolderRecord& which, const wchar_t* selectId = L"-1");
+    void store(int number, const FolderRecord& which, const wchar_t* selectId = L"-1") {
+        const std::pair<const wchar_t*, std::wstring> values[] = {{L"entryId", mailbox.entryId(which)},
+                                                                  {L"storeId", mailbox.storeId(which.store)},
+                                                                  {L"selectId", selectId}};
+        for (const auto& [name, value] : values)
+            registry.set(HKEY_CURRENT_USER, kSelectionKey, name + std::to_wstring(number), value);
+    }
     /// A value of the stored selection; "(none)" when there is none.
-    std::wstring stored(const std::wstring& name) const;
+    std::wstring stored(const std::wstring& name) const {
+        return registry.get(HKEY_CURRENT_USER, kSelectionKey, name).value_or(L"(none)");
+    }
     /// The stored check states in their order: '1' for "-1", '0', or '?' for anything else.
-    std::wstring storedStates() const;
+    std::wstring storedStates() const {
+        std::wstring result, state;
+        for (int number = 1; (state = stored(L"selectId" + std::to_wstring(number))) != L"(none)"; ++number)
+            result += state == L"-1" ? L'1' : state == L"0" ? L'0' : L'?';
+        return result;
+    }
 
   private:
     DWORD running_ = 0;
@@ -44,10 +79,18 @@ class DialogTest : public DriverTest {
 class SelectionWindow : public DialogTest {
   protected:
     /// Opens it through the client's interface and waits until the folders are there.
-    void open();
+    void open() {
+        ASSERT_EQ(connector().ConfigPIM(), S_OK);
+        ASSERT_EQ(openDialogs().size(), 1u);
+        window = openDialogs()[0];
+        ASSERT_TRUE(serveUntil([&] { return IsWindowEnabled(control(IDOK)); }));
+    }
     HWND control(int id) const { return GetDlgItem(window, id); }
     HWND list() const { return control(kControl_listFolder); }
-    std::wstring hint() const;
+    std::wstring hint() const {
+        const HWND label = control(kControl_PSTLabel);
+        return IsWindowVisible(label) ? windowText(label) : L"";
+    }
     bool isOpen() const { return IsWindow(window); }
 
     HWND window = nullptr;
