@@ -5,11 +5,9 @@
 
 #include "automation/Bstr.h"
 #include "driver/support/SettingsTable.h"
-#include "standin/dao/Sqlite.h"
 #include "tests/com/LateClient.h"
 #include "tests/harness/Files.h"
-#include "tests/hostile/Proof.h"
-#include "tests/hostile/World.h"
+#include "tests/hostile/Workplace.h"
 
 /// The registered driver among files and settings that are not as they should be. Nothing may be lost by it:
 /// no row, no contact, no setting.
@@ -22,13 +20,6 @@ using zelbar::lent;
 
 constexpr size_t kPage = 4096;
 
-/// Another opening of a database file, which no rule of Jet's holds back.
-struct Beside : standin::dao::Connection {
-    explicit Beside(const std::wstring& file) : Connection(file, standin::dao::Access::readWrite) {
-        run(L"Pragma ignore_check_constraints = On");
-    }
-};
-
 void addRows(const std::wstring& file, long count) {
     Beside(file).run(L"With Recursive n(i) As (Select 1 Union All Select i + 1 From n Where i < " +
                      std::to_wstring(count) +
@@ -36,32 +27,23 @@ void addRows(const std::wstring& file, long count) {
                      L"Limit 1), '1' From n");
 }
 
-size_t exported(World& world) {
-    auto& mailbox = world.outlook.mailbox();
-    const auto staff = mailbox.findFolder(mailbox.defaultStore().root, L"Staff");
-    return staff ? mailbox.items(staff->id).size() : 0;
-}
-
 /// A day with a file's bytes changed; then one with the file as it was.
-void damaged(Proof& proof, World& world, const std::wstring& file, const std::string& whole,
+void damaged(Proof& proof, Workplace& world, const std::wstring& file, const std::string& whole,
              const std::string& bytes, const std::string& what) {
-    const auto contacts = world.contacts();
-    const auto staff = exported(world);
+    const long contacts = world.contacts(), exported = world.contacts(L"Staff");
     harness::writeFile(file, bytes);
     proof.run(what);
     world.day(proof);
     proof.expect(harness::readFile(file) == bytes, &Tally::lost, "the file has changed");
     proof.expectNoMore(world.contacts(), contacts, &Tally::lost, "contacts");
-    proof.expectNoMore(static_cast<long>(exported(world)), static_cast<long>(staff), &Tally::lost,
-                       "exported contacts");
+    proof.expectNoMore(world.contacts(L"Staff"), exported, &Tally::lost, "exported contacts");
     harness::writeFile(file, whole);
 }
 
 void damagedFiles(Proof& proof) {
-    proof.scene("databases cut and overwritten");
-    World world;
+    Workplace world;
     addRows(world.cacheFile(), 300);
-    proof.expect(world.day(proof), &Tally::lost, "Ada is unknown");
+    world.goodDay(proof, "whole files");
     for (const auto& file : {world.cacheFile(), world.directoryFile()}) {
         const std::string whole = harness::readFile(file);
         for (size_t page = 0; page * kPage < whole.size(); page += proof.isShort() ? 9 : 1) {
@@ -76,12 +58,11 @@ void damagedFiles(Proof& proof) {
                 damaged(proof, world, file, whole, bytes, "overwritten " + name);
             }
         }
-        proof.expect(world.day(proof), &Tally::lost, "Ada is unknown with the whole file back");
+        world.goodDay(proof, "the whole file back");
     }
 }
 
 void otherSchemas(Proof& proof) {
-    proof.scene("databases of another schema");
     const std::wstring kLong(40'000, L'x');
     const struct {
         bool isCache;
@@ -115,7 +96,7 @@ void otherSchemas(Proof& proof) {
         {false, {L"Update BLFPagesContents Set EmployeeId = Null"}},
         {false, {L"Update BLFPagesContents Set EmployeeId = 'x', BLFpageId = 'y', BindToEmployee = 'z'"}},
     };
-    World world;
+    Workplace world;
     world.day(proof);
     for (const auto& c : kCases) {
         const auto file = c.isCache ? world.cacheFile() : world.directoryFile();
@@ -135,17 +116,16 @@ void otherSchemas(Proof& proof) {
         }
         harness::writeFile(file, whole);
     }
-    proof.expect(world.day(proof), &Tally::lost, "Ada is unknown with the old files back");
+    world.goodDay(proof, "the old files back");
 }
 
 void lockedInTheMiddle(Proof& proof) {
-    proof.scene("locked in the middle of a search");
-    World world;
+    Workplace world;
     addRows(world.cacheFile(), 300);
-    const long rows = World::rows(world.cacheFile());
+    const long rows = world.rows();
     for (const wchar_t* step :
          {L"FindNext", L"FindPrevious", L"MoveLast", L"MoveFirst", L"RecordCount", L"Contact"}) {
-        const auto driver = World::createDriver();
+        const auto driver = Workplace::createDriver();
         const auto cursor = late(*driver.get(), L"OpenContactRecord").value.object();
         late(*cursor.get(), L"FindFirst", {lent(0L), lent(Bstr(L"+33*").get())});
         {
@@ -157,41 +137,40 @@ void lockedInTheMiddle(Proof& proof) {
             }
             late(*cursor.get(), L"FillContactCollection", {lent(1L), lent(Bstr(L"B*").get())});
         }
-        const auto after = late(*cursor.get(), L"FindFirst", {lent(0L), lent(Bstr(L"+44 20 1").get())});
+        const auto after = late(*cursor.get(), L"FindFirst", {lent(0L), lent(Bstr(L"51").get())});
         proof.expect(static_cast<bool>(after.value.object()), &Tally::lost, "nothing is found afterwards");
     }
-    proof.expect(World::rows(world.cacheFile()) == rows && world.day(proof), &Tally::lost, "rows");
+    world.goodDay(proof, "a day after it");
+    proof.expect(world.rows() == rows, &Tally::lost, "rows");
 }
 
 void manyRows(Proof& proof) {
     const long count = proof.isShort() ? 5'000 : 1'000'000;
-    proof.scene(std::to_string(count) + " rows");
-    World world;
+    Workplace world;
     addRows(world.cacheFile(), count);
-    const long rows = World::rows(world.cacheFile());
+    const long rows = world.rows();
     for (int i = 0; i < 3; ++i) {
-        proof.run("many rows");
         const DWORD began = GetTickCount();
-        proof.expect(world.day(proof), &Tally::lost, "Ada is unknown");
+        world.goodDay(proof, "many rows");
         std::fprintf(stderr, "  a day with %ld rows takes %lu ms\n", rows, GetTickCount() - began);
     }
-    proof.expect(World::rows(world.cacheFile()) == rows, &Tally::lost, "rows");
+    proof.expect(world.rows() == rows, &Tally::lost, "rows");
 }
 
 void oddSettings(Proof& proof) {
-    proof.scene("settings of every type and size");
-    World world;
+    Workplace world;
     world.day(proof);
-    const std::string kTexts[] = {"",
-                                  std::string(1, '\0'),
-                                  std::string("7\0", 2),
-                                  std::string("7\0\0", 3),
-                                  "odd",
-                                  std::string(2, '\xFF'),
-                                  std::string(130'000, '7'),
+    using namespace std::string_literals;
+    const std::string kTexts[] = {""s,
+                                  "\0"s,
+                                  "7\0"s,
+                                  "7\0\0"s,
+                                  "odd"s,
+                                  "\xFF\xFF"s,
+                                  "\0\xD8\0\0"s,
+                                  "a\0\0\0b\0\0\0\0\0"s,
                                   std::string(8, '\x80'),
-                                  std::string("\0\xD8\0\0", 4),
-                                  std::string("a\0\0\0b\0\0\0\0\0", 10)};
+                                  std::string(130'000, '7')};
     size_t next = 0;
     for (const auto* setting : zelbar::settings::kAll) {
         // A limit of some milliseconds is one: what is given up is let go when Outlook answers the next time.
@@ -213,27 +192,21 @@ void oddSettings(Proof& proof) {
                           std::to_string(bytes.size()) + " bytes");
                 world.registry.set(root, key, name, type, bytes);
                 world.day(proof);
-                HKEY open = nullptr;
-                if (RegOpenKeyW(root, key.c_str(), &open) == ERROR_SUCCESS) {
-                    RegDeleteValueW(open, name.c_str());
-                    RegCloseKey(open);
-                }
-                world.registry.set(HKEY_CURRENT_USER, kClientKey, L"DataPath", world.folder.path());
+                RegDeleteKeyValueW(root, key.c_str(), name.c_str());
+                world.registry.set(HKEY_CURRENT_USER, kClientKey, L"DataPath", world.data);
             }
     }
-    proof.expect(world.day(proof), &Tally::lost, "Ada is unknown");
+    world.goodDay(proof, "a day after it");
 }
 
 /// For a process that may not make files longer than some kilobytes: to the driver the disk is full.
 void fullDisk(Proof& proof) {
-    proof.scene("full disk");
-    World world;
+    Workplace world;
     world.registry.set(HKEY_CURRENT_USER, kPopupKey, L"Developper", L"2");
-    proof.run("full disk");
     std::ofstream filler(std::filesystem::path(world.folder.file(L"filler")), std::ios::binary);
     filler << std::string(10'000'000, 'x') << std::flush;
     proof.expect(!filler, &Tally::crashes, "the disk is not full");
-    proof.expect(world.day(proof), &Tally::lost, "Ada is unknown");
+    world.goodDay(proof, "full disk");
 }
 
 }  // namespace
@@ -241,24 +214,11 @@ void fullDisk(Proof& proof) {
 
 int main(int count, char** arguments) {
     using namespace hostile;
-    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return EXIT_FAILURE;
-    Proof proof(count, arguments);
-    const struct {
-        const char* name;
-        void (*run)(Proof&);
-    } kScenes[] = {{"damaged", damagedFiles},
-                   {"schemas", otherSchemas},
-                   {"locked", lockedInTheMiddle},
-                   {"rows", manyRows},
-                   {"settings", oddSettings}};
-    try {
-        if (proof.isOnly("full-disk"))
-            fullDisk(proof);
-        else
-            for (const auto& scene : kScenes)
-                if (proof.wants(scene.name)) scene.run(proof);
-    } catch (const std::exception& failure) {
-        proof.expect(false, &Tally::crashes, failure.what());
-    }
-    return proof.finish();
+    return playAll(count, arguments,
+                   {{"databases cut and overwritten", damagedFiles},
+                    {"databases of another schema", otherSchemas},
+                    {"locked in the middle of a search", lockedInTheMiddle},
+                    {"many rows", manyRows},
+                    {"settings of every type and size", oddSettings},
+                    {"full disk", fullDisk, true}});
 }

@@ -24,6 +24,9 @@ class Foreign final : public IDispatch {
         IsRubbish   ///< Has no interface, and says where it is.
     };
 
+    static constexpr Manner kManners[] = {Manner::Fails, Manner::Excepts,   Manner::Reenters,
+                                          Manner::Lies,  Manner::IsNothing, Manner::IsRubbish};
+
     explicit Foreign(Manner manner, std::function<void()> callBack = {})
         : manner_(manner), callBack_(std::move(callBack)) {}
     Foreign(const Foreign&) = delete;

@@ -11,14 +11,18 @@ namespace hostile {
 namespace {
 
 enum Way : size_t {
+    // As it is; by reference to it, to nothing.
     kPlain,
     kReference,
     kNowhere,
+    // By reference to a variant: the content's own, one that refers to it, to that one, to nothing, to
+    // itself.
     kVariant,
     kVariantThatRefers,
     kVariantInVariant,
     kVariantNowhere,
     kEndless,
+    // In an array of its type, or of variants; by reference to the former.
     kArray,
     kVariantArray,
     kArrayReference,
@@ -34,49 +38,38 @@ VARIANT made(int type, T content) {
 }
 
 const std::vector<std::wstring>& texts() {
-    static const std::vector<std::wstring> kTexts{L"",
-                                                  L"1",
-                                                  L"Byron*",
-                                                  L"-3",
-                                                  L"1e400",
-                                                  L"contacts",
-                                                  L"isFolderConfigured",
-                                                  L"\"O'Brien\" | [#?*",
-                                                  std::wstring(40'000, L'7'),
-                                                  std::wstring(40'000, L'\x4E2D'),
-                                                  std::wstring(L"a\0b", 3),
-                                                  L"\xD800 half",
-                                                  L"\xDC00\xD800",
-                                                  L"START=;DURATION=99:99:99;TYPE=;=;;",
-                                                  L"\\\\?\\nul",
-                                                  L"%s%n{0}",
-                                                  L"\x202E\x0130\x0131"};
+    static const std::vector<std::wstring> kTexts = [] {
+        // Half surrogates, a control for the direction of writing, letters that Turkish writes otherwise.
+        std::vector<std::wstring> all{std::wstring(40'000, L'7'), std::wstring(40'000, L'\x4E2D'),
+                                      std::wstring(L"a\0b", 3)};
+        for (const wchar_t* text :
+             {L"", L"1", L"Byron*", L"-3", L"1e400", L"contacts", L"isFolderConfigured",
+              L"\"O'Brien\" | [#?*", L"\xD800 half", L"\xDC00\xD800", L"\x202E\x0130\x0131",
+              L"START=;DURATION=99:99:99;TYPE=;=;;", L"\\\\?\\nul", L"%s%n{0}"})
+            all.push_back(text);
+        return all;
+    }();
     return kTexts;
 }
 
 /// Contents that own nothing: numbers at their ends, nothing of every type, types that no variant has.
 const std::vector<VARIANT>& numbers() {
     static const std::vector<VARIANT> kNumbers = [] {
-        const double kNan = std::numeric_limits<double>::quiet_NaN();
         std::vector<VARIANT> all{made(VT_ERROR, DISP_E_PARAMNOTFOUND),
                                  made(VT_ERROR, E_FAIL),
                                  made(VT_BOOL, short{1}),
-                                 made(VT_R8, 1e300),
-                                 made(VT_R8, kNan),
-                                 made(VT_R8, -HUGE_VAL),
+                                 made(VT_I1, 'x'),
                                  made(VT_R4, 2.5f),
-                                 made(VT_DATE, 1e300),
-                                 made(VT_DATE, -1e9),
                                  made(VT_CY, ~0ull >> 1),
                                  made(VT_I8, ~0ull >> 1),
                                  made(VT_UI8, ~0ull),
-                                 made(VT_UI4, ~0u),
-                                 made(VT_I1, 'x')};
+                                 made(VT_UI4, ~0u)};
+        for (const double number : {1e300, -1e9, -HUGE_VAL, std::numeric_limits<double>::quiet_NaN()})
+            for (const int type : {VT_R8, VT_DATE}) all.push_back(made(type, number));
         for (const long number :
              {0L, 1L, 2L, -1L, 77L, 4097L, 4098L, 4099L, 4100L, 4101L, 32768L, 2147483647L, -2147483647L - 1})
             all.push_back(made(VT_I4, number));
-        for (const short number : {short{0}, short{1}, short{-1}, short{32767}})
-            all.push_back(made(VT_I2, number));
+        for (const int number : {0, 1, -1, 32767}) all.push_back(made(VT_I2, static_cast<short>(number)));
         VARIANT decimal{};
         std::memset(&decimal, 0xFF, sizeof decimal);
         decimal.vt = VT_DECIMAL;
@@ -93,26 +86,23 @@ const std::vector<VARIANT>& numbers() {
     return kNumbers;
 }
 
-SAFEARRAY* oddArray(size_t which) {
-    SAFEARRAYBOUND bounds[] = {{2, -5}, {3, 7}};
-    SAFEARRAY* array = nullptr;
-    switch (which) {
-        case 0:
-            return SafeArrayCreateVector(VT_BSTR, 0, 3);  // of null texts
-        case 1:
-            return SafeArrayCreateVector(VT_DISPATCH, 0, 3);  // of Nothing
-        case 2:
-            return SafeArrayCreate(VT_BSTR, 2, bounds);
-        case 3:
-            return SafeArrayCreate(VT_VARIANT, 1, bounds);
-        case 4:
-            return SafeArrayCreateVector(VT_I4, 0, 0);
-        default:
-            SafeArrayAllocDescriptorEx(VT_BSTR, 1, &array);  // without anything in it
-            return array;
-    }
-}
 constexpr size_t kOddArrays = 6;
+VARIANT oddArray(size_t which) {
+    SAFEARRAYBOUND bounds[] = {{2, -5}, {3, 7}};
+    SAFEARRAY* empty = nullptr;
+    SafeArrayAllocDescriptorEx(VT_BSTR, 1, &empty);
+    const VARIANT all[kOddArrays] = {
+        made(VT_ARRAY | VT_BSTR, SafeArrayCreateVector(VT_BSTR, 0, 3)),
+        made(VT_ARRAY | VT_DISPATCH, SafeArrayCreateVector(VT_DISPATCH, 0, 3)),
+        made(VT_ARRAY | VT_BSTR, SafeArrayCreate(VT_BSTR, 2, bounds)),
+        made(VT_ARRAY | VT_VARIANT, SafeArrayCreate(VT_VARIANT, 1, bounds)),
+        made(VT_ARRAY | VT_I4, SafeArrayCreateVector(VT_I4, 0, 0)),
+        made(VT_ARRAY | VT_BSTR, empty),
+    };
+    for (size_t i = 0; i < kOddArrays; ++i)
+        if (i != which) SafeArrayDestroy(all[i].parray);
+    return all[which];
+}
 
 size_t contents(const std::vector<IUnknown*>& objects) {
     return numbers().size() + texts().size() + 1 + kOddArrays + 2 * objects.size();
@@ -127,12 +117,7 @@ VARIANT makeContent(size_t which, const std::vector<IUnknown*>& objects) {
     }
     which -= texts().size();
     if (which == 0) return made(VT_BSTR, SysAllocStringByteLen("odd", 3));
-    if (--which < kOddArrays)
-        return made(VT_ARRAY | (which == 1   ? VT_DISPATCH
-                                : which == 3 ? VT_VARIANT
-                                : which == 4 ? VT_I4
-                                             : VT_BSTR),
-                    oddArray(which));
+    if (--which < kOddArrays) return oddArray(which);
     which -= kOddArrays;
     IUnknown* const object = objects[which / 2];
     object->AddRef();
@@ -223,17 +208,17 @@ bool OddValue::isPortable() const {
 }
 
 std::string OddValue::name() const {
-    const char* const kNames[] = {"plain",
-                                  "reference",
-                                  "nowhere",
-                                  "variant",
-                                  "variant that refers",
-                                  "variant in variant",
-                                  "variant nowhere",
-                                  "endless",
-                                  "array",
-                                  "variant array",
-                                  "array reference"};
+    const char* const kNames[kWays] = {"plain",
+                                       "reference",
+                                       "nowhere",
+                                       "variant",
+                                       "variant that refers",
+                                       "variant in variant",
+                                       "variant nowhere",
+                                       "endless",
+                                       "array",
+                                       "variant array",
+                                       "array reference"};
     return std::string(kNames[way_]) + " of type " + std::to_string(content.vt);
 }
 

@@ -1,34 +1,29 @@
 #include "tests/hostile/Proof.h"
 
-#include <windows.h>
+#include <objbase.h>
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <set>
-#include <vector>
+#include <stdexcept>
 
 namespace hostile {
 
 namespace {
 
 constexpr DWORD kLongestMilliseconds = 60'000;
+/// What a program ends with that a run has ended.
+constexpr UINT kEndedByARun = 3;
 constexpr struct {
     const char* name;
-    std::atomic<long> Tally::*kind;
+    Figure figure;
 } kColumns[] = {{"runs", &Tally::runs},   {"crashes", &Tally::crashes}, {"hangs", &Tally::hangs},
                 {"leaks", &Tally::leaks}, {"lost", &Tally::lost},       {"escapes", &Tally::escapes}};
 
 Proof* proof = nullptr;
-
-bool isProcessorFault(DWORD code) {
-    static const std::set<DWORD> kFaults{EXCEPTION_ACCESS_VIOLATION,      EXCEPTION_ILLEGAL_INSTRUCTION,
-                                         EXCEPTION_PRIV_INSTRUCTION,      EXCEPTION_INT_DIVIDE_BY_ZERO,
-                                         EXCEPTION_STACK_OVERFLOW,        EXCEPTION_IN_PAGE_ERROR,
-                                         EXCEPTION_DATATYPE_MISALIGNMENT, 0xC0000374 /* heap corruption */};
-    return kFaults.count(code) != 0;
-}
+std::atomic<DWORD> began{0};
 
 std::string placeOf(const void* address) {
     HMODULE module = nullptr;
@@ -45,14 +40,47 @@ std::string placeOf(const void* address) {
     return file.substr(file.rfind('\\') + 1) + text;
 }
 
+LONG CALLBACK onFault(EXCEPTION_POINTERS* fault) noexcept {
+    static const std::set<DWORD> kFaults{EXCEPTION_ACCESS_VIOLATION,      EXCEPTION_ILLEGAL_INSTRUCTION,
+                                         EXCEPTION_PRIV_INSTRUCTION,      EXCEPTION_INT_DIVIDE_BY_ZERO,
+                                         EXCEPTION_STACK_OVERFLOW,        EXCEPTION_IN_PAGE_ERROR,
+                                         EXCEPTION_DATATYPE_MISALIGNMENT, 0xC0000374 /* heap corruption */};
+    const auto& record = *fault->ExceptionRecord;
+    if (kFaults.contains(record.ExceptionCode))
+        proof->expect(
+            false, &Tally::escapes,
+            "fault " + std::to_string(record.ExceptionCode) + " at " + placeOf(record.ExceptionAddress));
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+LONG WINAPI onCrash(EXCEPTION_POINTERS*) noexcept {
+    Proof::end(&Tally::crashes, "nobody handles the fault");
+}
+
+void onAbort(int) noexcept {
+    Proof::end(&Tally::crashes, "aborted");
+}
+
+DWORD WINAPI watch(void*) noexcept {
+    for (;; Sleep(500))
+        if (const DWORD start = began; start && GetTickCount() - start > kLongestMilliseconds)
+            Proof::end(&Tally::hangs, "takes longer than a minute");
+}
+
+void begins() {
+    began = std::max(GetTickCount(), DWORD{1});
+}
+
 }  // namespace
 
 Proof::Proof(int count, char** arguments) {
-    for (int i = 1; i < count; ++i)
-        if (std::string(arguments[i]) == "--short")
-            short_ = true;
+    for (const std::string& word : std::vector<std::string>(arguments + 1, arguments + count)) {
+        const size_t equals = std::min(word.find('='), word.size());
+        if (word.starts_with("--"))
+            options_[word.substr(0, equals)] = word.substr(std::min(equals + 1, word.size()));
         else
-            filter_ = arguments[i];
+            words_.push_back(word);
+    }
     proof = this;
     row_ = &rows_["start"];
     AddVectoredExceptionHandler(1, onFault);
@@ -61,45 +89,23 @@ Proof::Proof(int count, char** arguments) {
     CloseHandle(CreateThread(nullptr, 0, watch, nullptr, 0, nullptr));
 }
 
-long __stdcall Proof::onFault(EXCEPTION_POINTERS* fault) noexcept {
-    const auto& record = *fault->ExceptionRecord;
-    if (isProcessorFault(record.ExceptionCode)) {
-        char code[16];
-        std::snprintf(code, sizeof code, "%lx", record.ExceptionCode);
-        proof->expect(false, &Tally::escapes,
-                      "fault " + std::string(code) + " at " + placeOf(record.ExceptionAddress));
-    }
-    return EXCEPTION_CONTINUE_SEARCH;
+std::optional<std::string> Proof::valueOf(const std::string& option) const {
+    const auto found = options_.find(option);
+    return found == options_.end() ? std::nullopt : std::optional(found->second);
 }
 
-long __stdcall Proof::onCrash(EXCEPTION_POINTERS*) noexcept {
-    proof->end(&Tally::crashes, "nobody handles the fault");
-}
-
-void Proof::onAbort(int) noexcept {
-    proof->end(&Tally::crashes, "aborted");
-}
-
-unsigned long __stdcall Proof::watch(void*) noexcept {
-    while (true) {
-        Sleep(500);
-        const DWORD began = proof->began_;
-        if (began && GetTickCount() - began > kLongestMilliseconds)
-            proof->end(&Tally::hangs, "takes longer than a minute");
-    }
-}
-
-void Proof::end(std::atomic<long> Tally::*kind, const char* what) noexcept {
-    expect(false, kind, what);
-    finish();
+void Proof::end(Figure figure, const char* what) noexcept {
+    proof->expect(false, figure, what);
+    proof->finish();
     std::fflush(nullptr);
-    TerminateProcess(GetCurrentProcess(), EXIT_FAILURE);
+    TerminateProcess(GetCurrentProcess(), kEndedByARun);
     std::abort();
 }
 
 void Proof::scene(const std::string& name) {
     row_ = &rows_[name];
-    began_ = std::max(GetTickCount(), DWORD{1});
+    name_ = name;
+    begins();
     std::fprintf(stderr, "  %s\n", name.c_str());
     std::fflush(stderr);
 }
@@ -107,106 +113,63 @@ void Proof::scene(const std::string& name) {
 void Proof::run(std::string name) {
     name_ = std::move(name);
     ++row_->runs;
-    began_ = std::max(GetTickCount(), DWORD{1});
+    begins();
 }
 
-bool Proof::expect(bool condition, std::atomic<long> Tally::*kind, const std::string& what) {
+bool Proof::expect(bool condition, Figure figure, const std::string& what) {
     constexpr long kMostPrinted = 40;
-    if (!condition && ++(row_->*kind) <= kMostPrinted) {
+    if (!condition && ++(row_->*figure) <= kMostPrinted) {
         std::fprintf(stderr, "FOUND in %s: %s\n", name_.c_str(), what.c_str());
         std::fflush(stderr);
     }
     return condition;
 }
 
-bool Proof::expectNoMore(long long before, long long now, std::atomic<long> Tally::*kind,
-                         const std::string& what) {
-    return expect(now <= before, kind,
+bool Proof::expectNoMore(long long before, long long now, Figure figure, const std::string& what) {
+    return expect(now <= before, figure,
                   what + ": " + std::to_string(now) + " after " + std::to_string(before));
 }
 
 int Proof::finish() {
-    began_ = 0;
+    began = 0;
+    Tally sums;
     std::printf("| scene |");
     for (const auto& column : kColumns) std::printf(" %s |", column.name);
     std::printf("\n|---|---|---|---|---|---|---|\n");
-    std::map<std::string, long> sums;
     for (const auto& [name, tally] : rows_) {
-        long any = 0;
-        for (const auto& column : kColumns) any += tally.*column.kind;
-        if (!any) continue;
+        const auto isEmpty = [&](const auto& column) { return tally.*column.figure == 0; };
+        if (std::all_of(std::begin(kColumns), std::end(kColumns), isEmpty)) continue;
         std::printf("| %s |", name.c_str());
         for (const auto& column : kColumns) {
-            const long figure = tally.*column.kind;
-            sums[column.name] += figure;
-            std::printf(" %ld |", figure);
+            std::printf(" %ld |", (tally.*column.figure).load());
+            sums.*column.figure += tally.*column.figure;
         }
         std::printf("\n");
     }
-    std::printf("\n");
-    long bad = 0;
-    const char* separator = "";
-    for (const auto& column : kColumns) {
-        std::printf("%s%s %ld", separator, column.name, sums[column.name]);
-        separator = ", ";
-        if (column.kind != &Tally::runs) bad += sums[column.name];
+    bool isGood = sums.runs > 0;
+    std::string line;
+    for (const auto& [name, figure] : kColumns) {
+        line += (line.empty() ? "" : ", ") + std::string(name) + " " + std::to_string(sums.*figure);
+        if (figure != &Tally::runs && sums.*figure > 0) isGood = false;
     }
-    std::printf("\n");
+    std::printf("\n%s\n", line.c_str());
     std::fflush(stdout);
-    return bad || !sums["runs"] ? EXIT_FAILURE : EXIT_SUCCESS;
+    return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-long long heapBytes() {
-    std::vector<HANDLE> heaps(64);
-    heaps.resize(GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data()));
-    long long sum = 0;
-    for (const HANDLE heap : heaps) {
-        PROCESS_HEAP_ENTRY entry{};
-        HeapLock(heap);
-        while (HeapWalk(heap, &entry))
-            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) sum += entry.cbData;
-        HeapUnlock(heap);
+int playAll(int count, char** arguments, const std::vector<Scene>& scenes) {
+    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return EXIT_FAILURE;
+    Proof proof(count, arguments);
+    try {
+        for (const Scene& scene : scenes) {
+            if (scene.isExtra ? !proof.isNamed(scene.name) : !proof.wantsScene(scene.name)) continue;
+            proof.scene(scene.name);
+            scene.play(proof);
+        }
+    } catch (const std::exception& failure) {
+        proof.expect(false, &Tally::crashes, failure.what());
     }
-    return sum;
-}
-
-namespace {
-
-/// The highest of some new handles: the emulator does not count them, but takes the lowest that is free.
-template <class Make, class Drop>
-long highestOf(Make&& make, Drop&& drop) {
-    HANDLE made[64];
-    long highest = 0;
-    for (HANDLE& handle : made) {
-        handle = make();
-        highest = std::max(highest, static_cast<long>(reinterpret_cast<ULONG_PTR>(handle) & 0xFFFF));
-    }
-    for (const HANDLE handle : made) drop(handle);
-    return highest;
-}
-
-}  // namespace
-
-long handleCount() {
-    return highestOf([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); }, CloseHandle) / 4;
-}
-long gdiCount() {
-    return highestOf([] { return CreatePen(PS_SOLID, 1, 0); },
-                     [](HANDLE pen) { DeleteObject(static_cast<HGDIOBJ>(pen)); });
-}
-long userCount() {
-    // The emulator's table is one for all processes, so windows are counted, the children with their parents.
-    static long count;
-    count = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(), [](HWND window, LPARAM) __stdcall->BOOL {
-            ++count;
-            EnumChildWindows(
-                window, [](HWND, LPARAM) __stdcall->BOOL { return ++count; }, 0);
-            return TRUE;
-        },
-        0);
-    return count;
+    return proof.finish();
 }
 
 }  // namespace hostile

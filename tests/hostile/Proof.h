@@ -3,8 +3,11 @@
 #include <windows.h>
 
 #include <atomic>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
 /// What the programs share that try to break the driver: what is counted, who watches, what is printed.
 namespace hostile {
@@ -12,23 +15,28 @@ namespace hostile {
 struct Tally {
     std::atomic<long> runs{0}, crashes{0}, hangs{0}, leaks{0}, lost{0}, escapes{0};
 };
+using Figure = std::atomic<long> Tally::*;
 
 /// One per program. While it lives, every fault of the processor in this process is an escape of the run in
 /// which it happens, whoever swallows it; one that nobody does is a crash and ends the program, as does a run
 /// that takes too long.
 class Proof {
   public:
-    /// `--short` among the arguments; any other one is a filter of runs for whoever looks for a fault.
+    /// usage: PROGRAM [--short] [--OPTION=VALUE ...] [SCENE [RUN]]
+    /// The scene that alone is done, and what the names of its runs hold, for whoever looks for a fault.
     Proof(int count, char** arguments);
     Proof(const Proof&) = delete;
     Proof& operator=(const Proof&) = delete;
 
-    bool isShort() const { return short_; }
-    /// The filter as a number of runs; `otherwise` when there is none.
-    long count(long otherwise) const { return filter_.empty() ? otherwise : std::stol(filter_); }
-    bool isOnly(const char* name) const { return filter_ == name; }
-    /// True for the runs whose names the filter holds.
-    bool wants(const std::string& name) const { return name.find(filter_) != std::string::npos; }
+    bool isShort() const { return has("--short"); }
+    bool has(const std::string& option) const { return valueOf(option).has_value(); }
+    std::optional<std::string> valueOf(const std::string& option) const;
+    /// The scene has been asked for by its name.
+    bool isNamed(const std::string& scene) const { return !words_.empty() && words_[0] == scene; }
+    bool wantsScene(const std::string& scene) const { return words_.empty() || isNamed(scene); }
+    bool wantsRun(const std::string& name) const {
+        return words_.size() < 2 || name.find(words_[1]) != std::string::npos;
+    }
 
     /// From here on everything counts for this row of the table. On standard error it shows how far it is.
     void scene(const std::string& name);
@@ -36,34 +44,33 @@ class Proof {
     void run(std::string name);
 
     /// What a run may be guilty of, with what there is to say; true when the condition held.
-    bool expect(bool condition, std::atomic<long> Tally::*kind, const std::string& what);
-    /// The same when a figure is above the one that it had.
-    bool expectNoMore(long long before, long long now, std::atomic<long> Tally::*kind,
-                      const std::string& what);
+    bool expect(bool condition, Figure figure, const std::string& what);
+    /// The same when a number is above the one that it had.
+    bool expectNoMore(long long before, long long now, Figure figure, const std::string& what);
 
     /// Prints the table and the sums. What the program ends with.
     int finish();
+    /// The current run has ended this program.
+    [[noreturn]] static void end(Figure figure, const char* what) noexcept;
 
   private:
-    static long __stdcall onFault(_EXCEPTION_POINTERS* fault) noexcept;
-    static long __stdcall onCrash(_EXCEPTION_POINTERS* fault) noexcept;
-    static void onAbort(int) noexcept;
-    static unsigned long __stdcall watch(void*) noexcept;
-    [[noreturn]] void end(std::atomic<long> Tally::*kind, const char* what) noexcept;
-
-    bool short_ = false;
-    std::string filter_;
+    std::map<std::string, std::string> options_;
+    std::vector<std::string> words_;
     std::map<std::string, Tally> rows_;
     Tally* row_ = nullptr;
     std::string name_ = "nothing";
-    std::atomic<unsigned long> began_{0};
 };
 
-/// Bytes that are taken from all heaps of this process.
-long long heapBytes();
-/// Measures of this process's handles and GDI objects, which grow with their numbers, and its windows.
-long handleCount();
-long gdiCount();
-long userCount();
+/// A part of a program.
+struct Scene {
+    std::string name;
+    std::function<void(Proof&)> play;
+    /// It is done only when somebody asks for it.
+    bool isExtra = false;
+};
+
+/// The `main` of a program: a single-threaded apartment, as the driver's client has it, and all scenes that
+/// are wanted.
+int playAll(int count, char** arguments, const std::vector<Scene>& scenes);
 
 }  // namespace hostile

@@ -2,69 +2,54 @@
 
 #include <clocale>
 
-#include "tests/harness/Files.h"
 #include "tests/harness/Process.h"
-#include "tests/hostile/Proof.h"
-#include "tests/hostile/World.h"
+#include "tests/hostile/Workplace.h"
 
 /// The registered driver in processes, languages, folders and on screens that its makers do not have.
 namespace hostile {
 namespace {
 
-void expectDay(Proof& proof, World& world, const std::string& what) {
-    proof.run(what);
-    proof.expect(world.day(proof), &Tally::lost, "Ada is unknown");
-}
-
-void load(Proof& proof, const std::wstring& path) {
-    proof.expect(LoadLibraryW(path.c_str()) != nullptr, &Tally::crashes, "does not load");
-}
-
 /// Another compiler's run-time libraries, another C library, another copy of the driver.
 void foreignLibraries(Proof& proof) {
-    proof.scene("beside foreign libraries");
-    World world;
+    Workplace world;
     const std::wstring copy = world.folder.file(L"zelbar01.dll");
     proof.expect(CopyFileW((harness::programFolder() + L"\\zelbar00.dll").c_str(), copy.c_str(), FALSE),
                  &Tally::crashes, "no copy");
     for (const std::wstring& path : {std::wstring(FOREIGN_RUNTIME_THREADS), std::wstring(FOREIGN_RUNTIME),
                                      std::wstring(L"ucrtbase.dll"), std::wstring(L"msvcr120.dll"), copy}) {
-        load(proof, path);
-        expectDay(proof, world, "beside " + std::string(path.begin(), path.end()));
+        proof.expect(LoadLibraryW(path.c_str()) != nullptr, &Tally::crashes, "does not load");
+        world.goodDay(proof, "beside " + std::string(path.begin(), path.end()));
     }
     // The copy's class object, while the driver's own lives.
-    const HMODULE other = GetModuleHandleW(copy.c_str());
     using GetClassObject = HRESULT WINAPI(REFCLSID, REFIID, void**);
     const auto ask = reinterpret_cast<GetClassObject*>(
-        reinterpret_cast<void*>(GetProcAddress(other, "DllGetClassObject")));
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(copy.c_str()), "DllGetClassObject")));
     {
-        const auto first = World::createDriver();
+        const auto first = Workplace::createDriver();
         Com<IClassFactory> factory;
         Com<::DataConnector> second;
         proof.run("a driver of the copy");
         ask(CLSID_cDataConnector, __uuidof(IClassFactory), reinterpret_cast<void**>(factory.put()));
         factory->CreateInstance(nullptr, __uuidof(::DataConnector), reinterpret_cast<void**>(second.put()));
-        proof.expect(World::objectsOf(second).size() == World::objectsOf(first).size(), &Tally::lost,
+        proof.expect(Workplace::objectsOf(second).size() == Workplace::objectsOf(first).size(), &Tally::lost,
                      "objects");
     }
-    proof.expect(World::canUnload(), &Tally::leaks, "the driver has objects left");
+    world.expectNothingHeld(proof);
 }
 
 /// What the client's process and its user have set; the driver leaves it as it is.
 void languages(Proof& proof) {
-    proof.scene("locales and languages");
-    World world;
-    const wchar_t* const kLocales[] = {L"en-US", L"fr-FR", L"de-DE", L"it-IT", L"hu-HU",
-                                       L"pl-PL", L"es-ES", L"nl-NL", L"tr-TR"};
-    for (int language = 0; language < 9; ++language) {
-        const std::wstring name = kLocales[language];
-        SetThreadLocale(LocaleNameToLCID(name.c_str(), 0));
-        std::setlocale(LC_ALL, std::string(name.begin(), name.end()).c_str());
+    Workplace world;
+    int language = 0;
+    for (const std::string name :
+         {"en-US", "fr-FR", "de-DE", "it-IT", "hu-HU", "pl-PL", "es-ES", "nl-NL", "tr-TR"}) {
+        SetThreadLocale(LocaleNameToLCID(std::wstring(name.begin(), name.end()).c_str(), 0));
+        std::setlocale(LC_ALL, name.c_str());
         world.registry.set(HKEY_CURRENT_USER, std::wstring(kClientKey) + L"\\Settings", L"lang",
-                           std::to_wstring(language));
+                           std::to_wstring(language++));
         const std::string before = std::setlocale(LC_ALL, nullptr);
         const LCID thread = GetThreadLocale();
-        expectDay(proof, world, std::string(name.begin(), name.end()));
+        world.goodDay(proof, name);
         proof.expect(before == std::setlocale(LC_ALL, nullptr) && thread == GetThreadLocale(),
                      &Tally::escapes, "the process's locale is another");
     }
@@ -73,13 +58,12 @@ void languages(Proof& proof) {
 
 /// Data folders and profiles with long and non-Latin names, there and not to be made.
 void folders(Proof& proof) {
-    proof.scene("folders");
     const std::wstring kNames[] = {
         L"Łódź ΑΒΓ Журнал",      L"中文 日本語 한국어",     L"\x05E9\x05DC\x05D5\x05DD \x202E",
         L"\xD83D\xDE00 \x0130i", L"100% [a] {b} $c 'd' ;e", std::wstring(150, L'x'),
         std::wstring(230, L'y')};
     for (const auto& name : kNames) {
-        World world;
+        Workplace world;
         const std::wstring place = world.folder.makeFolder(name);
         for (const auto& file : {world.cacheFile(), world.directoryFile()})
             CopyFileW(file.c_str(), (place + file.substr(file.rfind(L'\\'))).c_str(), FALSE);
@@ -102,17 +86,15 @@ void folders(Proof& proof) {
 
 /// Whoever unloads and loads gets a driver that works; the module itself stays.
 void unloading(Proof& proof) {
-    proof.scene("unloaded and loaded");
-    World world;
+    Workplace world;
     for (int i = 0; i < (proof.isShort() ? 10 : 1000); ++i) {
         proof.run("round " + std::to_string(i));
-        World::objectsOf(World::createDriver());
-        proof.expect(World::canUnload(), &Tally::leaks, "the driver has objects left");
+        Workplace::objectsOf(Workplace::createDriver());
+        world.expectNothingHeld(proof);
         CoFreeUnusedLibrariesEx(0, 0);
-        const HMODULE module = LoadLibraryW((harness::programFolder() + L"\\zelbar00.dll").c_str());
-        FreeLibrary(module);
+        FreeLibrary(LoadLibraryW((harness::programFolder() + L"\\zelbar00.dll").c_str()));
     }
-    proof.expect(world.day(proof), &Tally::lost, "Ada is unknown");
+    world.goodDay(proof, "a day after it");
 }
 
 }  // namespace
@@ -120,16 +102,10 @@ void unloading(Proof& proof) {
 
 int main(int count, char** arguments) {
     using namespace hostile;
-    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return EXIT_FAILURE;
-    Proof proof(count, arguments);
-    try {
-        // Before the driver is loaded for the first time.
-        foreignLibraries(proof);
-        languages(proof);
-        folders(proof);
-        unloading(proof);
-    } catch (const std::exception& failure) {
-        proof.expect(false, &Tally::crashes, failure.what());
-    }
-    return proof.finish();
+    // The libraries before the driver is loaded for the first time.
+    return playAll(count, arguments,
+                   {{"beside foreign libraries", foreignLibraries},
+                    {"locales and languages", languages},
+                    {"folders", folders},
+                    {"unloaded and loaded", unloading}});
 }

@@ -7,6 +7,7 @@
 
 #include "automation/Com.h"
 #include "standin/dao/Host.h"
+#include "standin/dao/Sqlite.h"
 #include "standin/outlook/host/Host.h"
 #include "tests/harness/RegistrySandbox.h"
 #include "tests/harness/TemporaryFolder.h"
@@ -20,46 +21,45 @@ inline constexpr wchar_t kPopupKey[] = L"Software\\Norvane\\7316\\Popup";
 inline constexpr wchar_t kClientKey[] = L"Software\\Norvane\\7316\\VEXPhone";
 inline constexpr wchar_t kInstallKey[] = L"Software\\Norvane\\7316\\Install";
 
-/// What the registered driver is led into: settings, a profile and a data folder of its own, an Outlook and a
-/// DAO in this process, some contacts and an employee. Dialogs are answered, now with OK, now with Cancel.
+/// Another opening of a database file, which no rule of Jet's holds back.
+struct Beside : standin::dao::Connection {
+    explicit Beside(const std::wstring& file) : Connection(file, standin::dao::Access::readWrite) {
+        run(L"Pragma ignore_check_constraints = On");
+    }
+};
+
+/// What the driver is led into: settings, a profile and a data folder of its own; an Outlook and a DAO in
+/// this process; contacts, an archive of more, a folder of an earlier export; a cache of them, with a row for
+/// one that is gone, and a directory of employees.
 class World {
   public:
     World();
-    ~World();
     World(const World&) = delete;
     World& operator=(const World&) = delete;
 
-    /// Runs statements in a database, which is made if there is none.
-    static void sql(const std::wstring& file, const std::vector<std::wstring>& statements);
-    std::wstring cacheFile() const { return folder.file(L"connec00.mdb"); }
-    std::wstring directoryFile() const { return folder.file(L"wxd.mdb"); }
-    /// A contact, as a line for the cache.
-    std::wstring addContact(const std::wstring& first, const std::wstring& last, const std::wstring& number);
-    /// The cache's rows, and Outlook's contacts.
-    static long rows(const std::wstring& file);
-    long contacts();
+    /// For a program whose databases nobody else uses: files need no locks then, and are read in memory.
+    static void keepFilesToItself();
+
+    std::wstring file(const std::wstring& name) const { return data + L"\\" + name; }
+    std::wstring cacheFile() const { return file(L"connec00.mdb"); }
+    std::wstring directoryFile() const { return file(L"wxd.mdb"); }
+    /// The cache's rows, and Outlook's contacts in a folder.
+    long rows() const;
+    long contacts(const wchar_t* folder = L"Contacts");
 
     static Com<IDispatch> createServer(const wchar_t* progId);
-    static Com<::DataConnector> createDriver();
-    /// One object of each kind that a client can get hold of.
-    static std::vector<Com<IUnknown>> objectsOf(const Com<::DataConnector>& driver);
-    /// Takes the driver's leave: true when it holds nothing any more.
-    static bool canUnload();
-
-    /// What a client does in a day, from the driver's creation to its end: searches both ways, reads, acts,
-    /// has the folders chosen, exports. Nothing may be left of it. True when it found Ada.
-    bool day(Proof& proof);
 
     harness::TemporaryFolder folder;
+    std::wstring data = folder.makeFolder(L"data");
     harness::RegistrySandbox registry;
     standin::outlook::Host outlook{folder.file(L"mailbox.db")};
     standin::dao::Host dao;
+    std::wstring adaId, adaStore;
 
   private:
-    UINT_PTR timer_;
+    void fillMailbox();
+    void makeCache();
+    void makeDirectory();
 };
-
-/// Serves the messages that are waiting.
-void serveMessages();
 
 }  // namespace hostile

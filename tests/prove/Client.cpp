@@ -6,10 +6,6 @@
 
 namespace prove {
 
-using zelbar::Bstr;
-using zelbar::Com;
-using zelbar::Variant;
-
 bool Client::check(HRESULT result) {
     if (FAILED(result) && escaped.empty()) {
         char number[40];
@@ -24,9 +20,9 @@ void Client::note(const char* what, const std::wstring& answer) {
 }
 
 /// An unknown caller is the neutral answer of a search.
-void Client::note(const char* what, ::Contact* which) {
-    const bool unknown = !which || !flag(which, &::Contact::get_NotInPIM).empty();
-    note(what, unknown ? L"" : text(which, &::Contact::get_FullName));
+void Client::note(const char* what, const Com<::Contact>& which) {
+    const bool known = which && !get(which, &::Contact::get_NotInPIM);
+    note(what, known ? get(which, &::Contact::get_FullName).text() : L"");
 }
 
 void Client::start() {
@@ -47,62 +43,45 @@ void Client::start() {
 
 void Client::open() {
     if (!driver) start();
-    cursor = get(driver.get(), &::DataConnector::OpenContactRecord);
+    cursor = get(driver, &::DataConnector::OpenContactRecord);
 }
 
-::Contact* Client::first(const wchar_t* text, long kind) {
-    Com<::Contact> found;
-    if (cursor) check(cursor.get()->FindFirst(&kind, Bstr(text).get(), found.put()));
-    contact = std::move(found);
-    return contact.get();
+const Com<::Contact>& Client::first(const wchar_t* text, long kind) {
+    return contact = get(cursor, &::ContactRecord::FindFirst, &kind, Bstr(text).get());
 }
 
-::Contact* Client::unified(const wchar_t* text) {
-    long kind = 0;
-    Com<::Contact> found;
-    if (cursor) check(cursor.get()->FindFirstForUnified(&kind, Bstr(text).get(), found.put()));
-    contact = std::move(found);
-    return contact.get();
+const Com<::Contact>& Client::next() {
+    return contact = get(cursor, &::ContactRecord::FindNext);
 }
 
-::Contact* Client::next() {
-    auto found = get(cursor.get(), &::ContactRecord::FindNext);
-    contact = std::move(found);
-    return contact.get();
-}
-
-::Contact* Client::previous() {
-    auto found = get(cursor.get(), &::ContactRecord::FindPrevious);
-    contact = std::move(found);
-    return contact.get();
+const Com<::Contact>& Client::previous() {
+    return contact = get(cursor, &::ContactRecord::FindPrevious);
 }
 
 Com<::Contact> Client::makeCaller(const wchar_t* text, const wchar_t* information) {
     open();
-    const Com<::Contact> caller = Com<::Contact>::share(first(text));
-    if (caller) check(caller->put_PersonalData(Variant(information).raw()));
+    const Com<::Contact> caller = first(text);
+    call(caller, &::Contact::put_PersonalData, Variant(information).raw());
     return caller;
 }
 
-void Client::perform(long id, ::Contact* caller,
+void Client::perform(long id, const Com<::Contact>& caller,
                      std::initializer_list<std::pair<const wchar_t*, Variant>> settings, short choice) {
-    actions = get(driver.get(), &::DataConnector::get_Actions);
-    Com<IDispatch> made;
-    if (!actions || !check(actions.get()->NewAction(id, made.put())) || !made) return;
-    action = made.as<::CallAction>();
-    const auto list = get(action.get(), &::CallAction::get_ActionProp);
+    actions = get(driver, &::DataConnector::get_Actions);
+    action = get(actions, &::PIMActions::NewAction, id).as<::CallAction>();
+    const auto list = get(action, &::CallAction::get_ActionProp);
     for (const auto& [key, value] : settings) {
-        Com<::ActionProperty> setting;
-        if (list) check(list->Item(Variant(key).raw(), setting.put()));
-        if (setting) check(setting->put_Value(value.raw()));
+        const auto setting = get(list, &::ActionProperties::Item, Variant(key).raw());
+        call(setting, &::ActionProperty::put_Value, value.raw());
     }
-    Com<::ActionProperty> list_;
-    if (list && choice > 0) check(list->Item(Variant(1L).raw(), list_.put()));
-    if (list_) check(list_->put_ValueIndex(choice));
-    if (caller) caller->AddRef();
-    VARIANT_BOOL ignored = VARIANT_FALSE;
-    if (action) check(action.get()->ExecuteAction(&caller, &ignored));
-    if (caller) caller->Release();
+    if (choice > 0) {
+        const auto setting = get(list, &::ActionProperties::Item, Variant(1L).raw());
+        call(setting, &::ActionProperty::put_ValueIndex, choice);
+    }
+    // The driver may put another contact in its place.
+    auto* place = Com<::Contact>(caller).detach();
+    get(action, &::CallAction::ExecuteAction, &place);
+    if (place) place->Release();
 }
 
 void Client::release() {

@@ -3,6 +3,9 @@
 #include <PIMDriverAbstract.h>
 
 #include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "automation/Bstr.h"
@@ -10,6 +13,28 @@
 #include "automation/Variant.h"
 
 namespace prove {
+
+using zelbar::Bstr;
+using zelbar::Com;
+using zelbar::Variant;
+
+/// Who owns what a member gives.
+template <class Result>
+struct OwnerOf {
+    using Type = Result;
+};
+template <class Interface>
+struct OwnerOf<Interface*> {
+    using Type = Com<Interface>;
+};
+template <>
+struct OwnerOf<BSTR> {
+    using Type = Bstr;
+};
+template <>
+struct OwnerOf<VARIANT> {
+    using Type = Variant;
+};
 
 /// A client of the driver, with all that it holds of it, and what it was answered. It calls through raw
 /// pointers, as a client that releases an object in the middle of a call on it would.
@@ -19,46 +44,45 @@ struct Client {
     /// Makes the driver; when that fails the client has none, and every call on it is left out.
     void start();
     void open();
-    ::Contact* first(const wchar_t* text, long kind = 0);
-    ::Contact* unified(const wchar_t* text);
-    ::Contact* next();
-    ::Contact* previous();
-    void perform(long id, ::Contact* contact,
-                 std::initializer_list<std::pair<const wchar_t*, zelbar::Variant>> settings,
-                 short choice = 0);
-    zelbar::Com<::Contact> makeCaller(const wchar_t* text, const wchar_t* information);
+    const Com<::Contact>& first(const wchar_t* text, long kind = 0);
+    const Com<::Contact>& next();
+    const Com<::Contact>& previous();
+    void perform(long id, const Com<::Contact>& caller,
+                 std::initializer_list<std::pair<const wchar_t*, Variant>> settings, short choice = 0);
+    Com<::Contact> makeCaller(const wchar_t* text, const wchar_t* information);
     void release();
 
     /// Every call comes by here: no member may answer with a failure.
     bool check(HRESULT result);
     void note(const char* what, const std::wstring& answer);
-    void note(const char* what, ::Contact* contact);
+    void noteThat(const char* what, bool answer) { note(what, std::wstring(answer ? L"yes" : L"")); }
+    void note(const char* what, const Com<::Contact>& contact);
 
-    template <class Interface, class Result>
-    zelbar::Com<Result> get(Interface* object, HRESULT (STDMETHODCALLTYPE Interface::*member)(Result**)) {
-        zelbar::Com<Result> result;
-        if (object) check((object->*member)(result.put()));
+    /// Where there is no object, nothing is called.
+    template <class Interface, class... Parameters, class... Arguments>
+    bool call(const Com<Interface>& object, HRESULT (STDMETHODCALLTYPE Interface::*member)(Parameters...),
+              Arguments... arguments) {
+        return object && check((object.get()->*member)(arguments...));
+    }
+    /// What the member gives by its last parameter.
+    template <class Interface, class... Parameters, class... Arguments>
+    auto get(const Com<Interface>& object, HRESULT (STDMETHODCALLTYPE Interface::*member)(Parameters...),
+             Arguments... arguments) {
+        using Last = std::tuple_element_t<sizeof...(Parameters) - 1, std::tuple<Parameters...>>;
+        typename OwnerOf<std::remove_pointer_t<Last>>::Type result{};
+        if constexpr (requires { result.put(); })
+            call(object, member, arguments..., result.put());
+        else
+            call(object, member, arguments..., &result);
         return result;
-    }
-    template <class Interface>
-    std::wstring text(Interface* object, HRESULT (STDMETHODCALLTYPE Interface::*member)(BSTR*)) {
-        zelbar::Bstr result;
-        if (object) check((object->*member)(result.put()));
-        return result.text();
-    }
-    template <class Interface>
-    std::wstring flag(Interface* object, HRESULT (STDMETHODCALLTYPE Interface::*member)(VARIANT_BOOL*)) {
-        VARIANT_BOOL result = VARIANT_FALSE;
-        if (object) check((object->*member)(&result));
-        return result ? L"yes" : L"";
     }
 
     HMODULE module;
-    zelbar::Com<::DataConnector> driver, second;
-    zelbar::Com<::ContactRecord> cursor;
-    zelbar::Com<::Contact> contact;
-    zelbar::Com<::PIMActions> actions;
-    zelbar::Com<::CallAction> action;
+    Com<::DataConnector> driver, second;
+    Com<::ContactRecord> cursor;
+    Com<::Contact> contact;
+    Com<::PIMActions> actions;
+    Com<::CallAction> action;
 
     std::vector<std::string> answers;
     std::string escaped;  ///< The first failure that came out of a member.

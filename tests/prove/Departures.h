@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <functional>
-#include <string>
+#include <cstddef>
+#include <initializer_list>
 
 namespace prove {
 
@@ -26,6 +26,18 @@ enum class Kind {
 };
 inline constexpr std::size_t kKinds = static_cast<std::size_t>(Kind::kCount);
 const char* nameOf(Kind kind);
+
+/// Some of the kinds.
+class Kinds {
+  public:
+    constexpr Kinds(std::initializer_list<Kind> kinds) {
+        for (const Kind kind : kinds) bits_ |= 1u << static_cast<unsigned>(kind);
+    }
+    constexpr bool contain(Kind kind) const { return (bits_ >> static_cast<unsigned>(kind)) & 1u; }
+
+  private:
+    unsigned bits_ = 0;
+};
 
 /// All that leaves the module while it is watched, counted by kind. One of these calls meets the event that a
 /// run is about: it fails, or something else happens meanwhile.

@@ -1,6 +1,5 @@
 #include "tests/prove/Events.h"
 
-#include "automation/Bstr.h"
 #include "standin/common/Error.h"
 #include "standin/common/FaultScript.h"
 #include "standin/common/MemberTable.h"
@@ -12,167 +11,116 @@ namespace prove {
 namespace {
 
 using standin::Error;
-using zelbar::Bstr;
-using zelbar::Com;
-using zelbar::Variant;
 using enum Kind;
 
 constexpr long code(unsigned long number) {
     return static_cast<long>(number);
 }
 
-bool atCalls(Kind kind) {
-    return kind == Outlook || kind == Dao;
-}
-bool atOutlookCalls(Kind kind) {
-    return kind == Outlook;
-}
-bool atItems(Kind kind) {
-    return kind == OutlookItem;
-}
-bool atServers(Kind kind) {
-    return atCalls(kind) || kind == OutlookName || kind == DaoName || kind == Activation;
-}
-bool atWindows(Kind kind) {
-    return kind == Registry || kind == File || kind == Process;
-}
-bool atRoom(Kind kind) {
-    return kind == Memory || kind == Kind::Window;
-}
-bool atFiles(Kind kind) {
-    return kind == File;
-}
-bool atActivation(Kind kind) {
-    return kind == Activation;
-}
-bool atWaits(Kind kind) {
-    return atServers(kind) || kind == Yield || kind == OutlookEnd || kind == DaoEnd;
-}
+constexpr Kinds kCalls = {Outlook, Dao};
+constexpr Kinds kServers = {Outlook, Dao, OutlookName, DaoName, Activation};
+constexpr Kinds kWindows = {Registry, File, Process};
+constexpr Kinds kWaits = {Outlook, Dao, OutlookName, DaoName, Activation, Yield, OutlookEnd, DaoEnd};
+
+constexpr long kNotFound = code(0x8004010F), kBusy = code(0x80010001), kBusyToo = code(0x8001010A);
+constexpr long kServerGone = code(0x800706BA);
 
 constexpr Event kFaults[] = {
-    {.name = "gone", .meets = atCalls, .code = code(0x8004010F), .isShort = true},
-    {.name = "gone-bits", .meets = atOutlookCalls, .code = code(0x8E64010F), .description = L"Not found."},
-    {.name = "gone-all",
-     .meets = atItems,
-     .code = code(0x8004010F),
-     .lasts = true,
-     .saysGone = true,
-     .isShort = true},
-    {.name = "rejected", .meets = atServers, .code = code(0x80010001)},
-    {.name = "rejected-once", .meets = atOutlookCalls, .code = code(0x80010001), .deadlines = true},
-    {.name = "rejected-all",
-     .meets = atOutlookCalls,
-     .code = code(0x8001010A),
-     .lasts = true,
-     .deadlines = true},
-    {.name = "late", .meets = atOutlookCalls, .milliseconds = 60'000, .deadlines = true},
-    {.name = "unavailable", .meets = atServers, .code = code(0x800706BA)},
-    {.name = "dead", .meets = atServers, .kills = true, .isShort = true},
-    {.name = "fails", .meets = atServers, .code = E_FAIL},
-    {.name = "described", .meets = atCalls, .code = E_FAIL, .description = L"The operation failed."},
-    {.name = "no-memory", .meets = atServers, .code = E_OUTOFMEMORY},
-    {.name = "array", .meets = atCalls, .answer = VT_ARRAY | VT_I4},
-    {.name = "null", .meets = atCalls, .answer = VT_NULL},
-    {.name = "empty", .meets = atCalls, .answer = VT_EMPTY},
-    {.name = "nothing", .meets = atCalls, .answer = VT_DISPATCH},
-    {.name = "unregistered", .meets = atActivation, .code = REGDB_E_CLASSNOTREG, .isShort = true},
-    {.name = "denied", .meets = atWindows, .code = ERROR_ACCESS_DENIED, .isShort = true},
-    {.name = "missing", .meets = atFiles, .code = ERROR_FILE_NOT_FOUND, .isShort = true},
-    {.name = "no-resources", .meets = atWindows, .code = ERROR_NO_SYSTEM_RESOURCES},
-    {.name = "full", .meets = atFiles, .code = ERROR_DISK_FULL},
-    {.name = "no-room", .meets = atRoom, .code = ERROR_NOT_ENOUGH_MEMORY, .isShort = true},
+    {.name = "gone", .at = kCalls, .isShort = true, .code = kNotFound},
+    {.name = "gone-bits", .at = {Outlook}, .code = code(0x8E64010F), .description = L"Not found."},
+    {.name = "gone-all", .at = {OutlookItem}, .isShort = true, .code = kNotFound, .lasts = true},
+    {.name = "rejected", .at = kServers, .code = kBusy},
+    {.name = "rejected-once", .at = {Outlook}, .code = kBusy, .deadlines = true},
+    {.name = "rejected-all", .at = {Outlook}, .code = kBusyToo, .lasts = true, .deadlines = true},
+    {.name = "late", .at = {Outlook}, .deadlines = true, .milliseconds = 60'000},
+    {.name = "unavailable", .at = kServers, .code = kServerGone},
+    {.name = "dead", .at = kServers, .isShort = true, .code = kServerGone, .kills = true},
+    {.name = "fails", .at = kServers, .code = E_FAIL},
+    {.name = "described", .at = kCalls, .code = E_FAIL, .description = L"The operation failed."},
+    {.name = "no-memory", .at = kServers, .code = E_OUTOFMEMORY},
+    {.name = "array", .at = kCalls, .answer = VT_ARRAY | VT_I4},
+    {.name = "null", .at = kCalls, .answer = VT_NULL},
+    {.name = "empty", .at = kCalls, .answer = VT_EMPTY},
+    {.name = "nothing", .at = kCalls, .answer = VT_DISPATCH},
+    {.name = "unregistered", .at = {Activation}, .isShort = true, .code = REGDB_E_CLASSNOTREG},
+    {.name = "denied", .at = kWindows, .isShort = true, .code = ERROR_ACCESS_DENIED},
+    {.name = "missing", .at = {File}, .isShort = true, .code = ERROR_FILE_NOT_FOUND},
+    {.name = "no-resources", .at = kWindows, .code = ERROR_NO_SYSTEM_RESOURCES},
+    {.name = "full", .at = {File}, .code = ERROR_DISK_FULL},
+    {.name = "no-room", .at = {Memory, Kind::Window}, .isShort = true, .code = ERROR_NOT_ENOUGH_MEMORY},
 };
 
-// ---- What a client does while it waits
+// ---- What a client does while it waits. What it finds meanwhile is not what it goes on with.
 
-/// What it finds meanwhile is not what it goes on with.
-template <class Work>
-void keepingItsContact(Client& client, const Work& work) {
-    const auto kept = client.contact;
-    work();
-    client.contact = kept;
+void search(Client& c) {
+    const auto kept = c.contact;
+    c.first(L"61");
+    c.contact = kept;
 }
 
-constexpr Event kCalls[] = {
-    {.name = "search",
-     .meets = atWaits,
-     .meanwhile = [](Client& c) { keepingItsContact(c, [&] { c.first(L"61"); }); },
-     .isShort = true},
-    {.name = "search-on-another",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             Client other(c.module);
-             other.driver = c.driver;
-             other.open();
-             other.first(L"61");
-         }},
-    {.name = "next",
-     .meets = atWaits,
-     .meanwhile = [](Client& c) { keepingItsContact(c, [&] { c.next(); }); }},
-    {.name = "numbers",
-     .meets = atWaits,
-     .meanwhile = [](Client& c) { c.get(c.contact.get(), &::Contact::get_PhoneNumbers); },
-     .isShort = true},
-    {.name = "release-cursor", .meets = atWaits, .meanwhile = [](Client& c) { c.cursor.reset(); }},
-    {.name = "release-contact", .meets = atWaits, .meanwhile = [](Client& c) { c.contact.reset(); }},
-    {.name = "release-actions",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             c.action.reset();
-             c.actions.reset();
-         }},
-    {.name = "release-driver", .meets = atWaits, .meanwhile = [](Client& c) { c.driver.reset(); }},
-    {.name = "release-all", .meets = atWaits, .meanwhile = [](Client& c) { c.release(); }, .isShort = true},
-    {.name = "second-driver",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             Client other(c.module);
-             other.start();
-             c.second = other.driver;
-         }},
-    {.name = "second-driver-goes",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             Client other(c.module);
-             other.open();
-             other.first(L"61");
-         }},
-    {.name = "close-pim",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             if (c.driver) c.check(c.driver->ClosePIM());
-         }},
-    {.name = "journal",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             Client other(c.module);
-             other.driver = c.driver;
-             other.perform(4100, c.contact.get(), {});
-         }},
-    {.name = "folders",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             if (c.driver) c.check(c.driver->ConfigPIM());
-         }},
-    {.name = "export",
-     .meets = atWaits,
-     .meanwhile =
-         [](Client& c) {
-             VARIANT_BOOL done = VARIANT_FALSE;
-             const Variant path(Stage::current().file(L"wxd.mdb")), name(L"");
-             if (c.driver) c.check(c.driver->SynchronizeExportFolder(path.raw(), name.raw(), {}, &done));
-         }},
-    {.name = "outlook-closed",
-     .meets = atWaits,
-     .meanwhile = [](Client&) { Stage::current().outlook.quit(); }},
+void stepOn(Client& c) {
+    const auto kept = c.contact;
+    c.next();
+    c.contact = kept;
+}
+
+/// On another cursor: of this driver, or of one more.
+template <bool kSameDriver>
+void searchBeside(Client& c) {
+    Client other(c.module);
+    if (kSameDriver) other.driver = c.driver;
+    other.open();
+    other.first(L"61");
+}
+
+void releaseActions(Client& c) {
+    c.action.reset();
+    c.actions.reset();
+}
+
+void startSecond(Client& c) {
+    Client other(c.module);
+    other.start();
+    c.second = other.driver;
+}
+
+void writeJournal(Client& c) {
+    Client other(c.module);
+    other.driver = c.driver;
+    other.perform(4100, c.contact, {});
+}
+
+void exportAll(Client& c) {
+    const Variant path(Stage::current().directoryFile()), name(L"");
+    c.get(c.driver, &::DataConnector::SynchronizeExportFolder, path.raw(), name.raw(), VARIANT{});
+}
+
+constexpr Event call(const char* name, void (*meanwhile)(Client&), bool isShort = false) {
+    return {.name = name, .at = kWaits, .isShort = isShort, .meanwhile = meanwhile};
+}
+
+constexpr Event kIncoming[] = {
+    call("search", search, true),
+    call("search-on-another", searchBeside<true>),
+    call("next", stepOn),
+    call(
+        "numbers", [](Client& c) { c.get(c.contact, &::Contact::get_PhoneNumbers); }, true),
+    call("release-cursor", [](Client& c) { c.cursor.reset(); }),
+    call("release-contact", [](Client& c) { c.contact.reset(); }),
+    call("release-actions", releaseActions),
+    call("release-driver", [](Client& c) { c.driver.reset(); }),
+    call(
+        "release-all", [](Client& c) { c.release(); }, true),
+    call("second-driver", startSecond),
+    call("second-driver-goes", searchBeside<false>),
+    call("close-pim", [](Client& c) { c.call(c.driver, &::DataConnector::ClosePIM); }),
+    call("journal", writeJournal),
+    call("folders", [](Client& c) { c.call(c.driver, &::DataConnector::ConfigPIM); }),
+    call("export", exportAll),
+    call("outlook-closed", [](Client&) { Stage::current().outlook.quit(); }),
 };
+
+// ---- How it happens
 
 Error errorOf(const Event& event) {
     return event.description ? Error(event.code, event.description) : Error::plain(event.code);
@@ -201,7 +149,7 @@ std::optional<standin::Value> atServer(const Event& event, Kind kind, Client& cl
     if (event.milliseconds > 0) return passTime(event.milliseconds), std::nullopt;
     if (event.kills) kill(kind);
     if (event.answer != VT_ILLEGAL) return answerOf(event.answer);
-    throw event.kills ? Error::plain(code(0x800706BA)) : errorOf(event);
+    throw event.kills ? Error::plain(kServerGone) : errorOf(event);
 }
 
 std::optional<standin::Value> atOutlook(const Event& event, Moment moment, const standin::Member* member,
@@ -213,11 +161,8 @@ std::optional<standin::Value> atOutlook(const Event& event, Moment moment, const
 }
 
 std::optional<standin::Value> atDao(const Event& event, Moment moment, Client& client) {
-    return atServer(event,
-                    moment == Moment::LookUp    ? DaoName
-                    : moment == Moment::Release ? DaoEnd
-                                                : Dao,
-                    client);
+    const Kind kind = moment == Moment::LookUp ? DaoName : moment == Moment::Release ? DaoEnd : Dao;
+    return atServer(event, kind, client);
 }
 
 }  // namespace
@@ -227,7 +172,7 @@ std::span<const Event> faults() {
 }
 
 std::span<const Event> calls() {
-    return kCalls;
+    return kIncoming;
 }
 
 void watch(const Event& event, Kind kind, long call, Client& client) {
@@ -240,7 +185,7 @@ void watch(const Event& event, Kind kind, long call, Client& client) {
     if (event.meanwhile)
         setImportEvent([&] { event.meanwhile(client); }, false, 0);
     else if (event.kills)
-        setImportEvent([kind] { kill(kind); }, true, 0x800706BA);
+        setImportEvent([kind] { kill(kind); }, true, static_cast<DWORD>(kServerGone));
     else
         setImportEvent({}, true, static_cast<DWORD>(event.code));
     departures().watch(kind, call, event.lasts);

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <utility>
 
+#include "tests/hostile/Proof.h"
 #include "tests/prove/Memory.h"
-#include "tests/prove/Progress.h"
 #include "tests/prove/Stage.h"
 
 namespace prove {
@@ -149,9 +149,15 @@ HRESULT __stdcall getActiveObject(REFCLSID id, void*, IUnknown** result) {
     return Stage::current().runningOutlook(id, result);
 }
 
+/// Only a text or an array needs room.
+HRESULT __stdcall copyVariant(VARIANT* to, VARIANT* from) {
+    if ((from->vt == VT_BSTR || from->vt & VT_ARRAY) && meets(Kind::Memory)) return E_OUTOFMEMORY;
+    return VariantCopy(to, from);
+}
+
 [[noreturn]] void __cdecl aborts() {
     // An exception that nobody catches ends here, also one that would have passed the border.
-    ends("escape: an exception that nobody has caught");
+    hostile::Proof::end(&hostile::Tally::escapes, "an exception that nobody has caught");
 }
 
 using enum Kind;
@@ -191,7 +197,7 @@ const Row kRows[] = {
     watched<"OpenProcess", decltype(OpenProcess), Process, WithLastError, 1>(),
     watched<"AssocQueryStringW", decltype(AssocQueryStringW), Process, WithResult>(),
     watched<"SysAllocStringLen", decltype(SysAllocStringLen), Memory, WithLastError>(),
-    watched<"VariantCopy", decltype(VariantCopy), Memory, WithResult>(),
+    replaced("VariantCopy", copyVariant),
     watched<"VariantChangeType", decltype(VariantChangeType), Memory, WithResult>(),
     watched<"SafeArrayCreateVector", decltype(SafeArrayCreateVector), Memory, WithLastError>(),
     watched<"SafeArrayPutElement", decltype(SafeArrayPutElement), Memory, WithResult>(),

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <functional>
+
 #include "tests/prove/Departures.h"
 
 namespace prove {

@@ -1,176 +1,100 @@
-// usage: prove sweep|reentrance [--short] [--only SCENARIO] [--slice K/N] [--from NUMBER]
-//        prove run SCENARIO KIND CALL EVENT
-//        prove list
-// Runs every scenario with every event at every call that leaves the driver, or those that fall into a slice,
-// or one alone. What went wrong is a line with "!", the count of each scenario's runs one with "=".
-
-#include <windows.h>
-
-#include <objbase.h>
-
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <stdexcept>
-#include <vector>
 
-#include "automation/Fault.h"
-#include "tests/prove/Imports.h"
-#include "tests/prove/Progress.h"
+#include "tests/hostile/Proof.h"
 #include "tests/prove/Run.h"
 #include "tests/prove/Stage.h"
 
+/// Runs every scenario with every event at every call that leaves the driver: `--sweep`, or `--reentrance`.
+/// Several processes may share the runs, each its `--slice=K/N`, and go on with `--skip=RUNS` behind a run
+/// that ended one. `--counts` says how often each scenario leaves the driver, and by which kinds of calls.
+namespace prove {
 namespace {
 
-using namespace prove;
+using hostile::Proof;
+using hostile::Tally;
 
-struct Order {
-    std::span<const Event> events;
-    bool isShort = false;
-    long slice = 0, slices = 1, from = 0;
-    std::string only = {};
-};
-
-/// Counts of one scenario.
-struct Sums {
-    long runs = 0, leaks = 0, lost = 0, escapes = 0;
-};
-
-void report(const std::string& name, const Outcome& outcome, Sums& sums) {
-    ++sums.runs;
-    sums.escapes += !outcome.escape.empty();
-    sums.leaks += !outcome.leak.empty();
-    sums.lost += !outcome.lost.empty() || !outcome.reached;
-    if (!outcome.escape.empty()) std::printf("! %s: escape: %s\n", name.c_str(), outcome.escape.c_str());
-    if (!outcome.leak.empty()) std::printf("! %s: leak: %s\n", name.c_str(), outcome.leak.c_str());
-    if (!outcome.lost.empty()) std::printf("! %s: lost: %s\n", name.c_str(), outcome.lost.c_str());
-    if (!outcome.reached) std::printf("! %s: lost: no run has reached this call\n", name.c_str());
-}
-
-std::string nameOf(const Scenario& scenario, Kind kind, long call, const Event& event) {
-    return std::string(scenario.name) + " " + prove::nameOf(kind) + " " + std::to_string(call) + " " +
-           event.name;
-}
-
-/// After so many calls of a kind a scenario repeats itself: each further call meets one event, by turns.
+/// After so many calls of a kind a scenario repeats itself: of these every second one meets one event, by
+/// turns.
 constexpr long kBeforeLoops = 60;
 
 /// The short form has every call meet one event; it samples the many allocations and repetitions, and calls
 /// in only while Outlook is asked.
-bool isWanted(const Order& order, Kind kind, long call, const Event& event) {
-    if (order.isShort) {
-        if (kind == Kind::Memory ? call % 47 != 1 : call > kBeforeLoops && call % 13 != 0) return false;
-        if (event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
-    } else if (call <= kBeforeLoops) {
-        return true;
-    }
+bool isWanted(bool isShort, std::span<const Event> events, Kind kind, long call, const Event& event) {
+    const bool loops = call > kBeforeLoops;
+    if (isShort && (kind == Kind::Memory ? call % 47 != 1 : loops && call % 13 != 0)) return false;
+    if (isShort && event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
+    if (!isShort && !loops) return true;
+    if (!isShort && call % 2 != 0) return false;
     std::vector<const Event*> turns;
-    for (const Event& each : order.events)
-        if (each.meets(kind) && (each.isShort || !order.isShort)) turns.push_back(&each);
-    return !turns.empty() && turns[static_cast<std::size_t>(call) % turns.size()] == &event;
+    for (const Event& each : events)
+        if (each.at.contain(kind) && (each.isShort || !isShort)) turns.push_back(&each);
+    return !turns.empty() && turns[static_cast<std::size_t>(call / 2) % turns.size()] == &event;
 }
 
-void sweep(HMODULE module, const Order& order) {
-    long number = 0;
-    for (const Scenario& scenario : scenarios()) {
-        // A program without a client is not called while it waits.
-        if (order.events.front().meanwhile && !scenario.hasClient) continue;
-        if (!order.only.empty() && order.only != scenario.name) continue;
-        begins(number, "");
-        Rehearsed rehearsed(module, scenario);
-        Sums sums;
-        for (std::size_t k = 0; k < kKinds; ++k) {
-            const auto kind = static_cast<Kind>(k);
-            for (long call = 1; call <= rehearsed.count(kind); ++call)
-                for (const Event& event : order.events) {
-                    if (!event.meets(kind) || !isWanted(order, kind, call, event)) continue;
-                    if (++number < order.from || number % order.slices != order.slice) continue;
-                    const std::string name = nameOf(scenario, kind, call, event);
-                    begins(number, name);
-                    report(name, rehearsed.run(event, kind, call), sums);
-                }
-        }
-        std::printf("= %s %ld %ld %ld %ld\n", scenario.name, sums.runs, sums.leaks, sums.lost, sums.escapes);
-    }
-}
-
-Kind kindCalled(const std::string& name) {
+void printCounts(const Rehearsed& rehearsed) {
+    rehearsed.print();
     for (std::size_t k = 0; k < kKinds; ++k)
-        if (name == prove::nameOf(static_cast<Kind>(k))) return static_cast<Kind>(k);
-    throw std::runtime_error("no such kind");
+        if (const long count = rehearsed.count(static_cast<Kind>(k)))
+            std::printf("%s %ld ", nameOf(static_cast<Kind>(k)), count);
+    std::printf("\n");
 }
 
-template <class Named>
-const Named& called(std::span<const Named> all, const std::string& name) {
-    for (const Named& each : all)
-        if (name == each.name) return each;
-    throw std::runtime_error("no such name: " + name);
-}
+/// What all processes count, over all scenarios, and this one's share.
+struct Share {
+    long slice = 0, slices = 1, skip = 0, number = 0;
 
-int runOne(HMODULE module, char** words) {
-    const Scenario& scenario = called(scenarios(), words[0]);
-    const Kind kind = kindCalled(words[1]);
-    const long call = std::atol(words[2]);
-    const bool isCall = std::any_of(calls().begin(), calls().end(),
-                                    [&](const Event& each) { return std::strcmp(each.name, words[3]) == 0; });
-    const Event& event = called(isCall ? calls() : faults(), words[3]);
-    begins(0, nameOf(scenario, kind, call, event));
+    explicit Share(const Proof& proof) {
+        std::sscanf(proof.valueOf("--slice").value_or("0/1").c_str(), "%ld/%ld", &slice, &slices);
+        skip = std::stol(proof.valueOf("--skip").value_or("0"));
+    }
+    bool takes() { return ++number % slices == slice && --skip < 0; }
+};
+
+void sweep(Proof& proof, Share& share, HMODULE module, const Scenario& scenario) {
+    const auto events = proof.has("--reentrance") ? calls() : faults();
     Rehearsed rehearsed(module, scenario);
-    Sums sums;
-    report(nameOf(scenario, kind, call, event), rehearsed.run(event, kind, call), sums);
-    return sums.leaks + sums.lost + sums.escapes > 0;
-}
-
-void listCounts(HMODULE module) {
-    for (const Scenario& scenario : scenarios()) {
-        begins(0, scenario.name);
-        const DWORD start = GetTickCount();
-        const Rehearsed rehearsed(module, scenario);
-        rehearsed.print();
-        std::printf("%s (%lu ms):", scenario.name, GetTickCount() - start);
-        for (std::size_t k = 0; k < kKinds; ++k)
-            if (const long count = rehearsed.count(static_cast<Kind>(k)))
-                std::printf(" %s %ld", prove::nameOf(static_cast<Kind>(k)), count);
-        std::printf("\n");
+    if (proof.has("--counts")) return printCounts(rehearsed);
+    for (std::size_t k = 0; k < kKinds; ++k) {
+        const auto kind = static_cast<Kind>(k);
+        for (long call = 1; call <= rehearsed.count(kind); ++call)
+            for (const Event& event : events) {
+                if (!event.at.contain(kind) || !isWanted(proof.isShort(), events, kind, call, event))
+                    continue;
+                const std::string name =
+                    std::string(nameOf(kind)) + " " + std::to_string(call) + " " + event.name;
+                if (!share.takes() || !proof.wantsRun(name)) continue;
+                proof.run(std::string(scenario.name) + " " + name);
+                const Outcome outcome = rehearsed.run(event, kind, call);
+                proof.expect(outcome.escape.empty(), &Tally::escapes, outcome.escape);
+                proof.expect(outcome.leak.empty(), &Tally::leaks, outcome.leak);
+                proof.expect(outcome.lost.empty(), &Tally::lost, outcome.lost);
+                proof.expect(outcome.reached, &Tally::lost, "no run has reached this call");
+            }
     }
 }
 
-int prove_(int count, char** words) {
-    Stage stage;
-    const HMODULE module = LoadLibraryW(stage.module(L"zelbar00.dll").c_str());
-    const HMODULE filler = LoadLibraryW(stage.module(L"prove_fill.dll").c_str());
-    if (!module || !filler) throw std::runtime_error("what is to be proved cannot be loaded");
-    watchImports(module);
-    watchImports(filler);
-    const std::string what = count > 1 ? words[1] : "";
-    if (what == "list") return listCounts(module), 0;
-    if (what == "run" && count == 6) return runOne(module, words + 2);
-    Order order{what == "reentrance" ? calls() : faults()};
-    for (int i = 2; i < count; ++i) {
-        const std::string word = words[i];
-        if (word == "--short") order.isShort = true;
-        if (word == "--only") order.only = words[++i];
-        if (word == "--from") order.from = std::atol(words[++i]);
-        if (word == "--slice" && std::sscanf(words[++i], "%ld/%ld", &order.slice, &order.slices) != 2)
-            throw std::runtime_error("a slice is K/N");
-    }
-    sweep(module, order);
-    return 0;
+/// The stage is made when the first scenario wants it, and stays to the end.
+hostile::Scene sceneOf(const Scenario& scenario) {
+    return {scenario.name, [&scenario](Proof& proof) {
+                static Stage stage;
+                static const HMODULE module = stage.loadModule(L"zelbar00.dll");
+                static const HMODULE filler = stage.loadModule(L"prove_fill.dll");
+                static Share share(proof);
+                // A program without a client is not called while it waits.
+                if (filler && (scenario.rest.hasClient || !proof.has("--reentrance")))
+                    sweep(proof, share, module, scenario);
+            }};
 }
 
 }  // namespace
+}  // namespace prove
 
-int main(int count, char** words) {
-    watchProcess();
-    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
-    try {
-        const int status = prove_(count, words);
-        std::fflush(stdout);
-        // Without our own destructors: what the module under test has left is nobody's any more.
-        ExitProcess(static_cast<UINT>(status));
-    } catch (...) {
-        std::fprintf(stderr, "prove: %ls\n", zelbar::caughtFault().description.c_str());
-    }
-    return 2;
+int main(int count, char** arguments) {
+    hostile::World::keepFilesToItself();
+    std::vector<hostile::Scene> scenes;
+    for (const prove::Scenario& each : prove::scenarios()) scenes.push_back(prove::sceneOf(each));
+    const int status = hostile::playAll(count, arguments, scenes);
+    // Without our own destructors: what the module under test has left is nobody's any more.
+    ExitProcess(static_cast<UINT>(status));
 }

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <iterator>
 
-#include "tests/dialogs/Windows.h"
+#include "tests/hostile/Workplace.h"
 #include "tests/prove/Imports.h"
 #include "tests/prove/Memory.h"
 #include "tests/prove/Stage.h"
@@ -14,8 +14,7 @@ namespace prove {
 
 namespace {
 
-constexpr wchar_t kPopup[] = L"Software\\Norvane\\7316\\Popup";
-constexpr Event kNone{.name = "none", .meets = nullptr};
+constexpr Event kNone{.name = "none", .at = {}};
 
 Facts without(const Facts& all, const Facts& those) {
     Facts result;
@@ -59,12 +58,6 @@ bool isPartOfAny(const std::string& answer, const Facts& answers) {
     return next != answers.end() && next->starts_with(answer);
 }
 
-void closeWindows() {
-    for (const HWND each : zelbar::openDialogs()) SendMessageW(each, WM_CLOSE, 0, 0);
-    zelbar::serveMessages();
-    for (const HWND each : zelbar::openDialogs()) DestroyWindow(each);
-}
-
 }  // namespace
 
 Rehearsed::Rehearsed(HMODULE module, const Scenario& scenario) : module_(module), scenario_(scenario) {
@@ -72,8 +65,7 @@ Rehearsed::Rehearsed(HMODULE module, const Scenario& scenario) : module_(module)
     Outcome ignored;
     // The first time also makes what the module keeps for ever.
     for (int time = 0; time < 2; ++time) {
-        stage.reset();
-        if (*scenario.log) stage.set(kPopup, L"Developper", scenario.log);
+        prepare(kNone);
         Client client(module);
         scenario.before(client);
         before_ = stage.facts();
@@ -84,10 +76,19 @@ Rehearsed::Rehearsed(HMODULE module, const Scenario& scenario) : module_(module)
         scenario.act(client);
         twice_ = stage.facts();
         client.release();
-        closeWindows();
+        hostile::closeDialogs();
         leaks(ignored);
         blocks_ = memory::blocks();
     }
+}
+
+void Rehearsed::prepare(const Event& event) const {
+    Stage& stage = Stage::current();
+    stage.reset();
+    if (*scenario_.rest.log) stage.set(hostile::kPopupKey, L"Developper", scenario_.rest.log);
+    if (event.deadlines)
+        for (const wchar_t* name : {L"OutlookTimeout", L"OutlookTimeoutUser"})
+            stage.set(hostile::kPopupKey, name, L"5000");
 }
 
 void Rehearsed::play(Client& client, const Event& event, Kind kind, long call) {
@@ -117,11 +118,7 @@ void Rehearsed::print() const {
 Outcome Rehearsed::runOnce(const Event& event, Kind kind, long call) {
     Stage& stage = Stage::current();
     Outcome outcome;
-    stage.reset();
-    if (*scenario_.log) stage.set(kPopup, L"Developper", scenario_.log);
-    if (event.deadlines)
-        for (const wchar_t* name : {L"OutlookTimeout", L"OutlookTimeoutUser"})
-            stage.set(kPopup, name, L"5000");
+    prepare(event);
     {
         Client client(module_);
         scenario_.before(client);
@@ -133,10 +130,10 @@ Outcome Rehearsed::runOnce(const Event& event, Kind kind, long call) {
         stage.outlook.server().calls().reset();
         compare(outcome, event, kind, client, stage.facts(), false);
         // And then all works again.
-        const bool anew = scenario_.anew || event.meanwhile ||
+        const bool anew = scenario_.rest.anew || event.meanwhile ||
                           (event.kills && (kind == Kind::Dao || kind == Kind::DaoName));
         if (anew) {
-            closeWindows();
+            hostile::closeDialogs();
             client.release();
             scenario_.before(client);
         }
@@ -149,7 +146,7 @@ Outcome Rehearsed::runOnce(const Event& event, Kind kind, long call) {
             scenario_.act(client);
         }
         compare(outcome, event, kind, client, stage.facts(), true);
-        closeWindows();
+        hostile::closeDialogs();
     }
     leaks(outcome);
     return outcome;
@@ -162,14 +159,14 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
     };
     const Facts answers(client.answers.begin(), client.answers.end());
     if (again) {
-        if (!(event.saysGone && kind == Kind::OutlookItem) && !event.meanwhile) {
+        if (kind != Kind::OutlookItem && !event.meanwhile) {
             fail(first(without(answers_, answers)));
             fail(first(without(answers, answers_)));
         }
         if (!client.escaped.empty()) outcome.escape = "afterwards: " + client.escaped;
     } else {
         for (const std::string& each : answers)
-            if (!isNeutral(each) && !scenario_.also.contains(each) && !isPartOfAny(each, answers_))
+            if (!isNeutral(each) && !scenario_.rest.also.contains(each) && !isPartOfAny(each, answers_))
                 fail("wrong answer " + each);
     }
     const Facts mayGo = without(before_, twice_);
@@ -177,8 +174,8 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
     // Where Outlook says that a contact has no number, or is gone, its rows go with the next fill.
     // And what DAO has not done without a word, nobody can know.
     const bool mayMiss = kind == Kind::Outlook || (kind == Kind::Dao && event.answer != VT_ILLEGAL);
-    long rowsGo = !scenario_.hasClient && mayMiss ? kMostOfOneContact : 0;
-    if (event.saysGone && kind == Kind::OutlookItem) rowsGo = LONG_MAX;
+    long rowsGo = !scenario_.rest.hasClient && mayMiss ? kMostOfOneContact : 0;
+    if (kind == Kind::OutlookItem) rowsGo = LONG_MAX;
     for (const std::string& each : without(without(before_, now), mayGo)) {
         if (startsWith(each, "row|") && --rowsGo >= 0) continue;
         if (startsWith(each, "copy|") && copiesGo) continue;

@@ -15,8 +15,6 @@ struct Outcome {
     std::string leak;    ///< Something is held or open that was not before.
     std::string lost;    ///< Something of the user's has gone, or the driver does not work afterwards.
     bool reached = false;
-
-    bool good() const { return escape.empty() && leak.empty() && lost.empty() && reached; }
 };
 
 /// A scenario, learned by doing it without any event: what it answers and changes, and how often it leaves
@@ -30,6 +28,7 @@ class Rehearsed {
     Outcome run(const Event& event, Kind kind, long call);
 
   private:
+    void prepare(const Event& event) const;
     void play(Client& client, const Event& event, Kind kind, long call);
     void compare(Outcome& outcome, const Event& event, Kind kind, const Client& client, const Facts& now,
                  bool again);

@@ -4,15 +4,13 @@
 
 #include "dialogs/Controls.h"
 #include "tests/dialogs/Windows.h"
+#include "tests/hostile/Workplace.h"
 #include "tests/prove/Stage.h"
 
 namespace prove {
 
 namespace {
 
-using zelbar::Bstr;
-using zelbar::Com;
-using zelbar::Variant;
 using enum Scenario::Changes;
 
 constexpr long kOpen = 4097, kClose = 4098, kMail = 4099, kJournal = 4100, kLaunch = 4101, kByName = 1;
@@ -21,21 +19,35 @@ constexpr wchar_t kCall[] =
 
 // ---- The driver object
 
+void nothing(Client&) {}
+
+void start(Client& c) {
+    c.start();
+}
+
+void open(Client& c) {
+    c.open();
+}
+
 void startUp(Client& c) {
     c.release();
     c.start();
-    c.note("installed", c.flag(c.driver.get(), &::DataConnector::get_PIMInstalled));
-    c.actions = c.get(c.driver.get(), &::DataConnector::get_Actions);
-    long count = 0;
-    if (c.actions) c.check(c.actions->get_Count(&count));
-    c.note("actions", count == 5 ? L"all" : L"");
+    c.noteThat("installed", c.get(c.driver, &::DataConnector::get_PIMInstalled) != 0);
+    c.actions = c.get(c.driver, &::DataConnector::get_Actions);
+    c.noteThat("actions", c.get(c.actions, &::PIMActions::get_Count) == 5);
+}
+
+void startUpAlone(Client& c) {
+    c.release();
+    c.start();
+    c.note("version", c.get(c.driver, &::DataConnector::get_Version).text());
 }
 
 void afterWork(Client& c) {
     c.open();
     c.first(L"51");
-    c.text(c.contact.get(), &::Contact::get_CategorieId);
-    c.actions = c.get(c.driver.get(), &::DataConnector::get_Actions);
+    c.get(c.contact, &::Contact::get_CategorieId);
+    c.actions = c.get(c.driver, &::DataConnector::get_Actions);
 }
 
 void shutDown(Client& c) {
@@ -45,20 +57,11 @@ void shutDown(Client& c) {
 
 void tell(Client& c) {
     if (!c.driver) c.start();
-    c.note("version", c.text(c.driver.get(), &::DataConnector::get_Version));
-    Variant answer;
-    if (c.driver)
-        c.check(c.driver.get()->ExecuteCommand(Bstr(L"isFolderConfigured").get(), {}, answer.put()));
-    c.note("configured", answer.boolean() ? L"yes" : L"");
-    if (c.driver) c.check(c.driver.get()->ClosePIM());
-}
-
-void start(Client& c) {
-    c.start();
-}
-
-void open(Client& c) {
-    c.open();
+    c.note("version", c.get(c.driver, &::DataConnector::get_Version).text());
+    const Bstr question(L"isFolderConfigured");
+    const Variant answer = c.get(c.driver, &::DataConnector::ExecuteCommand, question.get(), VARIANT{});
+    c.noteThat("configured", answer.boolean());
+    c.call(c.driver, &::DataConnector::ClosePIM);
 }
 
 // ---- Searches
@@ -72,7 +75,9 @@ void byNumber(Client& c) {
 void byName(Client& c) {
     c.note("Byron", c.first(L"Byron", kByName));
     c.note("Hopper", c.first(L"Hopper*", kByName));
-    c.note("unified", c.unified(L"61"));
+    long kind = 0;
+    c.contact = c.get(c.cursor, &::ContactRecord::FindFirstForUnified, &kind, Bstr(L"61").get());
+    c.note("unified", c.contact);
 }
 
 void stale(Client& c) {
@@ -85,36 +90,32 @@ void walk(Client& c) {
     c.note("walked", c.first(L"62*"));
     for (int i = 0; i < 6; ++i) c.note("walked", c.next());
     c.note("walked", c.previous());
-    if (c.cursor) c.check(c.cursor.get()->MoveLast());
-    c.contact = c.get(c.cursor.get(), &::ContactRecord::get_Contact);
-    c.note("walked", c.contact.get());
+    c.call(c.cursor, &::ContactRecord::MoveLast);
+    c.contact = c.get(c.cursor, &::ContactRecord::get_Contact);
+    c.note("walked", c.contact);
     c.note("walked", c.previous());
-    if (c.cursor) c.check(c.cursor.get()->MoveFirst());
+    c.call(c.cursor, &::ContactRecord::MoveFirst);
     c.note("walked", c.next());
-    c.flag(c.cursor.get(), &::ContactRecord::get_EOF);
+    c.get(c.cursor, &::ContactRecord::get_EOF);
 }
 
 /// A list's entries, by name as a script reads them.
 void list(Client& c, const char* what, const Com<IDispatch>& values) {
-    const auto entries = values ? values.as<::ValueCollection>() : Com<::ValueCollection>();
-    long count = 0;
-    if (entries) c.check(entries->get_Count(&count));
+    const auto entries = values.as<::ValueCollection>();
+    const long count = c.get(entries, &::ValueCollection::get_Count);
     for (long i = 1; i <= count; ++i) {
-        Variant entry;
-        c.check(entries->Item(Variant(i).raw(), entry.put()));
+        const Variant entry = c.get(entries, &::ValueCollection::Item, Variant(i).raw());
         // The label before it may be the general one.
         if (entry.type() == VT_BSTR)
             c.note(what, entry.text().substr(entry.text().find(L'\t') + 1));
         else if (entry.type() == VT_DISPATCH)
-            c.note(what, entry.object().as<::Contact>().get());
+            c.note(what, entry.object().as<::Contact>());
     }
 }
 
 void collect(Client& c) {
     long kind = 0;
-    Com<IDispatch> found;
-    if (c.cursor) c.check(c.cursor.get()->FillContactCollection(&kind, Bstr(L"6*").get(), found.put()));
-    list(c, "collected", found);
+    list(c, "collected", c.get(c.cursor, &::ContactRecord::FillContactCollection, &kind, Bstr(L"6*").get()));
 }
 
 void haveAda(Client& c) {
@@ -144,47 +145,34 @@ void readContact(Client& c) {
         {"FirstName", &::Contact::get_FirstName},
         {"FullName", &::Contact::get_FullName},
     };
-    for (const auto& [name, member] : members) c.note(name, c.text(c.contact.get(), member));
-    list(c, "email", c.get(c.contact.get(), &::Contact::get_Emails));
-    list(c, "number", c.get(c.contact.get(), &::Contact::get_PhoneNumbers));
-    VARIANT_BOOL equal = VARIANT_FALSE;
-    if (c.contact) c.check(c.contact.get()->IsEqual(c.contact.get(), &equal));
-    c.note("equal", equal ? L"yes" : L"");
-    if (c.contact) c.check(c.contact.get()->Show());
-}
-
-void searchAndRead(Client& c) {
     c.first(L"51");
-    readContact(c);
+    for (const auto& [name, member] : members) c.note(name, c.get(c.contact, member).text());
+    list(c, "email", c.get(c.contact, &::Contact::get_Emails));
+    list(c, "number", c.get(c.contact, &::Contact::get_PhoneNumbers));
+    c.noteThat("equal", c.get(c.contact, &::Contact::IsEqual, c.contact.get()) != 0);
+    c.call(c.contact, &::Contact::Show);
 }
 
 // ---- Outlook's contacts and folders
 
 void byIdentity(Client& c) {
     if (!c.driver) c.start();
-    Com<::Contact> found;
-    if (c.driver)
-        c.check(c.driver.get()->GetContactByContactID(Bstr(Stage::current().adaId).get(), found.put()));
-    c.note("contact", found.get());
-    Com<IDispatch> item;
-    if (c.driver)
-        c.check(
-            c.driver.get()->GetContactItemByContactItemID(Bstr(Stage::current().adaId).get(), item.put()));
-    c.note("item", item ? L"yes" : L"");
+    const Bstr ada(Stage::current().adaId);
+    c.note("contact", c.get(c.driver, &::DataConnector::GetContactByContactID, ada.get()));
+    const auto item = c.get(c.driver, &::DataConnector::GetContactItemByContactItemID, ada.get());
+    c.noteThat("item", static_cast<bool>(item));
 }
 
 void create(Client& c) {
-    if (c.driver)
-        c.check(c.driver.get()->CreateContact(Bstr(L"New One").get(), Bstr(L"+44").get(), VARIANT_TRUE));
-    c.contact = c.get(c.driver.get(), &::DataConnector::GetActiveContact);
-    c.note("active", c.contact.get());
+    const Bstr name(L"New One"), number(L"+44");
+    c.call(c.driver, &::DataConnector::CreateContact, name.get(), number.get(), VARIANT_TRUE);
+    c.contact = c.get(c.driver, &::DataConnector::GetActiveContact);
+    c.note("active", c.contact);
 }
 
 void showFolders(Client& c) {
-    for (const wchar_t* name : {L"contacts", L"journal"}) {
-        VARIANT_BOOL isNew = VARIANT_FALSE;
-        if (c.driver) c.check(c.driver.get()->ShowFolder(Bstr(name).get(), &isNew));
-    }
+    for (const wchar_t* name : {L"contacts", L"journal"})
+        c.get(c.driver, &::DataConnector::ShowFolder, Bstr(name).get());
 }
 
 // ---- Actions
@@ -193,33 +181,27 @@ template <long kId, bool kKnown, bool kOther = false>
 void act(Client& c) {
     const auto caller = c.makeCaller(kKnown ? L"51" : L"123", kCall);
     if (kId == kMail)
-        c.perform(kId, caller.get(),
-                  {{L"DestinationAddress", L"desk@example.com"}, {L"AutomaticSend", !kOther}});
+        c.perform(kId, caller, {{L"DestinationAddress", L"desk@example.com"}, {L"AutomaticSend", !kOther}});
     else if (kId == kLaunch)
-        c.perform(kId, caller.get(),
+        c.perform(kId, caller,
                   {{L"Path", L"C:\\windows\\system32"}, {L"Arguments", kOther ? L"none.exe" : L"cmd.exe x"}});
     else
-        c.perform(kId, caller.get(), {}, kKnown ? 0 : 2);
+        c.perform(kId, caller, {}, kKnown ? 0 : 2);
 }
 
 void readActions(Client& c) {
     if (!c.driver) c.start();
-    const auto all = c.get(c.driver.get(), &::DataConnector::get_Actions);
+    const auto all = c.get(c.driver, &::DataConnector::get_Actions);
     for (const long id : {kOpen, kClose, kMail, kJournal, kLaunch}) {
-        Com<IDispatch> made, copy;
-        if (all) c.check(all->NewAction(id, made.put()));
-        const auto own = made ? made.as<::CallAction>() : Com<::CallAction>();
-        c.note("action", c.text(own.get(), &::CallAction::get_ActionName));
-        if (own) c.check(own->CopyAction(copy.put()));
-        const auto list = c.get(own.get(), &::CallAction::get_ActionProp);
-        long count = 0;
-        if (list) c.check(list->get_Count(&count));
+        const auto action = c.get(all, &::PIMActions::NewAction, id).as<::CallAction>();
+        c.note("action", c.get(action, &::CallAction::get_ActionName).text());
+        c.get(action, &::CallAction::CopyAction);
+        const auto settings = c.get(action, &::CallAction::get_ActionProp);
+        const long count = c.get(settings, &::ActionProperties::get_Count);
         for (long i = 1; i <= count; ++i) {
-            Com<::ActionProperty> one;
-            c.check(list->Item(Variant(i).raw(), one.put()));
-            c.note("setting", c.text(one.get(), &::ActionProperty::get_PropertyName));
-            Variant values;
-            if (one) c.check(one->get_Values(values.put()));
+            const auto setting = c.get(settings, &::ActionProperties::Item, Variant(i).raw());
+            c.note("setting", c.get(setting, &::ActionProperty::get_PropertyName).text());
+            c.get(setting, &::ActionProperty::get_Values);
         }
     }
 }
@@ -232,7 +214,7 @@ HWND selection() {
 }
 
 bool openSelection(Client& c) {
-    if (c.driver) c.check(c.driver.get()->ConfigPIM());
+    c.call(c.driver, &::DataConnector::ConfigPIM);
     for (int i = 0; i < 20 && selection() && !IsWindowEnabled(GetDlgItem(selection(), IDOK)); ++i) {
         MsgWaitForMultipleObjectsEx(0, nullptr, 10, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         zelbar::serveMessages();
@@ -240,24 +222,19 @@ bool openSelection(Client& c) {
     return selection() && IsWindowEnabled(GetDlgItem(selection(), IDOK));
 }
 
-void closeAll() {
-    for (const HWND each : zelbar::openDialogs()) SendMessageW(each, WM_CLOSE, 0, 0);
-    zelbar::serveMessages();
-}
-
 void chooseFolders(Client& c) {
-    c.note("folders", openSelection(c) ? L"usable" : L"");
-    closeAll();
+    c.noteThat("folders", openSelection(c));
+    hostile::closeDialogs();
 }
 
 void saveFolders(Client& c) {
     // A user who is told that the list is not complete does not save it.
     if (openSelection(c) && !IsWindowVisible(GetDlgItem(selection(), kControl_PSTLabel))) {
-        const HWND list = GetDlgItem(selection(), kControl_listFolder);
-        for (int i = 0; i < ListView_GetItemCount(list); ++i) ListView_SetCheckState(list, i, TRUE);
+        const HWND folders = GetDlgItem(selection(), kControl_listFolder);
+        for (int i = 0; i < ListView_GetItemCount(folders); ++i) ListView_SetCheckState(folders, i, TRUE);
         SendMessageW(selection(), WM_COMMAND, IDOK, 0);
     }
-    closeAll();
+    hostile::closeDialogs();
 }
 
 void makeFolder(Client& c) {
@@ -272,58 +249,50 @@ void makeFolder(Client& c) {
                 SendDlgItemMessageW(dialog, kControl_CmdCreate, BM_CLICK, 0, 0);
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
-    closeAll();
+    hostile::closeDialogs();
 }
 
-// ---- The export
-
-template <auto Member>
-void runExport(Client& c, const wchar_t* folder) {
-    VARIANT_BOOL done = VARIANT_FALSE;
-    const Bstr path(Stage::current().file(L"wxd.mdb")), name(folder);
-    if constexpr (std::is_same_v<decltype(Member), decltype(&::DataConnector::InitializeExportFolder)>) {
-        if (c.driver) c.check((c.driver.get()->*Member)(path.get(), name.get(), {}, &done));
-    } else if (c.driver) {
-        c.check((c.driver.get()->*Member)(Variant(path.text()).raw(), Variant(name.text()).raw(), {}, &done));
-    }
-    c.note("exported", done ? L"yes" : L"");
-}
+// ---- The export, and the cache
 
 void beginExport(Client& c) {
-    runExport<&::DataConnector::InitializeExportFolder>(c, L"Phone list");
+    const Bstr path(Stage::current().directoryFile()), name(L"Phone list");
+    c.noteThat("exported", c.get(c.driver, &::DataConnector::InitializeExportFolder, path.get(), name.get(),
+                                 VARIANT{}) != 0);
 }
 
 void synchronize(Client& c) {
-    runExport<&::DataConnector::SynchronizeExportFolder>(c, L"Staff");
+    const Variant path(Stage::current().directoryFile()), name(L"Staff");
+    c.noteThat("exported", c.get(c.driver, &::DataConnector::SynchronizeExportFolder, path.raw(), name.raw(),
+                                 VARIANT{}) != 0);
 }
-
-// ---- The cache
 
 void fillCache(Client& c) {
     const auto fill = reinterpret_cast<bool(__cdecl*)()>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"prove_fill.dll"), "fill")));
-    c.note("filled", fill() ? L"yes" : L"");
+    c.noteThat("filled", fill());
+}
+
+void loseCache(Client&) {
+    DeleteFileW(Stage::current().cacheFile().c_str());
 }
 
 const Scenario kScenarios[] = {
-    {"start-up", [](Client&) {}, startUp, Nothing, true},
-    {"start-up-logged", [](Client&) {}, startUp, Nothing, true, L"2"},
-    {"start-up-shown", [](Client&) {}, startUp, Nothing, true, L"1"},
-    {"shut-down", afterWork, shutDown, Nothing, true},
+    {"start-up", nothing, startUp, Nothing, {.anew = true}},
+    {"start-up-logged", nothing, startUp, Nothing, {.anew = true, .log = L"2"}},
+    {"start-up-shown", nothing, startUpAlone, Nothing, {.anew = true, .log = L"1"}},
+    {"shut-down", afterWork, shutDown, Nothing, {.anew = true}},
     {"about", start, tell},
     {"search-by-number", open, byNumber},
     {"search-by-name", open, byName},
-    {"search-logged", open, byNumber, Nothing, false, L"2"},
+    {"search-logged", open, byNumber, Nothing, {.log = L"2"}},
     {"stale-row", open, stale, Settles},
     {"walk", open, walk},
     {"collection", open, collect},
     {"contact",
      haveAda,
-     searchAndRead,
+     readContact,
      Settles,
-     false,
-     L"",
-     {"MainPhoneNumber=52", "MainEmail=a@x.org", "email=a@x.org"}},
+     {.also = {"MainPhoneNumber=52", "MainEmail=a@x.org", "email=a@x.org"}}},
     {"identity", start, byIdentity},
     {"create", start, create, Adds},
     {"show-folder", start, showFolders},
@@ -341,15 +310,8 @@ const Scenario kScenarios[] = {
     {"folder-made", start, makeFolder, Settles},
     {"export-begun", start, beginExport, Adds},
     {"export", start, synchronize, Settles},
-    {"fill", [](Client&) {}, fillCache, Settles, false, L"", {}, false},
-    {"fill-new",
-     [](Client&) { DeleteFileW(Stage::current().file(L"connec00.mdb").c_str()); },
-     fillCache,
-     Settles,
-     false,
-     L"",
-     {},
-     false},
+    {"fill", nothing, fillCache, Settles, {.hasClient = false}},
+    {"fill-new", loseCache, fillCache, Settles, {.hasClient = false}},
 };
 
 }  // namespace

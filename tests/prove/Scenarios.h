@@ -18,13 +18,15 @@ struct Scenario {
     /// What it may change of the world. Nothing; what is added each time; what is the same after one time and
     /// after two; or the same all at once or not at all.
     enum class Changes { Nothing, Adds, Settles, Whole } changes = Changes::Nothing;
-    /// It is done again by a client that begins anew: what has failed lasts as long as the driver object.
-    bool anew = false;
-    /// The trace, as the setting has it.
-    const wchar_t* log = L"";
-    /// What it may be answered as well when something fails: the next best.
-    std::set<std::string> also = {};
-    bool hasClient = true;
+    struct Rest {
+        /// It is done again by a client that begins anew: what has failed lasts as long as the driver object.
+        bool anew = false;
+        /// The trace, as the setting has it.
+        const wchar_t* log = L"";
+        /// What it may be answered as well when something fails: the next best.
+        std::set<std::string> also = {};
+        bool hasClient = true;
+    } rest = {};
 };
 
 std::span<const Scenario> scenarios();

@@ -1,26 +1,19 @@
 #pragma once
 
-#include <PIMDriverAbstract.h>
-#include <windows.h>
-
 #include <set>
 #include <string>
 #include <vector>
 
-#include "automation/Com.h"
-#include "standin/dao/Host.h"
-#include "standin/outlook/host/Host.h"
-#include "tests/harness/RegistrySandbox.h"
-#include "tests/harness/TemporaryFolder.h"
+#include "tests/hostile/World.h"
 
 namespace prove {
 
 /// Facts of the world around the driver, a line each.
 using Facts = std::multiset<std::string>;
 
-/// What the driver meets: an Outlook and a DAO in this process, a mailbox, a cache, a directory, settings, a
-/// data folder. It is the same before every run.
-class Stage {
+/// The world that the driver meets, the same before every run; the cache has a row for a contact that is
+/// gone.
+class Stage : public hostile::World {
   public:
     Stage();
     ~Stage();
@@ -40,36 +33,25 @@ class Stage {
     void revive();
 
     void set(const wchar_t* key, const wchar_t* name, const std::wstring& text);
-    std::wstring file(const wchar_t* name) const { return data_ + L"\\" + name; }
     /// The module under test, as a file of its own beside its log.
-    std::wstring module(const wchar_t* name);
-
-    std::wstring adaId, adaStore;
-    standin::outlook::Host outlook;
-    standin::dao::Host dao;
+    HMODULE loadModule(const wchar_t* name);
 
   private:
     struct Database {
         std::wstring path;
         std::string bytes;
         ULONGLONG written = 0;
+        bool isAsItWas() const;
     };
-    void fillMailbox();
-    void makeDatabases();
     void makeSettings();
     void addMailbox(Facts& facts);
-    void addRows(Facts& facts);
-    void addSettings(Facts& facts, HKEY root, const std::wstring& path);
-    void addFiles(Facts& facts, const std::wstring& folder);
+    void addRows(Facts& facts) const;
+    void addSettings(Facts& facts, HKEY root, const std::wstring& path) const;
+    void addFiles(Facts& facts) const;
 
-    static harness::TemporaryFolder& folder();
-    harness::RegistrySandbox registry_;
-    std::wstring data_ = folder().makeFolder(L"data");
     std::vector<Database> databases_;
-    long mailboxVersion_ = -1;
-    long settingsVersion_ = -1;
+    long mailboxVersion_ = -1, settingsVersion_ = -1;
     Facts mailboxFacts_, settings_, rows_;
-    std::wstring goneId_;
 };
 
 }  // namespace prove

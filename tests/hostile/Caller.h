@@ -1,0 +1,60 @@
+#pragma once
+
+#include <PIMDriverAbstract.h>
+
+#include <deque>
+
+#include "automation/Bstr.h"
+#include "tests/com/Description.h"
+#include "tests/hostile/Foreign.h"
+#include "tests/hostile/Proof.h"
+
+namespace hostile {
+
+using zelbar::Com;
+using Objects = std::vector<Com<IUnknown>>;
+
+/// A client written against the type library alone, by somebody who means no good: calls every member of
+/// every object that it has, by slot and by name, with everything that an argument can be.
+class Caller {
+  public:
+    /// What it calls, and what else it has to pass; `isFar`: these live on another thread. Of all arguments
+    /// it tries one in `stride`.
+    Caller(Proof& proof, Objects objects, Objects servers, std::wstring directory, bool isFar, size_t stride);
+
+    /// Calls all, and holds nothing afterwards.
+    void callAll();
+    /// When nobody is on the way any more either.
+    void expectNothingHeld() const;
+
+  private:
+    /// One member of one object.
+    struct Target {
+        IDispatch* face;
+        const zelbar::MemberDescription& member;
+        DISPID id;
+        std::vector<std::wstring> names;  ///< The parameters'.
+        WORD kind() const;
+    };
+
+    void callInterface(const IID& id);
+    void callMember(const Target& target, const std::string& name, bool hasName);
+    void callInOddShapes(const Target& target, const std::vector<VARIANT>& all, const std::string& name);
+    VARIANT good(const Target& target, size_t i, std::deque<zelbar::Bstr>& texts) const;
+    bool passesBySlot(const zelbar::ParameterDescription& declared, const VARIANT& content) const;
+    void byName(const Target& target, const std::vector<VARIANT>& arguments, std::vector<DISPID> named,
+                WORD kind, bool hasResult = true);
+    void bySlot(const Target& target, std::vector<VARIANT> arguments);
+    void callBack();
+
+    Proof& proof_;
+    Objects objects_, servers_;
+    std::wstring directory_;
+    bool isFar_;
+    size_t stride_;
+    size_t next_ = 0;
+    std::deque<Foreign> foreign_;
+    std::vector<IUnknown*> passed_;
+};
+
+}  // namespace hostile
