@@ -1,5 +1,9 @@
+#include <stdexcept>
+#include <utility>
+
 #include "automation/Bstr.h"
 #include "automation/OutlookNames.h"
+#include "automation/Variant.h"
 #include "benchmark/Benchmarks.h"
 #include "benchmark/Measure.h"
 #include "benchmark/Replay.h"
@@ -11,6 +15,8 @@ namespace {
 namespace outlook = zelbar::outlook;
 using zelbar::Bstr;
 using zelbar::Server;
+
+constexpr long kMail = 4099;
 
 /// What a client does when somebody calls: it finds the contact and shows it.
 void incomingCall(::DataConnector& driver, const std::wstring& number) {
@@ -58,6 +64,20 @@ void compareTimes(::DataConnector& driver, const std::vector<std::wstring>& call
     std::printf("An incoming call over that of a client that knows the numbers: %.2f\n", own.ratioTo(known));
 }
 
+/// A configured action; mail has somebody to go to.
+Com<::CallAction> actionWith(::PIMActions& actions, long id) {
+    Com<IDispatch> made;
+    if (FAILED(actions.NewAction(id, made.put()))) throw std::runtime_error("there is no such action");
+    const auto action = made.as<::CallAction>();
+    if (id != kMail) return action;
+    Com<::ActionProperties> settings;
+    Com<::ActionProperty> address;
+    action->get_ActionProp(settings.put());
+    settings->Item(zelbar::Variant(L"DestinationAddress").raw(), address.put());
+    address->put_Value(zelbar::Variant(L"desk@example.com").raw());
+    return action;
+}
+
 /// A walk through 25 contacts, all of them as a list, and what else a client asks for a call.
 void printRoads(::DataConnector& driver, const CallCounter& counter) {
     Com<::ContactRecord> cursor;
@@ -78,15 +98,21 @@ void printRoads(::DataConnector& driver, const CallCounter& counter) {
     printAsked("an unknown caller", asked(counter, [&] { findFirst(driver, 0, L"+99 1"); }));
     Com<::PIMActions> actions;
     driver.get_Actions(actions.put());
-    for (const auto& [id, name] :
-         {std::pair{4097L, "action: open the contact"}, {4100L, "action: journal entry"}}) {
-        Com<IDispatch> action;
-        if (FAILED(actions->Item(id, action.put()))) continue;
-        const auto one = action.as<::PIMAction>();
-        VARIANT_BOOL done = VARIANT_FALSE;
-        ::Contact* contact = found.get();
-        const Asked cost = asked(counter, [&] { one->ExecuteAction(&contact, &done); });
-        printAsked(name, cost);
+    found->put_PersonalData(zelbar::Variant(L"TYPE=incoming;START=2003-02-01 10:00:00;DURATION=1;").raw());
+    for (const auto& [id, name] : {std::pair{4097L, "action: open the contact"},
+                                   {4098L, "action: close the contact"},
+                                   {kMail, "action: mail about a missed call"},
+                                   {4100L, "action: journal entry"},
+                                   {4101L, "action: program"}}) {
+        const auto action = actionWith(*actions.get(), id);
+        const auto run = [&, &action = action] {
+            VARIANT_BOOL done = VARIANT_FALSE;
+            ::Contact* contact = Com<::Contact>(found).detach();
+            action->ExecuteAction(&contact, &done);
+            if (contact) contact->Release();
+        };
+        run();
+        printAsked(name, asked(counter, run));
     }
 }
 
