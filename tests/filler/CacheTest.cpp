@@ -83,6 +83,25 @@ TEST_F(FillerTest, OnlyRowsThatDifferAreTouchedBesideAnOpenDriver) {
     EXPECT_EQ(people(), (Texts{L"Byron|1", L"Hopper|3"}));
 }
 
+TEST_F(FillerTest, WhateverRowsFollowFromIsLookedAtInEveryRun) {
+    ItemRecord hopper = addPerson(defaultContacts, L"Hopper", L"089 2123456");
+    ASSERT_EQ(fill(), L"");
+    const auto sql = [&](const wchar_t* text) { openCache().call(dao::Execute, text); };
+    const std::pair<std::function<void()>, const wchar_t*> changes[] = {
+        {[&] { place_.region = L"DE"; }, L"Null|+49892123456"},
+        {[&] { mailbox.save((hopper.fields[L"LastName"] = L"Murray", hopper)); }, L"Murray|089 2123456"},
+        {[&] { sql(L"Update TCache Set PhoneNumber = '1'"); }, L"Null|+49892123456"},
+        {[&] { sql(L"Delete From TStoreID"); }, L"Null|+49892123456"},
+    };
+    for (const auto& [change, row] : changes) {
+        change();
+        ASSERT_EQ(fill(), L"");
+        const Texts found = people();
+        EXPECT_EQ(std::count(found.begin(), found.end(), row), 1) << row;
+        EXPECT_EQ(rows(L"TStoreID", {L"StoreID"}).size(), 1u);
+    }
+}
+
 TEST_F(FillerTest, OneThatCannotBeWrittenIsToldBeforeOutlookIsAsked) {
     const auto isRefused = [&] {
         outlook.server().calls().reset();

@@ -1,5 +1,3 @@
-#include "automation/Bstr.h"
-
 #include "standin/dao/Sqlite.h"
 #include "tests/standin_dao/Client.h"
 
@@ -74,22 +72,6 @@ TEST_F(CursorTest, KindsDifferInWhatTheyCountAndAllow) {
     table.call({L"MoveFirst"});
     table.call({L"Delete"});
     EXPECT_EQ(errorOf([&] { text(table, L"Name"); }), 3167) << "where a dynaset has 3021";
-}
-
-TEST_F(CursorTest, RowsComeAsAnArrayToo) {
-    makeCache({L"A", L"B", L"C"});
-    const Object rows = query(L"Select Name, PhoneNumber From TCache Order By Name");
-    const auto taken = [&](long most) {
-        const auto array = rows.get({L"GetRows"}, most);
-        const SAFEARRAYBOUND* bounds = array.raw().parray->rgsabound;
-        EXPECT_EQ(bounds[1].cElements, 2u) << "fields, then rows";
-        const auto* cells = static_cast<const VARIANT*>(array.raw().parray->pvData);
-        return zelbar::textOf(cells[0].bstrVal) + L" " + zelbar::textOf(cells[1].bstrVal) + L" " +
-               std::to_wstring(bounds[0].cElements);
-    };
-    EXPECT_EQ(taken(2), L"A 1001 2");
-    EXPECT_EQ(taken(2), L"C 1003 1");
-    EXPECT_EQ(errorOf([&] { taken(2); }), 3021);
 }
 
 }  // namespace
