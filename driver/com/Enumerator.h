@@ -41,15 +41,16 @@ class Enumerator final : public CountedObject<Interface> {
     STDMETHODIMP Next(ULONG wanted, Given* out, ULONG* fetched) noexcept override {
         if (!out || (!fetched && wanted != 1)) return E_POINTER;
         ULONG given = 0;
+        HRESULT answer = S_OK;
         try {
             for (; given < wanted && position_ < elements_.size(); ++given, ++position_)
                 out[given] = handedOut(elements_[position_]);
+            if (given < wanted) answer = S_FALSE;
         } catch (...) {
-            if (fetched) *fetched = given;
-            return E_OUTOFMEMORY;
+            answer = E_OUTOFMEMORY;
         }
         if (fetched) *fetched = given;
-        return given == wanted ? S_OK : S_FALSE;
+        return answer;
     }
     STDMETHODIMP Skip(ULONG count) noexcept override {
         const bool enough = count <= elements_.size() - position_;

@@ -72,6 +72,15 @@ TEST_F(ObjectsTest, TheEntryObjectTakesListenersAndGivesNothingNowhere) {
         point->EnumConnections(nullptr),
     };
     for (const HRESULT answer : toNowhere) EXPECT_EQ(answer, E_POINTER) << &answer - toNowhere;
+    Com<ITypeInfo> description;
+    EXPECT_EQ(connector().GetTypeInfo(1, 0, description.put()), DISP_E_BADINDEX);
+    EXPECT_EQ(connector().GetTypeInfo(0, 0, description.put()), S_OK);
+    description.reset();
+    IID events{};
+    EXPECT_EQ(container->FindConnectionPoint(events, point.put()), CONNECT_E_NOCONNECTION);
+    container->FindConnectionPoint(DIID___cDataConnector, point.put());
+    EXPECT_TRUE(point->GetConnectionInterface(&events) == S_OK && events == DIID___cDataConnector);
+    EXPECT_FALSE(ask<IDispatch>(*point.get()));
     cursor.reset();
     point.reset();
     identity.reset();
@@ -105,6 +114,8 @@ TEST_F(ObjectsTest, ACollectionIsCountedFromOneAndWalked) {
     EXPECT_EQ(walk->Next(2, last.put(), &given), S_FALSE) << "what there was when the walk began";
     EXPECT_EQ(given, 1u);
     EXPECT_EQ(copy->Next(1, copied.put(), nullptr), S_OK);
+    EXPECT_EQ(walk->Skip(9), S_FALSE);
+    EXPECT_EQ(walk->Clone(nullptr), E_POINTER);
     EXPECT_EQ(walk->Reset(), S_OK);
     EXPECT_EQ(walk->Next(1, first.put(), nullptr), S_OK);
     EXPECT_EQ(last.text() + copied.text() + first.text(), L"threethreeone");
