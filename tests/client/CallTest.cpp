@@ -38,7 +38,7 @@ TEST_F(CallTest, AKnownCaller) {
     EXPECT_TRUE(out.starts_with(contact + L"  Contact id    " + id + L"\n  Store id      "));
     expect(ExitCode::Found, {L"show", id, L"--json"},
            {LR"("numbers":[{"label":"Business","number":"+46 1"},{"label":"Mobile",)",
-            LR"("mainEmail":"zoe@example.org","emails":[{"label":"E-mail",)"});
+            LR"("mainEmail":"zoe@example.org","emails":[{"label":"E-mail",)", L"\"contactId\":\"" + id});
 }
 
 TEST_F(CallTest, AnUnknownCaller) {

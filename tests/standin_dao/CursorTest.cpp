@@ -37,6 +37,9 @@ TEST_F(CursorTest, AddsThroughTheBuffer) {
     rows.call({L"Update"});
     EXPECT_EQ(name.text({L"Value"}), L"A") << "the record before AddNew is current again";
     EXPECT_EQ(rows.integer({L"RecordCount"}), 2);
+    rows.call({L"Delete"});
+    rows.call({L"MoveFirst"});
+    EXPECT_EQ(text(rows, L"Name").size(), 255u) << "what was deleted is not met again";
 }
 
 TEST_F(CursorTest, RecordLockedWhenMetIsNotTakenForDeleted) {
