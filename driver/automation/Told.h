@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "automation/Fault.h"
 #include "automation/Object.h"
 
@@ -12,6 +14,13 @@ inline Variant told(const Object& object, const Member& member) {
     if (answer.isNothing() || (answer.type() == VT_BSTR && answer.text().empty()))
         throw runtimeFault(fault::kTypeMismatch);
     return answer;
+}
+
+/// A text that an object must say, be it an empty one, for the same reason.
+inline std::wstring toldText(const Object& object, const Member& member) {
+    const Variant answer = object.get(member);
+    if (answer.type() != VT_BSTR) throw runtimeFault(fault::kTypeMismatch);
+    return answer.text();
 }
 
 }  // namespace zelbar

@@ -4,6 +4,7 @@
 
 #include "automation/Fault.h"
 #include "automation/OutlookFaults.h"
+#include "automation/Told.h"
 #include "support/Settings.h"
 
 namespace zelbar {
@@ -45,7 +46,7 @@ std::optional<ExportedContact> identifyExported(const Object& item) {
     return ExportedContact{item.text(outlook::EntryID),
                            *employeeId,
                            numberIn(properties, kCategorieIdProperty),
-                           item.text(outlook::Categories),
+                           toldText(item, outlook::Categories),
                            {}};
 }
 

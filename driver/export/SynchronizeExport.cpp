@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <unordered_set>
@@ -132,10 +133,12 @@ class Synchronization {
         if (!changes.empty()) applyChanges(opened(contact), changes);
     }
 
-    /// A directory without a single row is one that is being set up or has been lost, and 0 is what a number
-    /// property holds that nobody has set.
+    /// A directory without a single row is one that is being set up or has been lost, a row without a number
+    /// may be anybody's, and 0 is what a number property holds that nobody has set.
     bool mayRemove(const ExportedContact& contact) const {
-        return !rows_.empty() && contact.employeeId != 0 && !run_.outlookFailed();
+        const bool knowsAll = std::all_of(rows_.begin(), rows_.end(),
+                                          [](const EmployeeRow& row) { return row.employeeId.has_value(); });
+        return !rows_.empty() && knowsAll && contact.employeeId != 0 && !run_.outlookFailed();
     }
 
     void remove(size_t index) {

@@ -161,9 +161,10 @@ void Stage::addMailbox(Facts& facts) {
 void Stage::addRows(Facts& facts) const {
     if (writtenAt(cacheFile()) == 0) return;
     standin::dao::Connection cache(cacheFile(), standin::dao::Access::readOnly);
+    // A store may have got another index.
     auto rows = cache.prepare(
-        L"Select 'row|' || Ifnull(Name, '') || '|' || Ifnull(PhoneNumber, '') || '|' || Ifnull(EntryId, '') "
-        L"|| '|' || Ifnull(StoreID, '') From TCache");
+        L"Select 'row|' || Ifnull(Name, '') || '|' || Ifnull(PhoneNumber, '') || '|' || Ifnull(EntryId, '') || '|' "
+        L"|| Ifnull((Select StoreID From TStoreID Where [Index] = c.StoreID), 'none') From TCache As c");
     while (rows.step()) facts.insert(utf8(rows.text(0)));
 }
 
