@@ -52,13 +52,13 @@ ULONG Object::AddRef() noexcept {
 }
 
 ULONG Object::Release() noexcept {
-    const ULONG left = --references_;
-    if (left == 0) {
-        // A client that lets go of an object of another process may be called in meanwhile, too.
-        if (accounting_ == Accounting::Counted && !life_->ended)
-            server_.faults().meet(FaultScript::Moment::Release);
-        delete this;
+    if (references_ == 1 && accounting_ == Accounting::Counted && !life_->ended) {
+        // A client that lets go of an object of another process may be called in meanwhile, too, and be given
+        // the object again.
+        server_.faults().meet(FaultScript::Moment::Release);
     }
+    const ULONG left = --references_;
+    if (left == 0) delete this;
     return left;
 }
 
