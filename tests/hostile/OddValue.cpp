@@ -145,50 +145,32 @@ OddValue::OddValue(size_t which, const std::vector<IUnknown*>& objects)
     : content(makeContent(which / kWays, objects)), way_(which % kWays) {
     const bool fitsInArray = isKnown(content.vt) && content.vt > VT_NULL && !(content.vt & VT_ARRAY);
     if (way_ >= kArray && !fitsInArray) way_ = kPlain;
-    switch (way_) {
-        case kReference:
-            value = referenceTo(content);
-            break;
-        case kNowhere:
-            value = made(VT_BYREF | content.vt, static_cast<void*>(nullptr));
-            break;
-        case kVariant:
-            value = made(VT_BYREF | VT_VARIANT, &content);
-            break;
-        case kVariantThatRefers:
-            inner_ = referenceTo(content);
-            value = made(VT_BYREF | VT_VARIANT, &inner_);
-            break;
-        case kVariantInVariant:
-            inner_ = made(VT_BYREF | VT_VARIANT, &content);
-            value = made(VT_BYREF | VT_VARIANT, &inner_);
-            break;
-        case kVariantNowhere:
-            inner_ = made(VT_BYREF | content.vt, static_cast<void*>(nullptr));
-            value = made(VT_BYREF | VT_VARIANT, &inner_);
-            break;
-        case kEndless:
-            value = inner_ = made(VT_BYREF | VT_VARIANT, &inner_);
-            break;
-        case kArray:
-        case kArrayReference:
-        case kVariantArray: {
-            const VARTYPE type = way_ == kVariantArray ? VARTYPE{VT_VARIANT} : content.vt;
-            array_ = SafeArrayCreateVector(type, 0, 3);
-            LONG first = 0;
-            const bool isHeld = type == VT_BSTR || type == VT_DISPATCH || type == VT_UNKNOWN;
-            void* const element = type == VT_VARIANT   ? static_cast<void*>(&content)
-                                  : type == VT_DECIMAL ? static_cast<void*>(&content.decVal)
-                                  : isHeld             ? content.byref
-                                                       : static_cast<void*>(&content.llVal);
-            if (element) SafeArrayPutElement(array_, &first, element);
-            value = way_ == kArrayReference ? made(VT_BYREF | VT_ARRAY | type, &array_)
-                                            : made(VT_ARRAY | type, array_);
-            break;
-        }
-        default:
-            value = content;
-    }
+    const auto variantAt = [](VARIANT& place) { return made(VT_BYREF | VT_VARIANT, &place); };
+    const VARIANT nowhere = made(VT_BYREF | content.vt, static_cast<void*>(nullptr));
+    value = content;
+    if (way_ == kReference) value = referenceTo(content);
+    if (way_ == kNowhere) value = nowhere;
+    if (way_ == kVariant) value = variantAt(content);
+    if (way_ == kVariantThatRefers) inner_ = referenceTo(content);
+    if (way_ == kVariantInVariant) inner_ = variantAt(content);
+    if (way_ == kVariantNowhere) inner_ = nowhere;
+    if (way_ == kEndless) inner_ = variantAt(inner_);
+    if (way_ >= kVariantThatRefers && way_ <= kEndless) value = variantAt(inner_);
+    if (way_ >= kArray) putIntoArray();
+}
+
+void OddValue::putIntoArray() {
+    const VARTYPE type = way_ == kVariantArray ? VARTYPE{VT_VARIANT} : content.vt;
+    array_ = SafeArrayCreateVector(type, 0, 3);
+    LONG first = 0;
+    const bool isHeld = type == VT_BSTR || type == VT_DISPATCH || type == VT_UNKNOWN;
+    void* const element = type == VT_VARIANT   ? static_cast<void*>(&content)
+                          : type == VT_DECIMAL ? static_cast<void*>(&content.decVal)
+                          : isHeld             ? content.byref
+                                               : static_cast<void*>(&content.llVal);
+    if (element) SafeArrayPutElement(array_, &first, element);
+    value =
+        way_ == kArrayReference ? made(VT_BYREF | VT_ARRAY | type, &array_) : made(VT_ARRAY | type, array_);
 }
 
 OddValue::~OddValue() {

@@ -31,6 +31,8 @@ class OddValue {
     std::string name() const;
 
   private:
+    void putIntoArray();
+
     size_t way_;
     VARIANT inner_{};
     SAFEARRAY* array_ = nullptr;

@@ -19,7 +19,6 @@ using zelbar::Com;
 
 inline constexpr wchar_t kPopupKey[] = L"Software\\Norvane\\7316\\Popup";
 inline constexpr wchar_t kClientKey[] = L"Software\\Norvane\\7316\\VEXPhone";
-inline constexpr wchar_t kInstallKey[] = L"Software\\Norvane\\7316\\Install";
 
 /// Another opening of a database file, which no rule of Jet's holds back.
 struct Beside : standin::dao::Connection {

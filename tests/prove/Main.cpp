@@ -16,12 +16,12 @@ using hostile::Tally;
 
 /// After so many calls of a kind a scenario repeats itself: of these every second one meets one event, by
 /// turns.
-constexpr long kBeforeLoops = 60;
+constexpr long kBeforeLoops = 60, kBeforeLoopsInShort = 30;
 
 /// The short form has every call meet one event; it samples the many allocations and repetitions, and calls
 /// in only while Outlook is asked.
 bool isWanted(bool isShort, std::span<const Event> events, Kind kind, long call, const Event& event) {
-    const bool loops = call > kBeforeLoops;
+    const bool loops = call > (isShort ? kBeforeLoopsInShort : kBeforeLoops);
     if (isShort && (kind == Kind::Memory ? call % 47 != 1 : loops && call % 13 != 0)) return false;
     if (isShort && event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
     if (!isShort && !loops) return true;
@@ -61,6 +61,7 @@ void sweep(Proof& proof, Share& share, HMODULE module, const Scenario& scenario)
             for (const Event& event : events) {
                 if (!event.at.contain(kind) || !isWanted(proof.isShort(), events, kind, call, event))
                     continue;
+                if (proof.isShort() && scenario.rest.isSlow && call % 2 == 0) continue;
                 const std::string name =
                     std::string(nameOf(kind)) + " " + std::to_string(call) + " " + event.name;
                 if (!share.takes() || !proof.wantsRun(name)) continue;

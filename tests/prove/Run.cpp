@@ -30,10 +30,6 @@ std::string first(const Facts& facts) {
 /// Rows of one contact at most, and that of a folder that is not searched any more.
 constexpr long kMostOfOneContact = 2;
 
-bool startsWith(const std::string& line, const char* begin) {
-    return line.rfind(begin, 0) == 0;
-}
-
 /// What a scenario may add is of the same kind each time, but for names and numbers that grow.
 std::string kindOf(const std::string& line) {
     std::string result = line.substr(0, line.find('|'));
@@ -177,8 +173,8 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
     long rowsGo = !scenario_.rest.hasClient && mayMiss ? kMostOfOneContact : 0;
     if (kind == Kind::OutlookItem) rowsGo = LONG_MAX;
     for (const std::string& each : without(without(before_, now), mayGo)) {
-        if (startsWith(each, "row|") && --rowsGo >= 0) continue;
-        if (startsWith(each, "copy|") && copiesGo) continue;
+        if (each.starts_with("row|") && --rowsGo >= 0) continue;
+        if (each.starts_with("copy|") && copiesGo) continue;
         fail("gone: " + each);
     }
     const auto mayCome = kindsOf(without(twice_, before_));

@@ -26,6 +26,8 @@ struct Scenario {
         /// What it may be answered as well when something fails: the next best.
         std::set<std::string> also = {};
         bool hasClient = true;
+        /// The short form tries every second call only: windows take their time.
+        bool isSlow = false;
     } rest = {};
 };
 
