@@ -65,6 +65,7 @@ class Directory {
             set(employees, L"EmployeeId", id);
             set(employees, L"FirstName", L"Ada");
             set(employees, L"LastName", L"Employee " + number);
+            set(employees, L"Department", L"Department");
             set(employees, L"EmailAddress", L"ada" + number + L"@example.org");
             set(employees, L"BusinessPhone", L"+44 20 7946 " + number);
             set(employees, L"MobilePhone", L"+44 7700 " + number);
