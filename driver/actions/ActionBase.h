@@ -49,7 +49,11 @@ class ActionBase : public CallActionBorder<Self> {
     const ActionParts parts_;
 
   private:
-    cActionProperties& settings() const { return *properties_; }
+    // There are none when memory ran out while the action was made.
+    cActionProperties& settings() const {
+        if (!properties_) throw runtimeFault(fault::kObjectNotSet);
+        return *properties_;
+    }
 
     Com<cActionProperties> properties_ = makeActionProperties(parts_.log);
 };
