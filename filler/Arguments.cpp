@@ -16,6 +16,12 @@ std::wstring* valueOf(std::wstring_view option, numbers::PlaceWords& place, std:
     return option == L"--without-prefix" ? &place.withoutPrefix : nullptr;
 }
 
+std::optional<ReadWay> wayNamed(const std::wstring& word) {
+    if (word == L"table") return ReadWay::Table;
+    if (word == L"items") return ReadWay::Items;
+    return {};
+}
+
 std::wstring unknown(std::wstring_view option) {
     constexpr std::wstring_view kKnown[] = {L"--country", L"--area",  L"--outside-line", L"--without-prefix",
                                             L"--read",    L"--quiet", L"--help"};

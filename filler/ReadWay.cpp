@@ -16,10 +16,4 @@ ChosenWay chooseWay(std::optional<ReadWay> asked, const std::wstring& version) {
                            : L"a table could make Outlook ask its user: " + guard.reason};
 }
 
-std::optional<ReadWay> wayNamed(const std::wstring& word) {
-    if (word == L"table") return ReadWay::Table;
-    if (word == L"items") return ReadWay::Items;
-    return {};
-}
-
 }  // namespace filler

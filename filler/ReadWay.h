@@ -20,7 +20,4 @@ struct ChosenWay {
 /// has it and its guard cannot ask the user, who would meet a question where item by item there is none.
 ChosenWay chooseWay(std::optional<ReadWay> asked, const std::wstring& version);
 
-/// "table" or "items"; none for other words.
-std::optional<ReadWay> wayNamed(const std::wstring& word);
-
 }  // namespace filler

@@ -60,6 +60,8 @@ class TableTranslator {
 
     Command run() {
         table_.name = reader_.expectName(kBadTable);
+        // SQLite keeps these names for itself, in any case of letters.
+        if (foldCase(table_.name).starts_with(L"sqlite_")) raise(kBadTable);
         if (reader_.schema().find(table_.name)) raise(3010, table_.name);
         reader_.expectSymbol(L"(", kBadTable);
         do {
