@@ -87,7 +87,7 @@ std::optional<RecordView> CacheTable::current() {
 
 void CacheTable::readBlock() {
     constexpr long kRowsInOneCall = 500;
-    block_ = std::make_unique<VariantGrid>(rows_.get(dao::GetRows, kRowsInOneCall));
+    block_ = std::make_unique<zelbar::VariantGrid>(rows_.get(dao::GetRows, kRowsInOneCall));
     at_ = 0;
     if (block_->rows() == 0 || block_->columns() < fields_.size())
         throw Fault{kNoCurrentRecord, L"the engine gave no rows", L"DAO"};

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "automation/Object.h"
-#include "filler/VariantGrid.h"
+#include "automation/VariantGrid.h"
 
 namespace filler {
 
@@ -61,7 +61,7 @@ class CacheTable {
     std::vector<zelbar::Object> fields_;
     Record record_;  // the current row's texts, as far as they do not lie in the block
     // Of a table opened to be read: rows that have been fetched, and the current one among them.
-    std::unique_ptr<VariantGrid> block_;
+    std::unique_ptr<zelbar::VariantGrid> block_;
     std::size_t at_ = 0;
 };
 

@@ -1,35 +1,24 @@
 #include "filler/TableReader.h"
 
 #include <optional>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
+#include "automation/FolderTable.h"
 #include "automation/OutlookFaults.h"
 #include "automation/OutlookNames.h"
-#include "filler/Digest.h"
-#include "filler/TableColumns.h"
+#include "support/TelephoneNumbers.h"
 
 namespace filler {
 namespace {
 
 namespace outlook = zelbar::outlook;
 using zelbar::Fault;
+using zelbar::FolderTable;
 using zelbar::Object;
-
-constexpr long kRowsInOneCall = 500;
-constexpr wchar_t kIdentifier[] = L"";
 
 /// The item has to be asked for a property.
 struct OnlyItemKnows {};
-
-bool isContactClass(const std::wstring& name) {
-    static constexpr std::wstring_view kContact = L"IPM.CONTACT";
-    std::wstring upper = name;
-    for (wchar_t& c : upper)
-        if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - (L'a' - L'A'));
-    return upper.starts_with(kContact) && (upper.size() == kContact.size() || upper[kContact.size()] == L'.');
-}
 
 class Reader {
   public:
@@ -42,8 +31,7 @@ class Reader {
         for (int tries = 0; tries < kMostTries; ++tries) {
             result_ = {};
             fromItems_.clear();
-            const Object table = folder_.folder.object(outlook::GetTable);
-            if (!readRows(table)) continue;
+            if (!readRows()) continue;
             requireLastingIdentifiers();
 
             for (const std::wstring& id : fromItems_) readItem(id);
@@ -55,50 +43,39 @@ class Reader {
   private:
     /// False when the folder has changed meanwhile: a row may have been passed over, and what is not there
     /// would be deleted from the cache.
-    bool readRows(const Object& table) {
-        const TableColumns columns = TableColumns::forContacts(table);
-        std::unordered_set<std::wstring> seen;
-        Digest met, again;
-        forEachRow(table, [&](const TableBlock& block, std::size_t row) {
-            std::wstring id = columns.identifier(block, row);
-            if (!seen.insert(id).second) return;
-            met.add(kIdentifier, RecordView{id});
-            takeRow(columns, block, row, std::move(id));
-        });
-        // Once more, the identifiers alone.
-        const TableColumns identifiers = TableColumns::forIdentifiers(table);
-        forEachRow(table, [&](const TableBlock& block, std::size_t row) {
-            again.add(kIdentifier, RecordView{identifiers.identifier(block, row)});
-        });
-        return again == met && static_cast<long>(seen.size()) == folder_.items.integer(outlook::Count);
-    }
-
-    template <class Take>
-    void forEachRow(const Object& table, Take&& take) {
-        while (!table.boolean(outlook::EndOfTable)) {
+    bool readRows() {
+        FolderTable::Names needed{outlook::MessageClass.name, outlook::LastName.name, outlook::FirstName.name,
+                                  outlook::CompanyName.name};
+        for (const zelbar::TelephoneProperty& telephone : zelbar::kTelephoneProperties)
+            needed.push_back(telephone.member.name);
+        // The last one is needed for the few contacts without any other name, and read from them where it is
+        // refused.
+        FolderTable table(folder_.folder, needed, {outlook::FileAs.name});
+        const auto fetch = [&] {
             goOn(observer_);
-            const TableBlock block(table.get(outlook::GetArray, kRowsInOneCall));
-            if (block.rows() == 0) return;
-            for (std::size_t row = 0; row < block.rows(); ++row) take(block, row);
-            onRows_(static_cast<long>(block.rows()));
-        }
+            zelbar::VariantGrid block = table.next();
+            if (block.rows() > 0) onRows_(static_cast<long>(block.rows()));
+            return block;
+        };
+        const auto count = table.walk(fetch, [this](const FolderTable::Row& row) { takeRow(row); });
+        return count && static_cast<long>(*count) == folder_.items.integer(outlook::Count);
     }
 
-    void takeRow(const TableColumns& columns, const TableBlock& block, std::size_t row, std::wstring id) {
-        const auto kind = columns.text(block, row, kMessageClass);
+    void takeRow(const FolderTable::Row& row) {
+        const auto kind = row.text(outlook::MessageClass.name);
         if (!kind || kind->empty()) {
-            fromItems_.push_back(std::move(id));
+            fromItems_.push_back(row.identifier());
             return;
         }
-        if (!isContactClass(*kind)) return;
+        if (!zelbar::isContactClass(*kind)) return;
         try {
-            result_.contacts.push_back(readContact(id, [&](const zelbar::Member& property) {
-                auto text = columns.text(block, row, property);
+            result_.contacts.push_back(readContact(row.identifier(), [&](const zelbar::Member& property) {
+                auto text = row.text(property.name);
                 if (!text) throw OnlyItemKnows{};
                 return *std::move(text);
             }));
         } catch (const OnlyItemKnows&) {
-            fromItems_.push_back(std::move(id));
+            fromItems_.push_back(row.identifier());
         }
     }
 

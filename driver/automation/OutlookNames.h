@@ -64,6 +64,7 @@ inline constexpr Member RemoveAll{L"RemoveAll"};
 inline constexpr Member AddColumn{L"Add"};
 inline constexpr Member EndOfTable{L"EndOfTable"};
 inline constexpr Member GetArray{L"GetArray"};
+inline constexpr Member MessageClass{L"MessageClass"};
 
 // Contact items
 inline constexpr Member Save{L"Save", kUnknownClass, kLasting};

@@ -1,10 +1,11 @@
-#include "filler/VariantGrid.h"
+#include "automation/VariantGrid.h"
 
 #include <windows.h>
 
 #include <utility>
 
-namespace filler {
+namespace zelbar {
+
 namespace {
 
 std::size_t extent(SAFEARRAY* array, UINT dimension) {
@@ -17,7 +18,7 @@ std::size_t extent(SAFEARRAY* array, UINT dimension) {
 
 }  // namespace
 
-VariantGrid::VariantGrid(zelbar::Variant array) : array_(std::move(array)) {
+VariantGrid::VariantGrid(Variant array) : array_(std::move(array)) {
     const VARIANT& raw = array_.raw();
     if (raw.vt != (VT_ARRAY | VT_VARIANT) || !raw.parray || SafeArrayGetDim(raw.parray) != 2) return;
     columns_ = extent(raw.parray, 1);
@@ -27,8 +28,14 @@ VariantGrid::VariantGrid(zelbar::Variant array) : array_(std::move(array)) {
     cells_ = static_cast<const VARIANT*>(data);
 }
 
+VariantGrid::VariantGrid(VariantGrid&& other) noexcept
+    : array_(std::move(other.array_)),
+      cells_(std::exchange(other.cells_, nullptr)),
+      rows_(std::exchange(other.rows_, 0)),
+      columns_(other.columns_) {}
+
 VariantGrid::~VariantGrid() {
     if (cells_) SafeArrayUnaccessData(array_.raw().parray);
 }
 
-}  // namespace filler
+}  // namespace zelbar

@@ -1,13 +1,12 @@
-#include "filler/TableBlock.h"
+#include "automation/TableCell.h"
 
-#include <windows.h>
-
+#include <cstddef>
 #include <cwctype>
-#include <utility>
 
 #include "automation/Bstr.h"
 
-namespace filler {
+namespace zelbar {
+
 namespace {
 
 /// A store cuts texts at 255 characters, or at 255 bytes of two a character.
@@ -23,25 +22,23 @@ std::wstring digitsOf(const SAFEARRAY& bytes) {
 
 }  // namespace
 
-std::optional<std::wstring> TableBlock::text(std::size_t row, std::size_t column) const {
+std::optional<std::wstring> cellText(const VARIANT& cell) {
     constexpr auto kNotFound = static_cast<SCODE>(0x8004010FUL);
-    const VARIANT& value = grid_.cell(row, column);
-    if (value.vt == VT_BSTR) {
-        std::wstring text = zelbar::textOf(value.bstrVal);
+    if (cell.vt == VT_BSTR) {
+        std::wstring text = textOf(cell.bstrVal);
         if (text.size() < kMayBeCut) return text;
         return std::nullopt;
     }
-    if (value.vt == VT_ERROR && value.scode != kNotFound) return std::nullopt;
+    if (cell.vt == VT_ERROR && cell.scode != kNotFound) return std::nullopt;
     return std::wstring();
 }
 
-std::wstring TableBlock::identifier(std::size_t row, std::size_t column) const {
-    const VARIANT& value = grid_.cell(row, column);
-    if (value.vt == (VT_ARRAY | VT_UI1) && value.parray && SafeArrayGetDim(value.parray) == 1)
-        return digitsOf(*value.parray);
-    std::wstring text = value.vt == VT_BSTR ? zelbar::textOf(value.bstrVal) : std::wstring();
+std::wstring cellIdentifier(const VARIANT& cell) {
+    if (cell.vt == (VT_ARRAY | VT_UI1) && cell.parray && SafeArrayGetDim(cell.parray) == 1)
+        return digitsOf(*cell.parray);
+    std::wstring text = cell.vt == VT_BSTR ? textOf(cell.bstrVal) : std::wstring();
     for (wchar_t& c : text) c = static_cast<wchar_t>(std::towupper(c));
     return text;
 }
 
-}  // namespace filler
+}  // namespace zelbar
