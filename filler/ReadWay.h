@@ -16,8 +16,8 @@ struct ChosenWay {
     std::wstring reason;  ///< For the user.
 };
 
-/// The way for the Outlook of that version: the one that the user `asked` for, else the table where Outlook
-/// has it and its guard cannot ask the user, who would meet a question where item by item there is none.
+/// The way for the Outlook of that version: the one that the user `asked` for, else the table where it may be
+/// used.
 ChosenWay chooseWay(std::optional<ReadWay> asked, const std::wstring& version);
 
 }  // namespace filler

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "support/Registry.h"
+#include "support/Text.h"
 
 namespace zelbar {
 
@@ -77,6 +78,14 @@ OutlookGuard outlookGuard(const std::wstring& version) {
     if (mode != kByPolicy || !prompt) return {false, said(kMode, mode)};
     if (*prompt == kComputer) return byComputer(key);
     return {*prompt == kAllow, L"a policy says so: " + said(kPrompt, *prompt)};
+}
+
+TableUse tableUse(const std::wstring& version) {
+    constexpr long kFirstWithTables = 12;
+    if (leadingInteger(version) < kFirstWithTables) return {false, L"Outlook " + version + L" has no tables"};
+    const OutlookGuard guard = outlookGuard(version);
+    return {guard.isSilent, guard.isSilent ? L"Outlook's guard does not ask: " + guard.reason
+                                           : L"a table could make Outlook ask its user: " + guard.reason};
 }
 
 }  // namespace zelbar

@@ -14,4 +14,14 @@ struct OutlookGuard {
 /// and from the antivirus state where that decides. What cannot be found out counts as asking.
 OutlookGuard outlookGuard(const std::wstring& version);
 
+/// Whether folders may be read through tables, and why, in words.
+struct TableUse {
+    bool isAllowed = false;
+    std::wstring reason;
+};
+
+/// By the Outlook of that version: where it has tables and its guard cannot ask the user, who would meet a
+/// question where item by item there is none.
+TableUse tableUse(const std::wstring& version);
+
 }  // namespace zelbar
