@@ -56,26 +56,5 @@ TEST_F(CursorTest, RecordLockedWhenMetIsNotTakenForDeleted) {
     EXPECT_EQ(rows.integer({L"RecordCount"}), 2);
 }
 
-TEST_F(CursorTest, KindsDifferInWhatTheyCountAndAllow) {
-    makeCache({L"A", L"B", L"C"});
-    constexpr long kTable = 1, kSnapshot = 4, kForwardOnly = 8;
-    const auto openAs = [&](const wchar_t* source, long kind) {
-        return database_.object({L"OpenRecordset"}, source, kind);
-    };
-    const Object table = openAs(L"TCache", kTable);
-    EXPECT_EQ(table.integer({L"RecordCount"}), 3);
-    EXPECT_EQ(errorOf([&] { openAs(L"Select * From TCache", kTable); }), 3219);
-
-    const Object snapshot = openAs(L"Select * From TCache", kSnapshot);
-    EXPECT_EQ(errorOf([&] { snapshot.call({L"Delete"}); }), 3251);
-    const Object forward = openAs(L"Select * From TCache", kForwardOnly);
-    EXPECT_EQ(errorOf([&] { forward.call({L"MoveLast"}); }), 3219);
-    EXPECT_EQ(column(forward, L"Name"), L"A B C ");
-
-    table.call({L"MoveFirst"});
-    table.call({L"Delete"});
-    EXPECT_EQ(errorOf([&] { text(table, L"Name"); }), 3167) << "where a dynaset has 3021";
-}
-
 }  // namespace
 }  // namespace client

@@ -1,11 +1,7 @@
 // Address books as programs write them.
 #include "standin/outlook/vcard/ContactMapper.h"
 
-#include <algorithm>
-
-#include "standin/outlook/vcard/Import.h"
-#include "tests/harness/Files.h"
-#include "tests/standin_outlook/Fixture.h"
+#include <gtest/gtest.h>
 
 namespace standin::outlook::vcard {
 namespace {
@@ -43,6 +39,7 @@ TEST(VCard, ValuesAreDecoded) {
          L"d@e"},
     };
     for (const auto& c : cases) EXPECT_EQ(field(c.lines, c.field), c.expected) << c.lines;
+    EXPECT_EQ(contactOf("PHOTO;ENCODING=b:AAEC\r\n").picture, (Bytes{0, 1, 2}));
 }
 
 TEST(VCard, NumbersFindTheirPlaces) {
@@ -63,25 +60,6 @@ TEST(VCard, NumbersFindTheirPlaces) {
         {"PHOTO;ENCODING=b:AAEC\r\nTEL\r\n ;HOME:5", L"HomeTelephoneNumber"},
     };
     for (const auto& c : cases) EXPECT_EQ(field(std::string(c.type) + "\r\n", c.field), c.number) << c.type;
-}
-
-TEST(VCard, AFileIsImportedWholeOrNotAtAll) {
-    harness::TemporaryFolder folder;
-    Mailbox mailbox(folder.file(L"mailbox.db"));
-    const RowId contacts = mailbox.specialFolder(SpecialFolder::Contacts).id;
-    const std::string good =
-        "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Byron;Ada\r\nPHOTO;ENCODING=b:AAEC\r\nEND:VCARD\r\n";
-    const std::string bad = "BEGIN:VCARD\r\nN:Unfinished\r\n";
-    harness::writeFile(folder.file(L"good.vcf"), good + good);
-    harness::writeFile(folder.file(L"bad.vcf"), good + bad);
-    EXPECT_EQ(importFile(mailbox, contacts, folder.file(L"good.vcf")).contacts, 2);
-    EXPECT_THROW(importFile(mailbox, contacts, folder.file(L"bad.vcf")), Malformed);
-    EXPECT_THROW(importFile(mailbox, contacts, folder.file(L"missing.vcf")), std::runtime_error);
-    ASSERT_EQ(mailbox.items(contacts).size(), 2U);
-    const ItemRecord item = *mailbox.item(mailbox.items(contacts).front());
-    EXPECT_EQ(item.field(L"FileAs"), L"Byron, Ada");
-    EXPECT_EQ(item.attachments.at(0).fileName, kPictureName);
-    EXPECT_EQ(item.attachments.at(0).data, (Bytes{0, 1, 2}));
 }
 
 }  // namespace
