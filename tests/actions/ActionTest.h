@@ -62,13 +62,6 @@ class ActionTest : public DriverTest {
         return lateBound(Com<IDispatch>::adopt(callers));
     }
 
-    /// The saved items of one of Outlook's folders, oldest first.
-    std::vector<ItemRecord> saved(SpecialFolder place) {
-        std::vector<ItemRecord> result;
-        for (const auto id : mailbox.items(mailbox.specialFolder(place).id))
-            result.push_back(*mailbox.item(id));
-        return result;
-    }
     /// Full names or subjects of the items whose windows are open.
     static std::vector<std::wstring> windows() {
         const Object inspectors = Gateway()

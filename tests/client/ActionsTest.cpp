@@ -18,12 +18,6 @@ class ActionsTest : public HostedTest {
   protected:
     ActionsTest() { writeCache({addListed(L"Bo", L"Baker", L"21")}); }
 
-    std::vector<ItemRecord> saved(SpecialFolder place) {
-        std::vector<ItemRecord> items;
-        for (const auto id : mailbox.items(mailbox.specialFolder(place).id))
-            items.push_back(*mailbox.item(id));
-        return items;
-    }
     /// The full name in the card of the contact whose window is in front; empty without one.
     std::wstring inFront() {
         return run({L"active"}) == ExitCode::Found ? out.substr(0, out.find(L'\n')) : L"";

@@ -103,8 +103,7 @@ class BundleTest : public HostedTest {
 
 TEST_F(BundleTest, TellsSupportWhatHappenedAndNobodyWho) {
     callEverybody();
-    registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey + std::wstring(L"\\zelbar00folder"), L"entryId1",
-                 rows_[0].entryId);
+    registry.set(HKEY_CURRENT_USER, zelbar::kFolderKey, L"entryId1", rows_[0].entryId);
     EXPECT_EQ(ExitCode::Found, run({L"bundle", folder.file(L"a.zip")}));
     expect(ExitCode::Found, {L"bundle", folder.file(L"b.zip"), L"--json"}, {L"\"masked\":true"});
     const std::wstring all = unzipped(folder.file(L"a.zip")), other = unzipped(folder.file(L"b.zip"));

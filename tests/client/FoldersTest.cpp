@@ -14,27 +14,18 @@ class FoldersTest : public HostedTest {
         team_ = mailbox.ensureFolder(mailbox.addStore(L"Sales"), L"Team", ItemType::Contact);
     }
 
-    void set(const std::wstring& name, const std::wstring& value) {
-        registry.set(HKEY_CURRENT_USER, zelbar::kPopupKey + std::wstring(L"\\zelbar00folder"), name, value);
-    }
-    void store(const std::wstring& number, const FolderRecord& which, const wchar_t* selected) {
-        set(L"entryId" + number, mailbox.entryId(which));
-        set(L"storeId" + number, mailbox.storeId(which.store));
-        if (selected) set(L"selectId" + number, selected);
-    }
-
     FolderRecord friends_, team_;
 };
 
 TEST_F(FoldersTest, TheStoredOnesStandBesideOutlooksOwn) {
-    store(L"1", friends_, L"0");
+    chooseFolder(1, friends_, L"0");
     EXPECT_EQ(ExitCode::NotFound, run({L"folders"})) << "stored, but not selected";
-    store(L"2", defaultContacts, nullptr);
+    chooseFolder(2, defaultContacts, L"");
     const FolderRecord gone = mailbox.addFolder(defaultContacts.id, L"Gone", ItemType::Contact);
-    store(L"3", gone, L"-1");
-    store(L"5", team_, L"-1");  // after a gap: does not count
+    chooseFolder(3, gone, L"-1");
+    chooseFolder(5, team_, L"-1");  // after a gap: does not count
     mailbox.eraseFolder(gone.id);
-    set(L"ConfigChanged", L"1");
+    registry.set(HKEY_CURRENT_USER, zelbar::kFolderKey, L"ConfigChanged", L"1");
     EXPECT_EQ(ExitCode::Found, run({L"folders"}));
     EXPECT_EQ(
         L"Contacts folders: 3 stored, 2 of them selected.\n"
@@ -51,8 +42,8 @@ TEST_F(FoldersTest, TheStoredOnesStandBesideOutlooksOwn) {
 }
 
 TEST_F(FoldersTest, NothingIsCalledGoneThatOutlookMayJustNotHaveShown) {
-    store(L"1", defaultContacts, L"-1");
-    store(L"2", team_, L"0");
+    chooseFolder(1, defaultContacts, L"-1");
+    chooseFolder(2, team_, L"0");
 
     faults().failMember(L"MAPIFolder.StoreID", {E_FAIL, L"Offline."}, 1);
     expect(ExitCode::Found, {L"folders"},

@@ -49,13 +49,12 @@ TEST_F(Members, KnowWhetherAFolderIsConfigured) {
     EXPECT_FALSE(configured());
     writeCache({});
     EXPECT_TRUE(configured());
-    const std::wstring key = std::wstring(kPopupKey) + L"\\zelbar00folder";
-    registry.set(HKEY_CURRENT_USER, key, L"entryId1", mailbox.entryId(defaultContacts));
+    registry.set(HKEY_CURRENT_USER, kFolderKey, L"entryId1", mailbox.entryId(defaultContacts));
     EXPECT_TRUE(configured());
-    registry.set(HKEY_CURRENT_USER, key, L"storeId1", mailbox.storeId(mailbox.defaultStore().id));
+    registry.set(HKEY_CURRENT_USER, kFolderKey, L"storeId1", mailbox.storeId(mailbox.defaultStore().id));
     EXPECT_TRUE(configured());
     EXPECT_TRUE(traced("isFolderConfigured() :True"));
-    registry.set(HKEY_CURRENT_USER, key, L"entryId1", L"0000");
+    registry.set(HKEY_CURRENT_USER, kFolderKey, L"entryId1", L"0000");
     EXPECT_FALSE(configured());
     EXPECT_TRUE(traced("(Error)isFolderConfigured():The operation failed. in Microsoft Outlook"));
     EXPECT_EQ(script().get(Member{L"ExecuteCommand"}, L"anything").type(), VT_EMPTY);

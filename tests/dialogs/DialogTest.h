@@ -15,8 +15,6 @@ namespace zelbar {
 using standin::outlook::FolderRecord;
 using standin::outlook::ItemType;
 
-inline constexpr wchar_t kSelectionKey[] = L"Software\\Norvane\\7316\\Popup\\zelbar00folder";
-
 /// The dialogs beside an Outlook that the user has started. Its mailbox has one contacts folder.
 class DialogTest : public DriverTest {
   protected:
@@ -51,17 +49,9 @@ class DialogTest : public DriverTest {
         return mailbox.addFolder(parent.id, name, ItemType::Contact);
     }
 
-    /// Stores a folder as number `number` of the selection.
-    void store(int number, const FolderRecord& which, const wchar_t* selectId = L"-1") {
-        const std::pair<const wchar_t*, std::wstring> values[] = {{L"entryId", mailbox.entryId(which)},
-                                                                  {L"storeId", mailbox.storeId(which.store)},
-                                                                  {L"selectId", selectId}};
-        for (const auto& [name, value] : values)
-            registry.set(HKEY_CURRENT_USER, kSelectionKey, name + std::to_wstring(number), value);
-    }
     /// A value of the stored selection; "(none)" when there is none.
     std::wstring stored(const std::wstring& name) const {
-        return registry.get(HKEY_CURRENT_USER, kSelectionKey, name).value_or(L"(none)");
+        return registry.get(HKEY_CURRENT_USER, kFolderKey, name).value_or(L"(none)");
     }
     /// The stored check states in their order: '1' for "-1", '0', or '?' for anything else.
     std::wstring storedStates() const {

@@ -95,9 +95,9 @@ class StoredSelectionTest : public Selection, public testing::WithParamInterface
         for (size_t i = 0; i < given.stored.size(); ++i) {
             const wchar_t mark = given.stored[i];
             if (mark == L'.') continue;
-            store(++number, folders[i], mark == L'0' ? L"0" : mark == L'e' ? L"" : L"-1");
+            chooseFolder(++number, folders[i], mark == L'0' ? L"0" : mark == L'e' ? L"" : L"-1");
             if (mark == L'x') mailbox.eraseFolder(folders[i].id);
-            if (mark == L's') registry.set(HKEY_CURRENT_USER, kSelectionKey, L"storeId1", L"00FF");
+            if (mark == L's') registry.set(HKEY_CURRENT_USER, kFolderKey, L"storeId1", L"00FF");
         }
         popup(L"InitPSTnumber", given.storesCounted);
     }

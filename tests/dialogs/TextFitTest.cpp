@@ -46,7 +46,7 @@ class TextFit : public SelectionWindow {
 };
 
 TEST_F(TextFit, InAllLanguages) {
-    store(1, defaultContacts);
+    chooseFolder(1, defaultContacts);
     for (const wchar_t* index : {L"0", L"1", L"2", L"3", L"4", L"5", L"7", L"8"}) {
         language = index;
         registry.set(HKEY_CURRENT_USER, L"Software\\Norvane\\7316\\VEXPhone\\Settings", L"lang", index);

@@ -67,7 +67,7 @@ class TreeWindow : public SelectionWindow {
 
 TEST_F(TreeWindow, ChecksContactsFoldersAndNoOthers) {
     addFolderBelow(addFolder(L"Łódź", ItemType::Mail), L"Ügyfelek");
-    store(1, defaultContacts);
+    chooseFolder(1, defaultContacts);
     HIMAGELIST boxes = nullptr;
     for (const int button : {IDCANCEL, IDOK}) {
         choose(
@@ -92,7 +92,7 @@ TEST_F(TreeWindow, ChecksContactsFoldersAndNoOthers) {
 }
 
 TEST_F(TreeWindow, MakesAContactsFolder) {
-    store(1, defaultContacts);
+    chooseFolder(1, defaultContacts);
     for (const bool taken : {true, false}) {
         const std::wstring name = taken ? L"Nowe źródła" : L"Unused";
         choose(
@@ -123,7 +123,7 @@ TEST_F(TreeWindow, MakesAContactsFolder) {
 
 TEST_F(TreeWindow, TellsWhyAFolderIsNotMade) {
     addFolderBelow(defaultContacts, L"Old");
-    store(1, defaultContacts);
+    chooseFolder(1, defaultContacts);
     const standin::Failure refused{E_FAIL, L"No rights & none to come."};
     const std::wstring answer = L"The folder could not be created.\r\n" + *refused.description;
     choose([&] {

@@ -15,8 +15,8 @@ namespace {
 
 TEST_F(SelectionWindow, ShowsTheFoldersAndSavesWithEnter) {
     const auto polish = addFolder(L"Źródła & Łódź"), umlauts = addFolder(L"Ümläute");
-    store(1, defaultContacts, L"0");
-    store(2, polish);
+    chooseFolder(1, defaultContacts, L"0");
+    chooseFolder(2, polish);
     open();
     EXPECT_EQ(hint(), L"");
     EXPECT_EQ(linesOf(list())[1], L"\\Personal Folders\\Źródła & Łódź");
@@ -37,7 +37,7 @@ TEST_F(SelectionWindow, ShowsTheFoldersAndSavesWithEnter) {
 }
 
 TEST_F(SelectionWindow, CancelKeepsWhatIsStoredAndOkTakesAWishForANewCacheAlone) {
-    store(1, defaultContacts);
+    chooseFolder(1, defaultContacts);
     open();
     press(VK_SPACE);
     EXPECT_EQ(checksOf(list()), L"0");
@@ -57,8 +57,8 @@ TEST_F(SelectionWindow, CancelKeepsWhatIsStoredAndOkTakesAWishForANewCacheAlone)
 }
 
 TEST_F(SelectionWindow, NothingIsLostUnaskedWhenFoldersAreMissing) {
-    store(1, defaultContacts);
-    store(2, addFolder(L"Other"));
+    chooseFolder(1, defaultContacts);
+    chooseFolder(2, addFolder(L"Other"));
     const std::wstring some = L"Some folders could not be read and are missing here. OK would ";
     const std::pair<std::function<void()>, std::wstring> ways[] = {
         {[this] {
@@ -91,8 +91,8 @@ TEST_F(SelectionWindow, NothingIsLostUnaskedWhenFoldersAreMissing) {
 TEST_F(SelectionWindow, TellsWhatDoesNotFit) {
     const auto gone = addFolder(L"Gone");
     for (int i = 0; i < 16; ++i) addFolder(L"F" + std::to_wstring(100 + i));
-    store(1, defaultContacts);
-    store(2, gone);
+    chooseFolder(1, defaultContacts);
+    chooseFolder(2, gone);
     mailbox.eraseFolder(gone.id);
     open();
     EXPECT_EQ(
@@ -103,7 +103,7 @@ TEST_F(SelectionWindow, TellsWhatDoesNotFit) {
 }
 
 TEST_F(SelectionWindow, ItsUserMayGoWhileOutlookIsAsked) {
-    store(1, defaultContacts);
+    chooseFolder(1, defaultContacts);
     const auto send = [this](UINT message, WPARAM what) {
         window = openDialogs().empty() ? nullptr : openDialogs()[0];
         SendMessageW(window, message, what, 0);
@@ -135,7 +135,7 @@ TEST_F(SelectionWindow, ItsUserMayGoWhileOutlookIsAsked) {
 }
 
 TEST_F(SelectionWindow, GrowsWithItsListAndIsScaledByWindows) {
-    store(1, defaultContacts);
+    chooseFolder(1, defaultContacts);
     const auto before = SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
     open();
     EXPECT_TRUE(AreDpiAwarenessContextsEqual(SetThreadDpiAwarenessContext(before),
@@ -159,7 +159,7 @@ TEST_F(SelectionWindow, GrowsWithItsListAndIsScaledByWindows) {
 
 TEST_F(SelectionWindow, LongPathsKeepTheirEndAndShowWholeInATip) {
     const std::wstring outer(200, L'Ł'), inner(60, L'W'), path = L"\\Personal Folders\\Contacts\\" + outer;
-    store(1, addFolderBelow(addFolderBelow(defaultContacts, outer), inner));
+    chooseFolder(1, addFolderBelow(addFolderBelow(defaultContacts, outer), inner));
     open();
     EXPECT_EQ(linesOf(list())[1], path);
     EXPECT_TRUE(linesOf(list())[2].ends_with(L"Ł\\" + inner));

@@ -40,13 +40,6 @@ class FillerTest : public zelbar::DriverTest {
     ItemRecord addPerson(const FolderRecord& into, const wchar_t* last, const wchar_t* number) {
         return mailbox.addContact(into.id, {{L"LastName", last}, {L"BusinessTelephoneNumber", number}});
     }
-    void choose(int position, const FolderRecord& chosen, const wchar_t* selected = L"-1") {
-        const std::wstring key = std::wstring(zelbar::kPopupKey) + L"\\zelbar00folder",
-                           number = std::to_wstring(position);
-        registry.set(HKEY_CURRENT_USER, key, L"entryId" + number, mailbox.entryId(chosen));
-        registry.set(HKEY_CURRENT_USER, key, L"storeId" + number, mailbox.storeId(chosen.store));
-        registry.set(HKEY_CURRENT_USER, key, L"selectId" + number, selected);
-    }
     std::wstring flag() const {
         return registry.get(HKEY_CURRENT_USER, zelbar::kPopupKey, L"SynchroInProgress").value_or(L"0");
     }

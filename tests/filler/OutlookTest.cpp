@@ -21,7 +21,7 @@ TEST_F(OutlookTest, TheDefaultFolderServesWhoHasNeverChosen) {
               L"Outlook was read item by item: Outlook 11.0.0.8010 has no tables.\n"
               L"1 contact in 1 folder, 1 number.\n1 row added, 0 removed.\n"
               L"Restart the telephony client: it reads the list of stores only when it starts.\n");
-    choose(1, others, L"0");
+    chooseFolder(1, others, L"0");
     EXPECT_EQ(fill(), L"No contacts folder is chosen. Choose the contacts folders in the client.");
     EXPECT_EQ(content(), before);
 }
@@ -47,10 +47,10 @@ TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
     addPerson(defaultContacts, L"Unselected", L"1");
     addPerson(old, L"Old", L"2");
     addPerson(others, L"Other", L"3");
-    for (int i = 1; i <= 16; ++i) choose(i, defaultContacts, L"0");
-    choose(17, others, L"");
-    choose(18, old);
-    choose(19, others);
+    for (int i = 1; i <= 16; ++i) chooseFolder(i, defaultContacts, L"0");
+    chooseFolder(17, others, L"");
+    chooseFolder(18, old);
+    chooseFolder(19, others);
     ASSERT_EQ(fill(), L"");
     const Texts all = content();
     EXPECT_EQ(people(), (Texts{L"Old|2", L"Other|3"}));
@@ -68,15 +68,15 @@ TEST_F(OutlookTest, EveryChosenFolderIsReadAndOnesThatAreGoneAreNamed) {
     // A store that is not open may come back; a deleted folder does not.
     mailbox.removeStore(archive.id);
     EXPECT_EQ(fill().find(L"The chosen folder number 18 cannot be opened in Outlook"), 0u);
-    choose(18, others);
+    chooseFolder(18, others);
     mailbox.eraseFolder(others.id);
     EXPECT_EQ(fill(), L"None of the chosen folders exists any more. Choose the contacts folders again.");
 }
 
 TEST_F(OutlookTest, WhatCannotBeReadKeepsItsRows) {
     const FolderRecord old = addFolder(mailbox.addStore(L"Archive"), L"Old");
-    choose(1, defaultContacts);
-    choose(2, old);
+    chooseFolder(1, defaultContacts);
+    chooseFolder(2, old);
     addPerson(defaultContacts, L"Byron", L"1");
     const std::pair<const wchar_t*, bool> cases[] = {
         {L"Items.Item", false}, {L"Class", false}, {L"EntryID", false}, {L"TelexNumber", true}};

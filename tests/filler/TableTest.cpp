@@ -49,8 +49,8 @@ TEST_F(TableTest, GivesTheSameRowsAsItemByItem) {
     addAllKinds();
     const FolderRecord other = addFolder(mailbox.addStore(L"Archive"), L"Old");
     addPerson(other, L"Old", L"8");
-    choose(1, defaultContacts);
-    choose(2, other);
+    chooseFolder(1, defaultContacts);
+    chooseFolder(2, other);
     const Texts items = rowsBy(ReadWay::Items);
     for (const wchar_t* missing : {L"", L"error"})
         for (const wchar_t* ids : {L"", L"short"}) {
