@@ -5,45 +5,32 @@
 #include "support/Module.h"
 #include "support/mLogError.h"
 #include "tests/actions/ActionTest.h"
+#include "tests/dialogs/Windows.h"
 
 namespace zelbar {
 
 namespace {
 
-/// A message window that only takes notes.
-struct NotedWindow final : MessageWindow {
-    bool open = false;
-    int shownAgain = 0;
-    std::vector<std::wstring> messages;
-
-    bool isOpen() const noexcept override { return open; }
-    void ShowMessage(const std::wstring& title, int option, const std::wstring& text) override {
-        open = true;
-        messages.push_back(title + L"|" + std::to_wstring(option) + L"|" + text);
-    }
-    void Show() override { ++shownAgain; }
-};
-
+/// A failed start opens the window that tells why.
 class Launch : public ActionTest {
   protected:
-    Launch() { driver().user.messageWindow = &window; }
+    Launch() { connector(); }
 
     static Object launch(const std::wstring& path, const std::wstring& arguments) {
         return action(kLaunch, {{L"Path", path}, {L"Arguments", arguments}});
     }
-    /// The messages of failed starts since the last call.
-    std::vector<std::wstring> failures() {
-        window.open = false;
-        return std::exchange(window.messages, {});
+    /// What the window says, which goes; empty without one.
+    static std::wstring failure() {
+        std::wstring said;
+        for (const HWND window : openDialogs()) {
+            said += windowText(GetDlgItem(window, 0));
+            DestroyWindow(window);
+        }
+        return said;
     }
-    static std::wstring failureOf(const std::wstring& command) {
-        return L"__NO_TITLE__|0|" + GetSystemErrorText(ERROR_FILE_NOT_FOUND) + L": " + command + L".";
-    }
-
-    NotedWindow window;
 };
 
-TEST_F(Launch, TheCommandLineIsPutTogether) {
+TEST_F(Launch, TheCommandLineIsPutTogetherAndTheFolderKeptWithItsBackslash) {
     const std::wstring call = L"TYPE=outgoing;ORIGIN=desk;LOCALNUMBER=12;PHONENUMBER=0123;";
     const struct {
         const wchar_t *path, *arguments;
@@ -59,21 +46,35 @@ TEST_F(Launch, TheCommandLineIsPutTogether) {
         {L"C:\\N\\", L"d $4", L"ORIGIN=$1$4;", L"C:\\N\\d $1$4"},
     };
     for (const auto& c : cases) {
-        run(launch(c.path, c.arguments), unknown(c.information));
-        EXPECT_EQ(failures(), std::vector<std::wstring>{failureOf(c.command)});
+        const Object dial = launch(c.path, c.arguments);
+        run(dial, unknown(c.information));
+        EXPECT_EQ(failure(), GetSystemErrorText(ERROR_FILE_NOT_FOUND) + L": " + c.command + L".");
+        EXPECT_TRUE(valueOf(dial, L"Path").ends_with(L'\\'));
     }
     EXPECT_TRUE(traced("From Popup PersonalData(CALLORIGIN)=desk"));
     EXPECT_TRUE(traced("From Popup PersonalData(PHONENUMBER)=0123"));
 }
 
-TEST_F(Launch, TheFolderIsKeptWithItsBackslashAndTheOpenWindowWithItsText) {
-    const auto dial = launch(L"C:\\None", L"dial.exe");
-    for (const Object& caller : {unknown(), Object()}) {
-        run(dial, caller);
-        EXPECT_EQ(valueOf(dial, L"Path"), L"C:\\None\\");
+TEST_F(Launch, AFailureOpensOneWindowInFrontThatKeysAndTheButtonClose) {
+    void (*const ways[])(HWND window, HWND ok) = {
+        [](HWND, HWND ok) { SendMessageW(ok, BM_CLICK, 0, 0); },
+        [](HWND, HWND ok) { PostMessageW(ok, WM_KEYDOWN, VK_RETURN, 0); },
+        [](HWND, HWND ok) { PostMessageW(ok, WM_KEYDOWN, VK_ESCAPE, 0); },
+        [](HWND window, HWND) { PostMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0); },
+    };
+    for (const auto close : ways) {
+        run(launch(L"C:\\None", L"one.exe"), unknown());
+        run(launch(L"C:\\None", L"other.exe"), {});
+        ASSERT_EQ(openDialogs().size(), 1u);
+        const HWND window = openDialogs()[0];
+        EXPECT_TRUE(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOPMOST);
+        EXPECT_EQ(windowText(window), driver().module.title);
+        EXPECT_TRUE(windowText(GetDlgItem(window, 0)).ends_with(L": C:\\None\\one.exe."));
+        close(window, GetDlgItem(window, IDOK));
+        serveMessages();
+        EXPECT_FALSE(driver().user.messageWindow->isOpen());
+        EXPECT_TRUE(openDialogs().empty());
     }
-    EXPECT_EQ(window.shownAgain, 1);
-    EXPECT_EQ(failures().size(), 1u);
 }
 
 /// Tools of all kinds in a folder whose name has a blank; each tells that it has run by a file.
@@ -98,7 +99,7 @@ class LaunchedTools : public Launch {
     /// Runs it for a number. Whether something was started, which the user is told otherwise.
     bool starts(const std::wstring& path, const std::wstring& arguments, const std::wstring& number) {
         run(launch(path, arguments), unknown(L"TYPE=outgoing;PHONENUMBER=" + number + L";"));
-        return failures().empty();
+        return failure().empty();
     }
 
     std::wstring tools, system;

@@ -61,23 +61,7 @@ TEST_F(Model, OnlyAListHasAChosenEntry) {
         EXPECT_EQ(list.integer({L"ValueIndex"}), c.index);
         EXPECT_EQ(valueOf(open, L"NewOnInexistant"), c.value);
         EXPECT_EQ(open.boolean({L"PassiveAction"}), c.passive);
-    }
-}
-
-TEST_F(Model, ACopyKeepsTheValuesAndGoesItsOwnWay) {
-    const std::pair<long, const wchar_t*> cases[] = {
-        {kOpen, L"NewOnInexistant"}, {kMail, L"AutomaticSend"}, {kLaunch, L"Arguments"}};
-    for (const auto& [id, key] : cases) {
-        const auto original = id == kOpen ? opener(2) : action(id);
-        settingOf(original, key).put({L"Value"}, L"first");
-        const Object copy = original.object({L"CopyAction"});
-        EXPECT_EQ(copy.integer({L"ActionID"}), id);
-        EXPECT_EQ(copy.boolean({L"PassiveAction"}), id != kOpen);
-        // A list's index is carried over behind its value, and shows its own entry.
-        EXPECT_EQ(valueOf(copy, key),
-                  id == kOpen ? L"Open the contact, and create one for an unknown caller" : L"first");
-        settingOf(copy, key).put({L"Value"}, L"second");
-        EXPECT_EQ(valueOf(original, key), L"first");
+        EXPECT_EQ(valueOf(open.object({L"CopyAction"}), L"NewOnInexistant"), c.value);
     }
 }
 
