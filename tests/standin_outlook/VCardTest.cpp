@@ -48,10 +48,8 @@ TEST(VCard, NumbersFindTheirPlaces) {
         const wchar_t* field;
         const wchar_t* number = L"5";
     } cases[] = {
-        {"TEL;TYPE=WORK,VOICE:5", L"BusinessTelephoneNumber"},
         {"TEL;CELL;WORK:5", L"MobileTelephoneNumber"},
         {"TEL;TYPE=home;TYPE=fax:5", L"HomeFaxNumber"},
-        {"TEL:5", L"OtherTelephoneNumber"},
         {"TEL;TYPE=textphone:5", L"TTYTDDTelephoneNumber"},
         {"i.TEL:5\r\ni.X-ABLabel:_$!<WorkFAX>!$_", L"BusinessFaxNumber"},
         {"TEL;TYPE=work:tel:5;phone-context=+1", L"BusinessTelephoneNumber"},

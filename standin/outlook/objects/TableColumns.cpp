@@ -2,15 +2,19 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <initializer_list>
 #include <span>
 
 #include "standin/outlook/mailbox/ContactNames.h"
 #include "standin/outlook/objects/ContactFields.h"
+#include "standin/outlook/objects/UserProperties.h"
 
 namespace standin::outlook {
 namespace {
 
 constexpr std::size_t kWidestCell = 255;
+constexpr wchar_t kOwnField[] =
+    L"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/";
 constexpr wchar_t kTag[] = L"http://schemas.microsoft.com/mapi/proptag/0x";
 constexpr wchar_t kLastingId[] = L"66700102";
 constexpr wchar_t kRowId[] = L"0FFF0102";
@@ -41,6 +45,50 @@ std::wstring telephoneOf(const std::wstring& tag) {
     return found == std::end(kTelephones) ? std::wstring() : found->name;
 }
 
+Value missing(const OutlookObject& reader) {
+    if (reader.server().option(L"TableMissing") != L"error") return {};
+    constexpr long kNotFound = static_cast<long>(0x8004010FUL);
+    return Value(kNotFound, VT_ERROR);
+}
+
+// The types of users' own fields that can be columns, as a column's name gives them.
+struct FieldType {
+    const wchar_t* suffix;
+    std::initializer_list<UserPropertyType> types;
+};
+const FieldType kFieldTypes[] = {
+    {L"/0x0000001f", {UserPropertyType::Text}},
+    {L"/0x00000005", {UserPropertyType::Number, UserPropertyType::Percent}},
+    {L"/0x00000003", {UserPropertyType::Integer, UserPropertyType::Duration}},
+};
+
+// What of these a column is; nullptr for another one.
+const FieldType* fieldTypeOf(const std::wstring& column) {
+    if (!column.starts_with(kOwnField)) return nullptr;
+    const auto found = std::ranges::find_if(
+        kFieldTypes, [&](const FieldType& type) { return column.ends_with(type.suffix); });
+    return found == std::end(kFieldTypes) ? nullptr : found;
+}
+
+// A field of the same name that has another type is another property, which the column does not show.
+Value ownField(const OutlookObject& reader, const ItemRecord& item, const std::wstring& column,
+               const FieldType& type) {
+    const std::wstring rest = column.substr(std::size(kOwnField) - 1);
+    const std::wstring name = rest.substr(0, rest.size() - std::wcslen(type.suffix));
+    for (const UserProperty& field : item.userProperties) {
+        const bool isOfType =
+            std::ranges::find(type.types, static_cast<UserPropertyType>(field.type)) != type.types.end();
+        if (field.name == name && isOfType) return userPropertyValue(field);
+    }
+    return missing(reader);
+}
+
+// A text of several values names them with commas, however the item's own text does.
+std::wstring commaText(std::wstring text) {
+    std::ranges::replace(text, L';', L',');
+    return text;
+}
+
 std::wstring messageClassOf(const ItemRecord& item) {
     const std::wstring own = item.field(L"MessageClass");
     if (!own.empty()) return own;
@@ -54,12 +102,6 @@ std::wstring messageClassOf(const ItemRecord& item) {
         default:
             return L"IPM.Note";
     }
-}
-
-Value missing(const OutlookObject& reader) {
-    if (reader.server().option(L"TableMissing") != L"error") return {};
-    constexpr long kNotFound = static_cast<long>(0x8004010FUL);
-    return Value(kNotFound, VT_ERROR);
 }
 
 bool hasShortIds(const OutlookObject& reader) {
@@ -92,6 +134,7 @@ std::wstring textOf(const ItemRecord& item, const std::wstring& column) {
     if (column == L"FullName" || column == L"Subject")
         return item.type == ItemType::Contact ? fullNameOf(item.fields) : item.field(L"Subject");
     if (column == L"FileAs" && item.field(column).empty()) return defaultFileAs(item.fields);
+    if (column == L"Categories") return commaText(item.field(column));
     const std::wstring telephone = telephoneOf(tagOf(column));
     return item.field(telephone.empty() ? column : telephone);
 }
@@ -108,6 +151,7 @@ std::vector<std::wstring> defaultColumns(ItemType folderType) {
 
 bool isColumn(const std::wstring& name) {
     const std::wstring tag = tagOf(name);
+    if (fieldTypeOf(name)) return true;
     if (!tag.empty()) return tag == kLastingId || tag == kRowId || !telephoneOf(tag).empty();
     return isTextProperty(name) || std::ranges::find(kOwnNames, name) != std::end(kOwnNames);
 }
@@ -124,6 +168,7 @@ Value cellOf(const OutlookObject& reader, const ItemRecord& item, const std::wst
     if (tag == kRowId) return bytesOf(rowId(reader, lastingId()));
     if (tag == kLastingId)
         return reader.server().option(L"TableIds") == L"short" ? bytesOf(lastingId()) : missing(reader);
+    if (const FieldType* type = fieldTypeOf(column)) return ownField(reader, item, column, *type);
     const std::wstring text = textOf(item, column);
     return text.empty() ? missing(reader) : toValue(text.substr(0, kWidestCell));
 }

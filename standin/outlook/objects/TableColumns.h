@@ -11,7 +11,8 @@ namespace standin::outlook {
 std::vector<std::wstring> defaultColumns(ItemType folderType);
 
 // Whether a column of this name can be added. The object model's own properties go by their names as they are
-// written there, others by a namespace.
+// written there, others by a namespace, users' own fields with their type at the
+// end.
 bool isColumn(const std::wstring& name);
 
 // Whether it shows more than an identifier.

@@ -146,8 +146,7 @@ UserProperty& UserPropertyObject::entry() const {
     return *own;
 }
 
-Value UserPropertyObject::value() const {
-    const UserProperty& own = entry();
+Value userPropertyValue(const UserProperty& own) {
     switch (static_cast<UserPropertyType>(own.type)) {
         case UserPropertyType::Text:
         case UserPropertyType::Keywords:

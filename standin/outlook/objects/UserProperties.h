@@ -17,6 +17,9 @@ enum class UserPropertyType : long {
     Integer = 20
 };
 
+// A field's value as Outlook gives it.
+Value userPropertyValue(const UserProperty& field);
+
 class UserProperties final : public OutlookObject {
   public:
     UserProperties(std::shared_ptr<Session> session, Ref<Item> item)
@@ -51,7 +54,7 @@ class UserPropertyObject final : public OutlookObject {
 
   private:
     UserProperty& entry() const;
-    Value value() const;
+    Value value() const { return userPropertyValue(entry()); }
     void setValue(const Value& value);
     std::wstring name() const { return entry().name; }
     long type() const { return entry().type; }
