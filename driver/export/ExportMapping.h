@@ -67,4 +67,10 @@ inline constexpr wchar_t kCategoryColumn[] = L"Categories";
 inline constexpr wchar_t kEmployeeIdProperty[] = L"EmployeeId";
 inline constexpr wchar_t kCategorieIdProperty[] = L"CategorieId";
 
+/// The same two as columns of Outlook's table, which gives them only where they are numbers.
+inline constexpr wchar_t kEmployeeIdTableColumn[] =
+    L"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/EmployeeId/0x00000005";
+inline constexpr wchar_t kCategorieIdTableColumn[] =
+    L"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/CategorieId/0x00000005";
+
 }  // namespace zelbar

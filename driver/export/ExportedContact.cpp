@@ -11,19 +11,25 @@ namespace zelbar {
 
 namespace {
 
-/// Nothing unless the property holds a whole number that an employee can have. A text is not ours, whatever
-/// it says.
+/// Nothing unless it is a whole number that an employee can have.
+std::optional<long> wholeNumber(double number) {
+    using Limits = std::numeric_limits<long>;
+    if (!(number >= Limits::min() && number <= Limits::max())) return {};
+    const long whole = static_cast<long>(number);
+    return static_cast<double>(whole) == number ? std::optional(whole) : std::nullopt;
+}
+
+/// As wholeNumber. A text is not ours, whatever it says.
 std::optional<long> numberIn(const Object& userProperties, const wchar_t* name) {
     const Object property = userProperties.object(outlook::UserPropertyAt, name);
     if (!property) return {};
     const Variant value = property.get(outlook::Value);
     if (value.type() == VT_I4) return value.raw().lVal;
-    if (value.type() != VT_R8) return {};
-    const double number = value.raw().dblVal;
-    using Limits = std::numeric_limits<long>;
-    if (!(number >= Limits::min() && number <= Limits::max())) return {};
-    const long whole = static_cast<long>(number);
-    return static_cast<double>(whole) == number ? std::optional(whole) : std::nullopt;
+    return value.type() == VT_R8 ? wholeNumber(value.raw().dblVal) : std::nullopt;
+}
+
+std::optional<long> numberIn(const VARIANT* cell) {
+    return cell && cell->vt == VT_R8 ? wholeNumber(cell->dblVal) : std::nullopt;
 }
 
 }  // namespace
@@ -43,11 +49,27 @@ std::optional<ExportedContact> identifyExported(const Object& item) {
     const Object properties = item.object(outlook::UserProperties);
     const std::optional<long> employeeId = numberIn(properties, kEmployeeIdProperty);
     if (!employeeId) return {};
-    return ExportedContact{item.text(outlook::EntryID),
-                           *employeeId,
-                           numberIn(properties, kCategorieIdProperty),
-                           toldText(item, outlook::Categories),
-                           {}};
+    return ExportedContact{
+        item.text(outlook::EntryID),         *employeeId, numberIn(properties, kCategorieIdProperty),
+        toldText(item, outlook::Categories), {},          ExportedContact::Item};
+}
+
+ExportedContact tellExported(const FolderTable::Row& row, bool withAddresses) {
+    ExportedContact unread;
+    unread.entryId = row.identifier();
+    unread.source = ExportedContact::Unread;
+    const auto kind = row.text(outlook::MessageClass.name), categories = row.text(outlook::Categories.name);
+    const auto employeeId = numberIn(row.cell(kEmployeeIdTableColumn));
+    if (!kind || !isContactClass(*kind) || !categories || !employeeId) return unread;
+    ExportedContact contact{unread.entryId, *employeeId, numberIn(row.cell(kCategorieIdTableColumn)),
+                            *categories,    {},          ExportedContact::Table};
+    for (size_t i = 0; i < kExportedColumnCount; ++i) {
+        const ExportedColumn& column = kExportedColumns[i];
+        if (column.isAddress && !withAddresses) continue;
+        contact.texts[i] = row.text(column.field.name);
+        if (!contact.texts[i]) return unread;
+    }
+    return contact;
 }
 
 void readTexts(const Object& item, ExportedContact& contact, AddressAccess& addresses) {

@@ -8,6 +8,7 @@
 #include "export/ExportFolder.h"
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
+#include "export/FolderContacts.h"
 #include "export/UserContent.h"
 
 namespace zelbar {
@@ -15,73 +16,56 @@ namespace zelbar {
 namespace {
 
 constexpr wchar_t kRoutine[] = L"cDataConnector.SynchronizeExportFolder";
-/// Only contacts are looked for by their identifiers here.
-constexpr Member kGetContact{L"GetItemFromID", outlook::kContact};
 
 /// One run. The folder is only read until it is known what there is to do: a change can move items within the
 /// collection that is being walked. Nothing is removed, and nobody added, on the strength of what was not
-/// answered.
+/// answered, or what a table alone has said.
 class Synchronization {
   public:
-    Synchronization(ExportRun& run, Object session, Object folder, std::vector<EmployeeRow> rows)
-        : run_(run),
-          session_(std::move(session)),
-          folder_(std::move(folder)),
-          items_(folder_.object(outlook::Items)),
-          storeId_(folder_.text(outlook::StoreID)),
-          rows_(std::move(rows)) {}
+    Synchronization(ExportRun& run, FolderContacts folder, std::vector<EmployeeRow> rows)
+        : run_(run), folder_(std::move(folder)), rows_(std::move(rows)) {}
 
     void carryOut() {
-        readFolder();
-        const ExportPlan plan = planExport(contacts_, rows_, run_.categories());
-        removed_.resize(contacts_.size());
+        folder_.read();
+        const ExportPlan plan = confirmedPlan();
+        removed_.resize(contacts().size());
         removeDoubles(plan);
         changeContacts(plan);
         addMissing(plan);
         run_.trace(L" save export folder");
         const auto deadline = run_.timeForUser();
-        storeExportFolder(folder_);
+        storeExportFolder(folder_.folder());
     }
 
   private:
-    void readFolder() {
-        const long count = itemCount();
-        run_.begin(L"compare", static_cast<size_t>(count));
-        for (long index = 1; index <= count; ++index) {
-            run_.trace(L" do while for index: ", index);
-            readItem(index);
-            run_.advance();
+    /// Where something is to be done about an employee, all of his contacts have been read from their items.
+    ExportPlan confirmedPlan() {
+        while (true) {
+            ExportPlan plan = planExport(contacts(), rows_, run_.categories());
+            if (!folder_.confirm(concerned(plan))) return plan;
         }
-        // When the folder shrinks under the walk, one item slips past; when it grows, one is not met.
-        keptStill_ = itemCount() == count;
     }
 
-    long itemCount() const {
-        const auto deadline = run_.timeForUser();
-        return items_.integer(outlook::Count);
-    }
-
-    void readItem(long index) {
-        const auto line = static_cast<size_t>(index);
-        Object item;
-        if (!run_.guarded(line, [&] { item = newContact(index); })) allIdentified_ = false;
-        if (item) run_.guarded(line, [&] { readTexts(item, contacts_.back(), run_.addresses()); });
-    }
-
-    /// The item if it is an exported contact that has not been met: one that moves up while the folder grows
-    /// under the walk comes by twice.
-    Object newContact(long index) {
-        Object item = items_.object(outlook::ItemAt, index);
-        auto contact = identifyExported(item);
-        if (!contact || !seen_.insert(contact->entryId).second) return {};
-        contacts_.push_back(std::move(*contact));
-        return item;
+    /// The employees about whom there is something to do.
+    std::unordered_set<long> concerned(const ExportPlan& plan) const {
+        std::unordered_set<long> result;
+        for (const size_t row : plan.missing) result.insert(*rows_[row].employeeId);
+        for (const std::vector<size_t>& group : plan.doubles)
+            result.insert(contacts()[group.front()].employeeId);
+        for (size_t i = 0; i < contacts().size(); ++i) {
+            const ExportedContact& contact = contacts()[i];
+            const std::optional<size_t> row = plan.rowOfContact[i];
+            const bool stays =
+                row ? changesFor(contact, rows_[*row], run_.categories()).empty() : !mayRemove(contact);
+            if (!stays) result.insert(contact.employeeId);
+        }
+        return result;
     }
 
     /// Two computers that have filled the folder at the same time, or a second initialisation, leave doubles.
     /// An item whose number could not be read may be one of them, so that it is not known which one to keep.
     void removeDoubles(const ExportPlan& plan) {
-        if (plan.doubles.empty() || !allIdentified_) return;
+        if (plan.doubles.empty() || !folder_.allIdentified()) return;
         run_.begin(L"doubles", plan.doubles.size());
         for (const std::vector<size_t>& group : plan.doubles) {
             const size_t row = *plan.rowOfContact[group.front()];
@@ -95,7 +79,7 @@ class Synchronization {
     void removeDoubles(const std::vector<size_t>& group, const EmployeeRow& row) {
         std::vector<UserContent> contents;
         for (const size_t contact : group) {
-            auto content = UserContent::of(opened(contacts_[contact]), contacts_[contact], row,
+            auto content = UserContent::of(folder_.opened(contacts()[contact]), contacts()[contact], row,
                                            run_.categories(), run_.addresses());
             if (!content) return;
             contents.push_back(std::move(*content));
@@ -104,21 +88,21 @@ class Synchronization {
             for (size_t other = 0; other < group.size(); ++other) {
                 if (other == one || removed_[group[other]] || !contents[one].isWithin(contents[other]))
                     continue;
-                if (mayRemove(contacts_[group[one]])) remove(group[one]);
+                if (mayRemove(contacts()[group[one]])) remove(group[one]);
                 break;
             }
     }
 
     void changeContacts(const ExportPlan& plan) {
-        run_.begin(L"change", contacts_.size());
-        for (size_t i = 0; i < contacts_.size(); ++i) {
+        run_.begin(L"change", contacts().size());
+        for (size_t i = 0; i < contacts().size(); ++i) {
             if (!removed_[i]) changeOrRemove(i, plan.rowOfContact[i]);
             run_.advance();
         }
     }
 
     void changeOrRemove(size_t index, std::optional<size_t> row) {
-        const ExportedContact& contact = contacts_[index];
+        const ExportedContact& contact = contacts()[index];
         run_.trace(row ? L" found: " : L" not found: ", L"[employeeId] = ", contact.employeeId);
         run_.guarded(row ? *row + 1 : index + 1, [&] {
             if (row)
@@ -130,7 +114,7 @@ class Synchronization {
 
     void change(const ExportedContact& contact, const EmployeeRow& row) {
         const ContactChanges changes = changesFor(contact, row, run_.categories());
-        if (!changes.empty()) applyChanges(opened(contact), changes);
+        if (!changes.empty()) applyChanges(folder_.opened(contact), changes);
     }
 
     /// A directory without a single row is one that is being set up or has been lost, a row without a number
@@ -142,13 +126,9 @@ class Synchronization {
     }
 
     void remove(size_t index) {
-        run_.trace(L" remove contacts: ", contacts_[index].employeeId);
-        opened(contacts_[index]).call(outlook::Delete);
+        run_.trace(L" remove contacts: ", contacts()[index].employeeId);
+        folder_.opened(contacts()[index]).call(outlook::Delete);
         removed_[index] = true;
-    }
-
-    Object opened(const ExportedContact& contact) const {
-        return session_.object(kGetContact, contact.entryId, storeId_);
     }
 
     /// A contact that was not met may be the one that seems to be missing; the next run knows. One that
@@ -156,7 +136,7 @@ class Synchronization {
     /// be read.
     void addMissing(const ExportPlan& plan) {
         if (plan.missing.empty()) return;
-        if (!keptStill_ || run_.outlookFailed()) {
+        if (!folder_.keptStill() || run_.outlookFailed()) {
             run_.trace(L" left for the next run, since the folder could not be read as a whole: ",
                        plan.missing.size());
             run_.incomplete();
@@ -164,22 +144,17 @@ class Synchronization {
         }
         run_.begin(L"add", plan.missing.size());
         for (const size_t row : plan.missing) {
-            run_.add(items_, rows_[row], row + 1);
+            run_.add(folder_.items(), rows_[row], row + 1);
             run_.advance();
         }
     }
 
+    const std::vector<ExportedContact>& contacts() const { return folder_.all(); }
+
     ExportRun& run_;
-    Object session_;
-    Object folder_;
-    Object items_;
-    std::wstring storeId_;
+    FolderContacts folder_;
     std::vector<EmployeeRow> rows_;
-    std::vector<ExportedContact> contacts_;
-    std::unordered_set<std::wstring> seen_;
     std::vector<bool> removed_;
-    bool allIdentified_ = true;
-    bool keptStill_ = false;
 };
 
 /// The folder, made anew where a name is given for it; none when that is taken.
@@ -203,7 +178,9 @@ bool synchronizeExportFolder(const ExportParts& parts, const std::wstring& datab
         const auto deadline = run.timeForUser();
         const Object folder = folderFor(parts, folderName);
         if (!folder) return false;
-        synchronization.emplace(run, parts.outlook.GetNameSpace(), folder, std::move(rows));
+        const Object session = parts.outlook.GetNameSpace();
+        synchronization.emplace(run, FolderContacts(run, parts.outlook.GetApp(), session, folder),
+                                std::move(rows));
     }
     synchronization->carryOut();
     return run.complete();

@@ -23,10 +23,14 @@ inline std::wstring userProperty(const ItemRecord& item, const std::wstring& nam
     return {};
 }
 
-/// The driver with a directory to export, wxd.mdb in the data folder.
-class ExportTest : public DriverTest {
+/// The driver with a directory to export, wxd.mdb in the data folder. With an Outlook whose table the driver
+/// may read, or not.
+class ExportTest : public DriverTest, public testing::WithParamInterface<bool> {
   protected:
     ExportTest() {
+        outlook.server().setOption(L"Version", GetParam() ? L"16.0" : L"11.0");
+        registry.set(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Office\\16.0\\Outlook\\Security",
+                     L"ObjectModelGuard", REG_DWORD, {'\2', 0, 0, 0});
         createDatabase(L"wxd.mdb");
         std::wstring columns;
         for (const wchar_t* name : kColumns) columns += std::wstring(L", ") + name + L" Text(80)";
