@@ -54,8 +54,9 @@ void putInPlace(const std::wstring& path, Observer& observer) {
 
 }  // namespace
 
-CacheFile::CacheFile(zelbar::Gateway& gateway, const std::wstring& path)
-    : path_(path), isNew_(!fileExists(path)) {
+CacheFile::CacheFile(const std::wstring& path) : path_(path), isNew_(!fileExists(path)) {}
+
+CacheFile::CacheFile(zelbar::Gateway& gateway, const std::wstring& path) : CacheFile(path) {
     const Object engine = createEngine(gateway);
     // An engine without the setting still serves all but very large address books.
     zelbar::Attempts()([&] { engine.call(dao::SetOption, dao::kMaxLocksPerFile, kMostLocks); });

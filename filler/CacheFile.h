@@ -28,6 +28,8 @@ class CacheFile {
     void finish(Observer& observer);
 
   private:
+    /// What the other one has begun, this one's end clears away.
+    explicit CacheFile(const std::wstring& path);
     void openOld();
     void close() noexcept;
 

@@ -49,7 +49,8 @@ bool SynchroFlag::isOthers() const {
 }
 
 SynchroFlag::~SynchroFlag() {
-    if (raised_) zelbar::Attempts()(takeDown);
+    // Twice, since a client waits for as long as it is up.
+    if (raised_ && !zelbar::Attempts()(takeDown)) zelbar::Attempts()(takeDown);
 }
 
 }  // namespace filler
