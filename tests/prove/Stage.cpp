@@ -138,7 +138,8 @@ void Stage::addMailbox(Facts& facts) {
         "item IN (SELECT i.id FROM items i JOIN folders f ON f.id = i.folder AND f.name = "
         "'Staff' JOIN userProperties p ON p.item = i.id)";
     const std::string kTables[] = {
-        "SELECT 'folder|' || store || '|' || name FROM folders WHERE parent IS NOT NULL",
+        "SELECT 'folder|' || store || '|' || name FROM folders WHERE parent IS NOT NULL AND parent NOT IN "
+        "(SELECT id FROM folders WHERE special = 3)",
         "SELECT CASE WHEN " + copied +
             " THEN 'copy|' ELSE 'item|' || item || '|' END || folder "
             "FROM (SELECT id AS item, folder FROM items) WHERE" +
