@@ -9,6 +9,7 @@
 
 #include "filler/CacheTable.h"
 #include "filler/Digest.h"
+#include "filler/Failure.h"
 #include "filler/FillMark.h"
 #include "filler/StoreKeys.h"
 
@@ -106,15 +107,15 @@ class Update {
             change.numberCount += static_cast<long>(entry.contact.numbers.size());
         if (isAsLeft()) return change;
         setTargets();
-        const Difference stores = compare(file_, stores_, observer_);
-        const Difference numbers = compare(file_, numbers_, observer_);
+        Difference stores = compare(file_, stores_, observer_);
+        Difference numbers = compare(file_, numbers_, observer_);
         change.storesChanged = stores.any();
         change.added = static_cast<long>(numbers.missing.size());
         change.removed = numbers.surplus;
         change.created = file_.isNew();
         if (!change.any() && hasTables()) return change;
         flag.raise();
-        write(stores, numbers);
+        write(std::move(stores), std::move(numbers));
         return change;
     }
 
@@ -158,10 +159,20 @@ class Update {
             }
     }
 
-    void write(const Difference& stores, const Difference& numbers) {
+    /// What is there is read again before it counts: a row that was misread on the way would have been
+    /// removed, and another program may have changed the tables meanwhile.
+    void write(Difference stores, Difference numbers) {
+        constexpr int kMostRounds = 3;
         Transaction transaction(file_.workspace());
-        apply(stores_, stores, transaction);
-        apply(numbers_, numbers, transaction);
+        for (int round = 0;; ++round) {
+            if (round == kMostRounds) throw Failure{L"The cache does not become what it is to be."};
+            apply(stores_, stores, transaction);
+            apply(numbers_, numbers, transaction);
+            if (file_.isNew()) break;
+            stores = compare(file_, stores_, observer_);
+            numbers = compare(file_, numbers_, observer_);
+            if (!stores.any() && !numbers.any()) break;
+        }
         storeMark(file_, book_.isComplete() ? sources_ + L" " + targetsMark() : L"");
         goOn(observer_);
         transaction.commit();

@@ -168,9 +168,7 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
     const Facts mayGo = without(before_, twice_);
     const bool copiesGo = event.meanwhile || kindsOf(mayGo).contains("copy");
     // Where Outlook says that a contact has no number, or is gone, its rows go with the next fill.
-    // And what DAO has not done without a word, nobody can know.
-    const bool mayMiss = kind == Kind::Outlook || (kind == Kind::Dao && event.answer != VT_ILLEGAL);
-    long rowsGo = !scenario_.rest.hasClient && mayMiss ? kMostOfOneContact : 0;
+    long rowsGo = !scenario_.rest.hasClient && kind == Kind::Outlook ? kMostOfOneContact : 0;
     if (kind == Kind::OutlookItem) rowsGo = LONG_MAX;
     for (const std::string& each : without(without(before_, now), mayGo)) {
         if (each.starts_with("row|") && --rowsGo >= 0) continue;
