@@ -19,7 +19,6 @@ using zelbar::Variant;
 inline constexpr long kDynaset = 2;
 inline constexpr long kFailOnError = 128;
 
-/// The number of the error that an action raises; 0 when it raises none.
 inline long errorOf(const std::function<void()>& action) {
     return zelbar::faultOf(action).number;
 }
@@ -40,18 +39,8 @@ class DaoTest : public testing::Test {
         database_ = engine_ = Object();
         EXPECT_EQ(host_.server().liveObjects(), 0);
     }
-    Object newEngine() {
-        zelbar::Com<IDispatch> engine;
-        CoCreateInstance(standin::dao::kEngineClass, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IDispatch),
-                         reinterpret_cast<void**>(engine.put()));
-        return Object(zelbar::Gateway(), zelbar::Server::Dao, std::move(engine), zelbar::kUnknownClass);
-    }
-    Object open(const std::wstring& path) { return engine_.object({L"OpenDatabase"}, path); }
     void run(const std::wstring& sql) { database_.call({L"Execute"}, sql, kFailOnError); }
-    Object query(const std::wstring& sql) { return query(database_, sql); }
-    static Object query(const Object& database, const std::wstring& sql) {
-        return database.object({L"OpenRecordset"}, sql, kDynaset);
-    }
+    Object query(const std::wstring& sql) { return database_.object({L"OpenRecordset"}, sql, kDynaset); }
     /// TCache as the product has it, with one row for each name; numbers are 1001, 1002, ...
     void makeCache(const std::vector<std::wstring>& names) {
         run(L"CREATE TABLE TCache (Name TEXT(255), PhoneNumber TEXT(50), EntryId TEXT(255), StoreID "
@@ -71,7 +60,8 @@ class DaoTest : public testing::Test {
     standin::dao::Host host_;
     harness::TemporaryFolder folder_;
     std::wstring path_ = folder_.file(L"test.mdb");
-    Object engine_ = newEngine();
+    Object engine_ =
+        zelbar::Gateway().create(zelbar::Server::Dao, standin::dao::kEngineProgId, zelbar::kUnknownClass);
     Object database_ = engine_.object({L"CreateDatabase"}, path_, L";LANGID=0x0409;CP=1252");
 };
 

@@ -1,7 +1,25 @@
+#include <tuple>
+
+#include "standin/dao/DaoError.h"
+#include "standin/dao/Like.h"
 #include "tests/standin_dao/Client.h"
 
 namespace client {
 namespace {
+
+TEST(Like, MatchesAsJetDoes) {
+    constexpr std::tuple<const wchar_t*, const wchar_t*, bool> kCases[] = {
+        {L"", L"a", false},          {L"abc", L"abc ", false},     {L"#", L"\x0667", false},
+        {L"##", L"09", true},        {L"[*][?][[]", L"*?[", true}, {L"a]b", L"a]b", true},
+        {L"[abc]", L"B", true},      {L"[!abc]", L"d", true},      {L"[!abc]", L"A", false},
+        {L"[!]", L"!", true},        {L"[a-c]x", L"Bx", true},     {L"[A-E]", L"\x00CA", false},
+        {L"[A-F]", L"\x00CA", true}, {L"_", L"x", false},          {L"M\x00DCLLER", L"m\x00FCller", true},
+    };
+    for (const auto& [pattern, text, matches] : kCases)
+        EXPECT_EQ(standin::dao::LikePattern(pattern).matches(text), matches) << pattern << " | " << text;
+    for (const wchar_t* pattern : {L"[", L"a[bc", L"[!", L"[z-a]"})
+        EXPECT_THROW(standin::dao::LikePattern{pattern}, standin::dao::DaoError) << pattern;
+}
 
 class SqlTest : public DaoTest {
   protected:
@@ -37,6 +55,7 @@ TEST_F(SqlTest, RefusesWhatJetRefuses) {
         {L"Select * From Employees Where EmployeeId = 'five'", 3464},
     };
     for (const auto& [sql, number] : kQueries) EXPECT_EQ(errorOf([&] { query(sql); }), number) << sql;
+    EXPECT_EQ(errorOf([&] { run(L"Insert Into TCache (Name) Values ('x', 'y')"); }), 3346);
 }
 
 }  // namespace
