@@ -9,6 +9,7 @@
 #include "automation/OutlookNames.h"
 #include "tests/automation/FaultOf.h"
 #include "tests/automation/StrictObject.h"
+#include "tests/harness/ClientFilter.h"
 
 namespace zelbar {
 namespace {
@@ -75,28 +76,6 @@ struct DeadlineTest : testing::Test {
         return came;
     }
 };
-
-TEST_F(DeadlineTest, ABusyOutlookIsAskedAgainEverMoreSlowlyAndOneThatIsOverIsReported) {
-    const struct {
-        ULONGLONG until;
-        int came;
-        ULONGLONG least, most;
-        std::wstring reported;
-    } cases[] = {{4000, 12, 3000, 3400, L""}, {100000, 0, kLimit, kLimit, L"Name 5000"}};
-    for (const auto& c : cases) {
-        begin();
-        answer = [&](ULONGLONG begun) { return begun < c.until ? kRejected : S_OK; };
-        EXPECT_EQ(twelveReads(object()), c.came);
-        EXPECT_LT(calls, 40);
-        EXPECT_GE(clock.time - 1000, c.least);
-        EXPECT_LE(clock.time - 1000, c.most);
-        EXPECT_EQ(reported, c.reported);
-    }
-    answer = [](ULONGLONG) { return S_OK; };
-    EXPECT_EQ(twelveReads(object()), 0) << "nobody waits for it again";
-    clock.time += 5000;
-    EXPECT_EQ(twelveReads(object()), 12);
-}
 
 TEST_F(DeadlineTest, WhatMayHaveBeenDoneIsNotAskedTwice) {
     const Object item = object();
@@ -178,6 +157,7 @@ TEST_F(DeadlineTest, AReferenceWaitsForItsReleaseUntilOutlookAnswers) {
     Object given = object(), other = object();
     answer = late;
     twelveReads(given);
+    EXPECT_EQ(reported, L"Name 5000");
     given = {};
     clock.time += 60000;
     EXPECT_EQ(outlook.references, 3) << "to give it back is a call too";
@@ -195,6 +175,49 @@ TEST_F(DeadlineTest, AReferenceWaitsForItsReleaseUntilOutlookAnswers) {
         EXPECT_EQ(outlook.references, references) << "in the end, where it may answer by then";
     }
     outlook.references = 1;
+}
+
+/// The thread's filter, which stays.
+Com<IMessageFilter> currentFilter() {
+    Com<IMessageFilter> filter;
+    CoRegisterMessageFilter(nullptr, filter.put());
+    CoRegisterMessageFilter(filter.get(), nullptr);
+    return filter;
+}
+
+TEST_F(DeadlineTest, OnlyTheClockDecidesAndIncomingCallsAreTheClients) {
+    harness::ClientFilter client;
+    const Object item = object();
+    for (IMessageFilter* const before :
+         {static_cast<IMessageFilter*>(nullptr), static_cast<IMessageFilter*>(&client)}) {
+        CoRegisterMessageFilter(before, nullptr);
+        Com<IMessageFilter> ours;
+        answer = [&](ULONGLONG begun) {
+            ours = currentFilter();
+            EXPECT_EQ(ours->HandleInComingCall(2, nullptr, 0, nullptr),
+                      before ? SERVERCALL_RETRYLATER : SERVERCALL_ISHANDLED);
+            EXPECT_EQ(ours->MessagePending(nullptr, 0, 1), PENDINGMSG_WAITDEFPROCESS);
+            for (const auto& [passed, wait] : {std::pair(0ul, 200u), {kLimit - 50, 100u}, {kLimit, ~0u}}) {
+                clock.time = begun + passed;
+                EXPECT_EQ(ours->RetryRejectedCall(nullptr, 0, SERVERCALL_RETRYLATER), wait);
+            }
+            EXPECT_EQ(ours->MessagePending(nullptr, 0, 1), PENDINGMSG_CANCELCALL);
+            return S_OK;
+        };
+        EXPECT_EQ(twelveReads(item), 1);
+        EXPECT_EQ(currentFilter().get(), before) << "put back, also none";
+        // Whoever has kept it has nothing but the one before.
+        EXPECT_EQ(ours->MessagePending(nullptr, 0, 1),
+                  before ? PENDINGMSG_WAITNOPROCESS : PENDINGMSG_WAITDEFPROCESS);
+        EXPECT_EQ(ours->RetryRejectedCall(nullptr, 0, SERVERCALL_REJECTED), before ? 77 : ~0u);
+        clock.time += kLimit;
+    }
+    for (IMessageFilter* const theirs : {static_cast<IMessageFilter*>(&client), {nullptr}}) {
+        answer = [&](ULONGLONG) { return CoRegisterMessageFilter(theirs, nullptr); };
+        twelveReads(item);
+        EXPECT_EQ(currentFilter().get(), theirs) << "who registers one meanwhile keeps it";
+    }
+    EXPECT_EQ(client.references, 1);
 }
 
 }  // namespace
