@@ -1,11 +1,6 @@
-#include <windows.h>
-
-#include <oleauto.h>
-
 #include "client/CallInformation.h"
 #include "core/DriverState.h"
 #include "tests/client/HostedTest.h"
-#include "tests/harness/Files.h"
 
 namespace pimcall {
 namespace {

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <set>
+#include <sstream>
 
 #include "client/bundle/Masker.h"
 #include "client/doctor/Machine.h"
@@ -72,16 +73,9 @@ class BundleTest : public HostedTest {
     }
     /// A whole text, and each word of it that could tell somebody.
     void secret(const std::wstring& text, bool itsWords = true) {
-        if (text.size() > 3) secrets_.insert(caseFolded(text));
-        std::wstring word;
-        for (const wchar_t c : itsWords ? text + L" " : L"") {
-            if (bundle::isWordCharacter(c)) {
-                word += c;
-                continue;
-            }
+        std::wistringstream words(itsWords ? text : L"");
+        for (std::wstring word = text; !word.empty(); word.clear(), words >> word)
             if (word.size() > 3) secrets_.insert(caseFolded(word));
-            word.clear();
-        }
     }
     /// What a day with these contacts leaves in the logs.
     void callEverybody() {

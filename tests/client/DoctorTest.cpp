@@ -113,7 +113,6 @@ TEST(Doctor, EachCheckSeesWhatIsWrong) {
     }
 }
 
-/// Machines broken where Windows keeps the things that are looked at.
 class BrokenMachineTest : public HostedTest {
   protected:
     static std::wstring classes(const std::wstring& key) { return L"Software\\Classes\\" + key; }
@@ -180,7 +179,6 @@ TEST_F(BrokenMachineTest, IsSeenThroughTheRegistryAndTheFiles) {
     EXPECT_FALSE(harness::exists(folder.file(L"none"))) << "changes nothing";
 }
 
-/// An Outlook that a user has started.
 class RunningOutlook : public testing::Test {
   protected:
     harness::TemporaryFolder folder;

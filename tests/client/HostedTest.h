@@ -1,7 +1,5 @@
 #pragma once
 
-#include <PIMDriverAbstract.h>
-
 #include "com/ClassFactory.h"
 #include "connector/cDataConnector.h"
 #include "tests/client/ProgramRun.h"

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "client/ContactText.h"
+#include "client/Json.h"
 #include "client/commands/Commands.h"
 #include "tests/client/ProgramRun.h"
 #include "tests/harness/Process.h"
@@ -17,6 +19,10 @@ TEST(Program, WrongCommandLinesNeverReachTheDriver) {
     const std::vector<std::wstring> cases[] = {
         {},
         {L"call"},
+        {L"call", L"--from="},
+        {L"call", L"--from", L"--to", L"1"},
+        {L"call", L"--from", L"1", L"--from", L"1"},
+        {L"find", L"--number", L"1", L"--all=1"},
         {L"call", L"--from", L"1", L"--to", L"1"},
         {L"show", L"a", L"b"},
         {L"actions", L"4097"},
@@ -123,6 +129,24 @@ TEST(Forms, AreShownForEachNumberInItsOrder) {
     EXPECT_EQ(json.exitCode, ExitCode::Found);
     EXPECT_EQ(ProgramRun({L"forms", L"--country", L"XX", L"1"}, noDriver).exitCode, ExitCode::Usage);
     EXPECT_EQ(ProgramRun({L"forms", L"--country", L"FR"}, noDriver).exitCode, ExitCode::Usage);
+}
+
+TEST(Json, EscapesWhatStrictReadersRefuse) {
+    const std::pair<std::wstring, std::wstring> cases[] = {
+        {L"a \"b\" c:\\d", L"\"a \\\"b\\\" c:\\\\d\""},
+        {std::wstring(L"\0\t\r\n", 4), L"\"\\u0000\\t\\u000d\\n\""},
+        {L"\x7F\x2028\x202E", L"\"\\u007f\\u2028\\u202e\""},
+        {L"\xD83D\xD83D\xDE00x", L"\"\uFFFD\U0001F600x\""},
+    };
+    for (const auto& [text, expected] : cases) EXPECT_EQ(expected, json::quoted(text));
+}
+
+TEST(ContactText, LetsNoNameSteerTheScreen) {
+    ContactCard card;
+    card.firstName = L"A\x1B[2J";
+    card.lastName = L"B\r\n\x9D";
+    card.department = L"x\ty\u202Ez\u2069\u200F";
+    EXPECT_EQ(L"A [2J B   \n  Department    x y z  \n  In Outlook    no\n", contactText(card, false));
 }
 
 }  // namespace
