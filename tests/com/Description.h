@@ -17,7 +17,6 @@
 /// What a type library says about interfaces, for tests: read through the platform, not through the driver.
 namespace zelbar {
 
-/// What a member takes from or gives to its caller.
 struct ParameterDescription {
     VARTYPE type = VT_EMPTY;  ///< VT_USERDEFINED for one of the library's own interfaces.
     bool isReference = false;
@@ -41,7 +40,6 @@ struct InterfaceDescription {
     std::vector<MemberDescription> members;
 };
 
-/// The name of a type, or of one of its members.
 inline std::string nameOf(ITypeInfo& info, MEMBERID member = MEMBERID_NIL) {
     Bstr name;
     info.GetDocumentation(member, name.put(), nullptr, nullptr, nullptr);

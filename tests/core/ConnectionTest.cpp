@@ -78,24 +78,15 @@ TEST_F(Connection, AnItemIsLookedForInItsStoreThenInAllOthers) {
     EXPECT_TRUE(traced("    GetContactFromID() -2147221233 (0x8004010F) "));
 }
 
-TEST_F(Connection, StoresAreReadInTheOrderOfTheTable) {
+TEST_F(Connection, AHundredStoresAreReadInTheOrderOfTheTableAndTheNextIsAnError) {
     writeCache({});
-    addCacheStore(L"2", L"SECOND");
-    addCacheStore(L"2", L"THIRD");
+    for (int i = 2; i <= 102; ++i) addCacheStore(std::to_wstring(i / 2 * 2), L"S" + std::to_wstring(i));
     connector();
     const StoreTable& stores = driver().cache.stores();
-    EXPECT_EQ(stores.at(2).storeId, L"SECOND");
-    EXPECT_EQ(stores.at(3).storeId, L"THIRD");
-    EXPECT_EQ(stores.storeIdOf(L"2"), L"SECOND");
-    EXPECT_EQ(stores.storeIdOf(L"9"), L"");
-    EXPECT_EQ(stores.storeIdOf(L""), L"");
-}
-
-TEST_F(Connection, AHundredStoresAreKeptAndTheNextIsAnError) {
-    writeCache({});
-    for (int i = 2; i <= 102; ++i) addCacheStore(std::to_wstring(i), L"S" + std::to_wstring(i));
-    connector();
-    EXPECT_EQ(driver().cache.stores().at(100).storeId, L"S100");
+    EXPECT_EQ(stores.at(2).storeId, L"S2");
+    EXPECT_EQ(stores.at(100).storeId, L"S100");
+    EXPECT_EQ(stores.storeIdOf(L"2"), L"S2") << "the first of that number";
+    for (const wchar_t* none : {L"999", L""}) EXPECT_EQ(stores.storeIdOf(none), L"");
     EXPECT_TRUE(traced("  i=100"));
     EXPECT_FALSE(traced("  i=101"));
     EXPECT_TRUE(traced("Error(ReadPst): Subscript out of range in "));

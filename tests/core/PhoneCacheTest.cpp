@@ -9,7 +9,6 @@ namespace zelbar {
 
 namespace {
 
-/// A cache with contacts 1 to `count`, number and name alike.
 PhoneCache filled(int count) {
     PhoneCache cache;
     const auto contact = makeObject<cContact>(contactParts(driver()));

@@ -5,7 +5,6 @@
 #include "support/Module.h"
 #include "tests/harness/Files.h"
 #include "tests/harness/RegistrySandbox.h"
-#include "tests/harness/TemporaryFolder.h"
 
 namespace zelbar {
 
