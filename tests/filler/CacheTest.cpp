@@ -1,5 +1,4 @@
 #include "tests/filler/Fixture.h"
-#include "tests/harness/Files.h"
 
 /// The cache as the filler makes and changes it, to the end or not.
 namespace {

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "automation/DaoNames.h"
-#include "automation/Gateway.h"
 #include "filler/FillCache.h"
 #include "tests/fixture/DriverTest.h"
 
@@ -17,7 +16,6 @@ using Texts = std::vector<std::wstring>;
 using standin::outlook::FolderRecord;
 using standin::outlook::ItemRecord;
 
-/// Watches a run, and ends it where a test wants that.
 struct TestObserver : filler::Observer {
     void progress(const wchar_t* what, long, long) override {
         if (onProgress) onProgress(what);

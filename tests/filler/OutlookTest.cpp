@@ -1,5 +1,4 @@
 #include "tests/filler/Fixture.h"
-#include "tests/harness/Files.h"
 
 /// What the filler makes of Outlook, and of an Outlook that fails.
 namespace {
