@@ -1,8 +1,8 @@
 #!/bin/sh
 # usage: tests/dialogs/real-input.sh
 # The window for the choice of contacts folders, worked by a real mouse and keyboard: on a display of its own,
-# from the pointer and the keys through to the settings. Ends with "1 passed" or "1 failed". The settings of the
-# prefix's user go.
+# from the pointer and the keys through to the settings. Ends with "1 passed" or "1 failed". What the prefix's
+# user has goes.
 set -eu
 ROOT=$(cd "$(dirname "$(readlink -f "$0")")/../.." && pwd)
 . "$ROOT/scripts/lib/common.sh"
@@ -10,24 +10,17 @@ ROOT=$(cd "$(dirname "$(readlink -f "$0")")/../.." && pwd)
 . "$ROOT/scripts/lib/programs.sh"
 
 TITLE='Outlook contacts folders selection'
-DESKTOP=realinput$$
-SETTINGS='HKCU\Software\Norvane\7316\Popup'
 # The middle of the first line's box, from the window's upper left corner (at 96 dots per inch).
 BOX='25 61'
 
 folder=$(mktemp -d)
 display_server=
-desktop=
 
-# tidy: ends what this run has started.
 tidy() {
     status=$?
     trap - EXIT
-    for process in $display_server $desktop; do
-        kill "$process" 2>/dev/null || :
-    done
-    wine_quiet "$BIN/outlook_standin.exe" quit || :
-    wine_quiet reg delete "$SETTINGS" /f || :
+    fresh_state
+    [ -z "$display_server" ] || kill "$display_server" || :
     rm -rf "$folder"
     [ "$status" = 0 ] && echo "1 passed" || echo "1 failed"
     exit "$status"
@@ -39,12 +32,11 @@ trap 'exit 1' INT TERM HUP
 until_true() {
     what=$1
     shift
-    tries=0
-    until "$@"; do
-        tries=$((tries + 1))
-        [ "$tries" -lt 200 ] || fail "waited too long for $what"
+    for _ in $(seq 200); do
+        "$@" && return
         sleep 0.1
     done
+    fail "waited too long for $what"
 }
 # find_window TITLE: its number in $window.
 find_window() {
@@ -53,23 +45,19 @@ find_window() {
 is_closed() { ! find_window "$TITLE"; }
 # press THING...: to xdotool; never waits for ever.
 press() { timeout 10 xdotool "$@" || fail "the display does not take xdotool $*"; }
-# stored NAME: the values of that name in the stored selection, in the order of their numbers.
-stored() {
-    wine_quiet reg query "$SETTINGS\\zelbar00folder" || :
-    tr -d '\r' <"$PREFIX/setup.log" | sort | awk -v name="^$1[0-9]*\$" '$1 ~ name { printf "%s ", $3 }'
+# is_stored NAME VALUES: those of that name in the stored selection, in the order of their numbers.
+is_stored() {
+    wine_quiet reg query 'HKCU\Software\Norvane\7316\Popup\zelbar00folder' || :
+    stored=$(tr -d '\r' <"$PREFIX/setup.log" | sort | awk -v name="^$1[0-9]*\$" '$1 ~ name { printf "%s ", $3 }')
+    [ "$stored" = "$2 " ]
 }
-# The first choice is saved as soon as the folders are known.
-is_listed() { [ "$(stored selectId)" = "-1 -1 -1 -1 " ]; }
 
 for program in Xvfb xdotool; do
     command -v "$program" >/dev/null || fail "there is no $program; run scripts/setup first"
 done
 prefix_ready
 register_programs
-wine_quiet "$BIN/outlook_standin.exe" quit || :
-wine_quiet reg delete "$SETTINGS" /f || :
-STANDIN_MAILBOX=$(windows_path "$folder/mailbox.db")
-export STANDIN_MAILBOX
+fresh_state
 for cards in Mailbox/Contacts Club/Members Sales/Customers; do
     wine_quiet "$BIN/outlook_standin.exe" import --store "${cards%/*}" \
         "$(windows_path "$ROOT/samples/$cards.vcf")" || fail "no mailbox could be made; see $PREFIX/setup.log"
@@ -81,18 +69,17 @@ DISPLAY=:$(cat "$folder/display")
 export DISPLAY
 
 # What the client's user does to get the window, on a Windows desktop that has the keyboard.
-timeout -k 5 60 "$WINE" explorer "/desktop=$DESKTOP,1024x768" "$(windows_path "$BIN/pimcall.exe")" config \
+timeout -k 5 60 "$WINE" explorer "/desktop=realinput,1024x768" "$(windows_path "$BIN/pimcall.exe")" config \
     </dev/null >"$folder/pimcall.log" 2>&1 &
-desktop=$!
-until_true "the desktop" find_window "$DESKTOP - Wine desktop"
+until_true "the desktop" find_window "realinput - Wine desktop"
 press windowfocus "$window"
+# The first choice is saved as soon as the folders are known.
+until_true "the list of folders" is_stored selectId "-1 -1 -1 -1"
 until_true "the window" find_window "$TITLE"
-until_true "the list of folders" is_listed
-find_window "$TITLE"
 # shellcheck disable=SC2086
 press mousemove --window "$window" $BOX click 1
 press key Home Down Down space Tab space alt+o
 until_true "the window to close" is_closed
-[ "$(stored selectId)" = "0 -1 0 -1 " ] ||
-    fail "after a click on the first box and Space on the third the folders are '$(stored selectId)'"
-[ "$(stored ConfigChanged)" = "1 " ] || fail "the cache is not to be rebuilt"
+is_stored selectId "0 -1 0 -1" ||
+    fail "after a click on the first box and Space on the third the folders are '$stored'"
+is_stored ConfigChanged 1 || fail "the cache is not to be rebuilt"
