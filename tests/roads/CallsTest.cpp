@@ -45,7 +45,6 @@ class CallsTest : public DriverTest {
         DriverTest::TearDown();
     }
 
-    /// A fresh contact for the number; known, unknown or stale.
     void find(const wchar_t* number) { contact_ = cursor_.object({L"FindFirst"}, 0, number); }
     void read(const wchar_t* member) { contact_.call({member}); }
     /// What a client does when somebody calls.

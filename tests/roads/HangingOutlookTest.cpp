@@ -1,15 +1,11 @@
-#include <PIMDriverAbstract.h>
-#include <gtest/gtest.h>
-#include <windows.h>
-
 #include <atomic>
 #include <functional>
 #include <thread>
 
-#include "automation/Bstr.h"
 #include "automation/DaoNames.h"
 #include "automation/Object.h"
 #include "automation/OutlookNames.h"
+#include "tests/harness/Caller.h"
 #include "tests/harness/ClientFilter.h"
 #include "tests/harness/Process.h"
 #include "tests/harness/Product.h"
@@ -20,9 +16,6 @@ namespace {
 using namespace zelbar;
 
 constexpr DWORD kLimit = 700, kHang = 1100, kSlack = 1000;
-
-/// What a client does with its thread.
-enum class Client { Plain, OwnFilterAndMessages, MultiThreaded };
 
 class HangingOutlook : public testing::Test {
   protected:
@@ -46,38 +39,12 @@ class HangingOutlook : public testing::Test {
         return count;
     }
 
+    static void goEveryWay();
+
     static inline harness::Product* product_ = nullptr;
 };
 
-class Hanging : public HangingOutlook, public testing::WithParamInterface<Client> {};
-
-/// One client's life: it finds the caller, or does not, in time.
-class Caller {
-  public:
-    Caller() {
-        CoCreateInstance(CLSID_cDataConnector, nullptr, CLSCTX_INPROC_SERVER, __uuidof(DataConnector),
-                         reinterpret_cast<void**>(driver_.put()));
-        driver_->OpenContactRecord(cursor_.put());
-    }
-    bool finds() {
-        LONG kind = 0;
-        VARIANT_BOOL unknown = VARIANT_TRUE;
-        contact_.reset();
-        const ULONGLONG begun = GetTickCount64();
-        cursor_->FindFirst(&kind, Bstr(L"*").get(), contact_.put());
-        took = GetTickCount64() - begun;
-        if (contact_) contact_->get_NotInPIM(&unknown);
-        return unknown == VARIANT_FALSE;
-    }
-    ULONGLONG took = 0;
-
-  private:
-    Com<DataConnector> driver_;
-    Com<ContactRecord> cursor_;
-    Com<Contact> contact_;
-};
-
-void everyWay(const std::function<void(const wchar_t*)>& limit, const std::function<long()>& rows) {
+void HangingOutlook::goEveryWay() {
     const Object application = Gateway().create(Server::Outlook, outlook::kProgId, outlook::kApplication);
     const Object control = application.object(Member{L"StandIn"});
     const auto hangOnce = [&](long call) { control.call(Member{L"Hang"}, call, static_cast<long>(kHang)); };
@@ -113,22 +80,23 @@ void everyWay(const std::function<void(const wchar_t*)>& limit, const std::funct
          },
          false, kHang + kSlack, 1},
     };
-    Caller caller;
+    harness::Caller caller;
+    const auto finds = [&caller] { return caller.find(L"*") == L"Byron, Ada"; };
     const long before = rows();
     for (const auto& way : ways) {
         SCOPED_TRACE(way.name);
         limit(L"0");
-        ASSERT_TRUE(caller.finds());
+        ASSERT_TRUE(finds());
         control.call(Member{L"ResetCounters"});
         way.order();
         limit(std::to_wstring(kLimit).c_str());
-        EXPECT_EQ(caller.finds(), way.found);
+        EXPECT_EQ(finds(), way.found);
         EXPECT_LE(caller.took, way.most);
         if (busy.joinable()) busy.join();
         EXPECT_LE(control.integer(Member{L"Invocations"}), way.calls) << "none once the time was over";
         if (!way.found) {
             control.call(Member{L"ResetCounters"});
-            EXPECT_FALSE(caller.finds());
+            EXPECT_FALSE(finds());
             EXPECT_LE(caller.took, kSlack);
             EXPECT_EQ(control.integer(Member{L"Invocations"}), 0);
         }
@@ -136,33 +104,35 @@ void everyWay(const std::function<void(const wchar_t*)>& limit, const std::funct
         EXPECT_EQ(rows(), before);
     }
     limit(L"0");
-    EXPECT_TRUE(caller.finds());
+    EXPECT_TRUE(finds());
 }
 
-TEST_P(Hanging, AnOutlookOfItsOwnProcessIsLeftInTime) {
-    const auto ways = [] { everyWay([](const wchar_t* text) { limit(text); }, rows); };
-    if (GetParam() == Client::MultiThreaded) {
-        std::thread([&] {
-            CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-            ways();
-            CoUninitialize();
-        }).join();
-        return;
+TEST_F(HangingOutlook, IsLeftInTimeByAClientWithAFilterAndMessagesOfItsOwnOrWithout) {
+    for (const bool isPlain : {true, false}) {
+        SCOPED_TRACE(isPlain);
+        harness::ClientFilter filter;
+        std::atomic<bool> ended = isPlain;
+        if (!isPlain) CoRegisterMessageFilter(&filter, nullptr);
+        std::thread messages([&ended, thread = GetCurrentThreadId()] {
+            for (; !ended; Sleep(50)) PostThreadMessageW(thread, WM_NULL, 0, 0);
+        });
+        goEveryWay();
+        ended = true;
+        messages.join();
+        Com<IMessageFilter> left;
+        CoRegisterMessageFilter(nullptr, left.put());
+        EXPECT_EQ(left.get(), isPlain ? nullptr : &filter);
+        left.reset();
+        EXPECT_EQ(filter.references, 1);
     }
-    harness::ClientFilter filter;
-    std::atomic<bool> ended = GetParam() == Client::Plain;
-    if (!ended) CoRegisterMessageFilter(&filter, nullptr);
-    std::thread messages([&ended, thread = GetCurrentThreadId()] {
-        for (; !ended; Sleep(50)) PostThreadMessageW(thread, WM_NULL, 0, 0);
-    });
-    ways();
-    ended = true;
-    messages.join();
-    Com<IMessageFilter> left;
-    CoRegisterMessageFilter(nullptr, left.put());
-    EXPECT_EQ(left.get(), GetParam() == Client::Plain ? nullptr : &filter);
-    left.reset();
-    EXPECT_EQ(filter.references, 1);
+}
+
+TEST_F(HangingOutlook, IsLeftInTimeByAClientOfSeveralThreads) {
+    std::thread([] {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        goEveryWay();
+        CoUninitialize();
+    }).join();
 }
 
 TEST_F(HangingOutlook, TheFillerIsInterruptedWithinASecond) {
@@ -192,8 +162,5 @@ TEST_F(HangingOutlook, TheFillerIsInterruptedWithinASecond) {
     control.call(Member{L"Clear"});
     EXPECT_EQ(rows(), before);
 }
-
-INSTANTIATE_TEST_SUITE_P(Clients, Hanging,
-                         testing::Values(Client::Plain, Client::OwnFilterAndMessages, Client::MultiThreaded));
 
 }  // namespace
