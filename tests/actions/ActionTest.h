@@ -19,7 +19,6 @@ class ActionTest : public DriverTest {
   protected:
     ActionTest() { driver().log.load(); }
 
-    /// A fresh action of a kind, with values for some of its settings.
     static Object action(long id, std::initializer_list<std::pair<const wchar_t*, Variant>> settings = {}) {
         Com<IDispatch> made;
         EXPECT_EQ(makeActions(actionParts(driver()))->NewAction(id, made.put()), S_OK);

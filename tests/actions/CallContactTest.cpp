@@ -1,6 +1,3 @@
-#include <windows.h>
-
-#include "automation/Bstr.h"
 #include "tests/actions/ActionTest.h"
 #include "tests/automation/StrictObject.h"
 
@@ -12,7 +9,6 @@ enum : DISPID { kFullName, kNumber, kContactId, kStoreId, kNotInPim, kData };
 
 class CallContacts : public ActionTest {
   protected:
-    /// Runs an action as a script does.
     void runByName(long id, VARIANT argument, bool named = false) {
         const auto answer = late(*action(id).target().get(), L"ExecuteAction", {argument}, kRead,
                                  std::vector<const wchar_t*>(named, L"CallContact"));

@@ -1,9 +1,5 @@
-#include <windows.h>
-
 #include <algorithm>
 
-#include "support/Module.h"
-#include "support/mLogError.h"
 #include "tests/actions/ActionTest.h"
 #include "tests/dialogs/Windows.h"
 

@@ -6,7 +6,6 @@ namespace zelbar {
 
 namespace {
 
-/// The choice of folders without its window.
 class Selection : public DialogTest {
   protected:
     Selection() { driver().log.load(); }

@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "tests/dialogs/DialogTest.h"
 
 namespace zelbar {

@@ -17,7 +17,6 @@ std::wstring windowText(HWND window);
 /// A message loop that knows nothing of dialogs, until the condition holds. False when that takes longer than
 /// ten seconds.
 bool serveUntil(const std::function<bool()>& condition);
-/// Serves the messages that are waiting.
 void serveMessages();
 /// Presses a key in the control that has the keyboard, and serves what comes of it.
 void press(WPARAM key);

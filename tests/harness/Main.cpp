@@ -10,16 +10,10 @@ namespace {
 
 /// What a test process ends with that hangs, as in a message box that nobody answers.
 constexpr UINT kHangExitCode = 124;
-constexpr unsigned kDefaultSeconds = 120;
 
-unsigned secondsAllowed() {
-    const char* text = std::getenv("ZELBAR_TEST_SECONDS");
-    const int seconds = text ? std::atoi(text) : 0;
-    return seconds > 0 ? static_cast<unsigned>(seconds) : kDefaultSeconds;
-}
-
-DWORD WINAPI watch(void* seconds) noexcept {
-    Sleep(*static_cast<const unsigned*>(seconds) * 1000);
+DWORD WINAPI watch(void*) noexcept {
+    const char* seconds = std::getenv("ZELBAR_TEST_SECONDS");
+    Sleep(seconds ? std::strtoul(seconds, nullptr, 10) * 1000 : 120'000);
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
     std::fprintf(stderr, "\nThe test program hangs in %s.%s; it is ended now.\n",
                  test ? test->test_suite_name() : "?", test ? test->name() : "?");
@@ -35,8 +29,7 @@ DWORD WINAPI watch(void* seconds) noexcept {
 /// watchdog.
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    static const unsigned seconds = secondsAllowed();
-    CloseHandle(CreateThread(nullptr, 0, watch, const_cast<unsigned*>(&seconds), 0, nullptr));
+    CloseHandle(CreateThread(nullptr, 0, watch, nullptr, 0, nullptr));
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return EXIT_FAILURE;
     const int result = RUN_ALL_TESTS();
     CoUninitialize();

@@ -1,7 +1,6 @@
 #include "tests/harness/Product.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include "tests/harness/Files.h"
 #include "tests/harness/Process.h"

@@ -19,9 +19,7 @@ class RegistrySandbox {
     RegistrySandbox(const RegistrySandbox&) = delete;
     RegistrySandbox& operator=(const RegistrySandbox&) = delete;
 
-    /// Writes a text value, making its key.
     void set(HKEY root, const std::wstring& path, const std::wstring& name, const std::wstring& text);
-    /// Writes a value of any type.
     void set(HKEY root, const std::wstring& path, const std::wstring& name, DWORD type,
              const std::string& bytes);
     /// A text value; nothing when it is missing.

@@ -20,7 +20,6 @@ void makeDirectory(const std::wstring& path) {
     if (!CreateDirectoryW(path.c_str(), nullptr)) throw std::runtime_error("no temporary folder");
 }
 
-/// Deletes the files in a folder, then the folder if nothing is left in it.
 void removeFlat(const std::wstring& folder) {
     std::error_code ignored;
     for (const auto& entry : std::filesystem::directory_iterator(folder, ignored))

@@ -17,9 +17,7 @@ class TemporaryFolder {
 
     /// Without trailing "\".
     const std::wstring& path() const { return folders_.front(); }
-    /// The path of something in the folder.
     std::wstring file(const std::wstring& name) const { return path() + L"\\" + name; }
-    /// Makes a subfolder and gives its path.
     const std::wstring& makeFolder(const std::wstring& name);
 
   private:

@@ -16,7 +16,6 @@ struct Case {
     std::vector<std::wstring> misses;  ///< Presented numbers that must not.
 };
 
-/// The whole table (spellings.txt).
 std::vector<Case> all();
 
 }  // namespace spellings

@@ -1,4 +1,3 @@
-// What Outlook's objects answer, and what they refuse.
 #include <gtest/gtest.h>
 
 #include "automation/Bstr.h"

@@ -1,6 +1,4 @@
-// The program's commands.
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include "tests/harness/Files.h"
 #include "tests/harness/Process.h"
