@@ -14,46 +14,40 @@ class DataPathTest : public SupportTest {
     modMultiUser paths{module, errors};
 };
 
-struct Choice {
-    const char* name;
-    const wchar_t* userPath;
-    const wchar_t* multiUser;
-    const wchar_t* machinePath;
-    const wchar_t* chosen;  ///< Below the test's folder; empty is the driver's own folder.
-    bool perUser;
-};
-
-class DataPathChoice : public DataPathTest, public testing::WithParamInterface<Choice> {};
-
-TEST_P(DataPathChoice, IsMadeWithItsParents) {
-    const Choice& c = GetParam();
+TEST_F(DataPathTest, IsChosenOnceAndMadeWithItsParents) {
+    const struct {
+        const wchar_t *userPath, *multiUser, *machinePath;
+        const wchar_t* chosen;  ///< Below the test's folder; empty is the driver's own folder.
+        bool perUser;
+    } cases[] = {
+        {nullptr, nullptr, nullptr, L"AppData\\Norvane Tessaria", true},
+        {nullptr, L" YES ", L"machine", L"AppData\\Norvane Tessaria", true},
+        {nullptr, L"NO", L"ma\\chine", L"ma\\chine", false},
+        {nullptr, L"no", nullptr, L"", false},
+        {nullptr, L"no", L"machine\\", L"machine", false},
+        {L"own\\", L"no", nullptr, L"own", true},
+        {L"own\\data", L"no", L"machine", L"own\\data", true},
+    };
     const auto below = [&](const wchar_t* path) { return *path ? folder.file(path) : folder.path(); };
-    if (c.userPath) registry.set(HKEY_CURRENT_USER, kClient, L"DataPath", L"  " + below(c.userPath) + L"  ");
-    if (c.multiUser) registry.set(HKEY_LOCAL_MACHINE, kInstall, L"MultiUser", c.multiUser);
-    if (c.machinePath) registry.set(HKEY_LOCAL_MACHINE, kInstall, L"DataPath", below(c.machinePath));
-    const std::wstring chosen = below(c.chosen);
-    EXPECT_EQ(paths.DataPath(), chosen);
-    EXPECT_EQ(paths.IsPerUserPath(), c.perUser);
-    EXPECT_TRUE(exists(chosen));
-    EXPECT_FALSE(hasErrors());
-
-    registry.set(HKEY_CURRENT_USER, kClient, L"DataPath", folder.file(L"later"));
-    EXPECT_EQ(paths.DataPath(), chosen) << "chosen once";
-    for (auto made = chosen; made.size() > folder.path().size(); made.resize(made.rfind(L'\\'))) {
-        RemoveDirectoryW(made.c_str());
+    for (const auto& c : cases) {
+        RegDeleteTreeW(HKEY_CURRENT_USER, kClient);
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, kInstall);
+        if (c.userPath)
+            registry.set(HKEY_CURRENT_USER, kClient, L"DataPath", L"  " + below(c.userPath) + L"  ");
+        if (c.multiUser) registry.set(HKEY_LOCAL_MACHINE, kInstall, L"MultiUser", c.multiUser);
+        if (c.machinePath) registry.set(HKEY_LOCAL_MACHINE, kInstall, L"DataPath", below(c.machinePath));
+        const std::wstring chosen = below(c.chosen);
+        modMultiUser chooser(module, errors);
+        EXPECT_EQ(chooser.DataPath(), chosen);
+        EXPECT_EQ(chooser.IsPerUserPath(), c.perUser) << chosen;
+        EXPECT_TRUE(exists(chosen));
+        EXPECT_FALSE(hasErrors());
+        registry.set(HKEY_CURRENT_USER, kClient, L"DataPath", folder.file(L"later"));
+        EXPECT_EQ(chooser.DataPath(), chosen) << "chosen once";
+        for (auto made = chosen; made.size() > folder.path().size(); made.resize(made.rfind(L'\\')))
+            RemoveDirectoryW(made.c_str());
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    All, DataPathChoice,
-    testing::Values(Choice{"Nothing", nullptr, nullptr, nullptr, L"AppData\\Norvane Tessaria", true},
-                    Choice{"MultiUser", nullptr, L" YES ", L"machine", L"AppData\\Norvane Tessaria", true},
-                    Choice{"SingleUser", nullptr, L"NO", L"ma\\chine", L"ma\\chine", false},
-                    Choice{"SingleUserWithoutFolder", nullptr, L"no", nullptr, L"", false},
-                    Choice{"SingleUserWithSeparator", nullptr, L"no", L"machine\\", L"machine", false},
-                    Choice{"OwnChoiceWithSeparator", L"own\\", L"no", nullptr, L"own", true},
-                    Choice{"OwnChoice", L"own\\data", L"no", L"machine", L"own\\data", true}),
-    [](const auto& choice) { return std::string(choice.param.name); });
 
 TEST_F(DataPathTest, FailuresGoToTheErrorFile) {
     harness::writeFile(folder.file(L"file"), "x");

@@ -34,32 +34,26 @@ TEST(Rules, TextFileKeepsGoodLinesOnly) {
 
 TEST(Rules, MalformedLanguageEntries) {
     const struct {
-        const wchar_t* entry;
-        const wchar_t* reason;
-        const wchar_t* code;
-        std::int32_t resource;
-        std::int16_t charset;
+        const wchar_t *entry, *reason, *understood;
     } cases[] = {
-        {L"9,xx,5910", L"incorrect param number", nullptr, 0, 0},
-        {L"-1,xx,5910,0", L"incorrect param number", nullptr, 0, 0},
-        {L" 9, ,5910,0", L"no path", nullptr, 0, 0},
-        {L"9,xx,0,238", L"ressource = null", L"xx", 0, 238},
-        {L" 9 , xx , 5910 , 238 ", nullptr, L"xx", 5910, 238},
-        {L"9,xx,5910,99999", nullptr, L"xx", 5910, 32767},
+        {L"9,xx,5910", L"incorrect param number", L""},
+        {L"-1,xx,5910,0", L"incorrect param number", L""},
+        {L" 9, ,5910,0", L"no path", L""},
+        {L"9,xx,0,238", L"ressource = null", L"xx 0 238"},
+        {L" 9 , xx , 5910 , 238 ", L"", L"xx 5910 238"},
+        {L"9,xx,5910,99999", L"", L"xx 5910 32767"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(testing::PrintToString(c.entry));
         const auto split = splitLanguageTable(c.entry);
-        std::vector<std::wstring> messages;
-        if (c.reason)
-            messages = {std::wstring(L"Wrong language string (") + c.reason + L"): >" + c.entry + L"<"};
-        EXPECT_EQ(split.messages, messages);
-        const Language* language = languageAt(split.table, 9);
-        ASSERT_EQ(language != nullptr, c.code != nullptr);
-        if (!language) continue;
-        EXPECT_EQ(language->code, c.code);
-        EXPECT_EQ(language->resource, c.resource);
-        EXPECT_EQ(language->charset, c.charset);
+        std::wstring messages, understood;
+        for (const std::wstring& message : split.messages) messages += message;
+        if (const Language* language = languageAt(split.table, 9))
+            understood = language->code + L" " + std::to_wstring(language->resource) + L" " +
+                         std::to_wstring(language->charset);
+        EXPECT_EQ(
+            messages,
+            *c.reason ? std::wstring(L"Wrong language string (") + c.reason + L"): >" + c.entry + L"<" : L"");
+        EXPECT_EQ(understood, c.understood);
     }
 }
 
