@@ -103,18 +103,6 @@ TEST_F(OutlookTest, WhatCannotBeReadKeepsItsRows) {
     EXPECT_NE(fill().find(L"none of the contacts"), std::wstring::npos);
 }
 
-TEST_F(OutlookTest, ItemsMayBeDeletedWhileTheyAreRead) {
-    const ItemRecord deleted[] = {addPerson(defaultContacts, L"Byron", L"1"),
-                                  addPerson(defaultContacts, L"Hopper", L"2")};
-    addPerson(defaultContacts, L"Lovelace", L"3");
-    observer_.onProgress = [&](const std::wstring&) {
-        for (const ItemRecord& item : deleted) mailbox.eraseItem(item.id);
-    };
-    ASSERT_EQ(fill(), L"");
-    EXPECT_TRUE(result_.isComplete());
-    EXPECT_EQ(people(), (Texts{L"Lovelace|3"}));
-}
-
 TEST_F(OutlookTest, PhotosGoWithTheContacts) {
     const ItemRecord byron = addPerson(defaultContacts, L"Byron", L"1");
     const std::wstring old = folder.file(L"PimContact_00ab.jpg");
