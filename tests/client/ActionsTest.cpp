@@ -23,8 +23,24 @@ TEST_F(ActionsTest, AreListedWithTheirSettings) {
     expect(ExitCode::Found, {L"actions"},
            {L"Open the contact\n  Open the contact: Open the contact when it is found\n    * Open",
             L"\nClose the contact\n\nSend an e-mail\n  Address of the recipient: (empty)\n"});
-    expect(ExitCode::Found, {L"actions", L"--json"},
-           {L"\"type\":\"text\",\"value\":\"\"},{\"key\":\"AutomaticSend\","});
+    EXPECT_EQ(ExitCode::Found, run({L"actions", L"--json"}));
+    const std::wstring opens = LR"("Open the contact when it is found")";
+    EXPECT_EQ(
+        out,
+        LR"([{"id":4097,"name":"Open the contact","passive":true,"settings":[)"
+        LR"({"key":"NewOnInexistant","label":"Open the contact","type":"list","value":)" +
+            opens + LR"(,"index":0,"choices":[)" + opens +
+            LR"(,"Create a contact for an unknown caller",)"
+            LR"("Open the contact, and create one for an unknown caller"]}]},)"
+            LR"({"id":4098,"name":"Close the contact","passive":true,"settings":[]},)"
+            LR"({"id":4099,"name":"Send an e-mail","passive":true,"settings":[)"
+            LR"({"key":"DestinationAddress","label":"Address of the recipient","type":"text","value":""},)"
+            LR"({"key":"AutomaticSend","label":"Send without asking","type":"boolean","value":true}]},)"
+            LR"({"id":4100,"name":"Write a journal entry","passive":true,"settings":[]},)"
+            LR"({"id":4101,"name":"Start a program","passive":true,"settings":[)"
+            LR"({"key":"Path","label":"Folder","type":"text","value":""},)"
+            LR"({"key":"Arguments","label":"Program and arguments","type":"text","value":""}]}])"
+            L"\n");
 }
 
 TEST_F(ActionsTest, RunWithWhatIsSaidOfTheCall) {
