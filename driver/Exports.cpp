@@ -2,6 +2,8 @@
 
 #include <olectl.h>
 
+#include <new>
+
 #include "com/ClassFactory.h"
 #include "com/ModuleState.h"
 #include "com/Registration.h"
@@ -20,6 +22,8 @@ template <class Work>
 HRESULT guarded(Work&& work) noexcept {
     try {
         return work();
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
     } catch (...) {
         return E_UNEXPECTED;
     }

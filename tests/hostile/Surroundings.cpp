@@ -21,16 +21,11 @@ void foreignLibraries(Proof& proof) {
         world.goodDay(proof, "beside " + std::string(path.begin(), path.end()));
     }
     // The copy's class object, while the driver's own lives.
-    using GetClassObject = HRESULT WINAPI(REFCLSID, REFIID, void**);
-    const auto ask = reinterpret_cast<GetClassObject*>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(copy.c_str()), "DllGetClassObject")));
     {
         const auto first = Workplace::createDriver();
-        Com<IClassFactory> factory;
         Com<::DataConnector> second;
         proof.run("a driver of the copy");
-        ask(CLSID_cDataConnector, __uuidof(IClassFactory), reinterpret_cast<void**>(factory.put()));
-        factory->CreateInstance(nullptr, __uuidof(::DataConnector), reinterpret_cast<void**>(second.put()));
+        World::makeDriver(GetModuleHandleW(copy.c_str()), second);
         proof.expect(Workplace::objectsOf(second).size() == Workplace::objectsOf(first).size(), &Tally::lost,
                      "objects");
     }

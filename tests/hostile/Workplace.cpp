@@ -22,9 +22,9 @@ void CALLBACK answerDialogs(HWND, UINT, UINT_PTR, DWORD) noexcept {
 
 /// The driver holds nothing any more; windows that are still open are on their way out.
 bool canUnload() {
-    const auto ask = reinterpret_cast<HRESULT(WINAPI*)()>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"zelbar00.dll"), "DllCanUnloadNow")));
-    return zelbar::serveUntil([&] { return ask() == S_OK; });
+    const HMODULE driver = GetModuleHandleW(L"zelbar00.dll");
+    return !driver || zelbar::serveUntil(
+                          [&] { return exported<HRESULT WINAPI()>(driver, "DllCanUnloadNow")() == S_OK; });
 }
 
 Com<IDispatch> made(IDispatch& from, const wchar_t* name, std::vector<VARIANT> arguments = {}) {
@@ -40,10 +40,6 @@ Workplace::Workplace() : timer_(SetTimer(nullptr, 0, 10, answerDialogs)) {}
 Workplace::~Workplace() {
     zelbar::serveMessages();
     KillTimer(nullptr, timer_);
-}
-
-Com<::DataConnector> Workplace::createDriver() {
-    return createServer(L"zelbar00.cDataConnector").as<::DataConnector>();
 }
 
 std::vector<Com<IUnknown>> Workplace::objectsOf(const Com<::DataConnector>& driver) {

@@ -13,7 +13,9 @@ class Workplace : public World {
     Workplace();
     ~Workplace();
 
-    static Com<::DataConnector> createDriver();
+    static Com<::DataConnector> createDriver() {
+        return createServer(L"zelbar00.cDataConnector").as<::DataConnector>();
+    }
     /// One object of each kind that a client can get hold of.
     static std::vector<Com<IUnknown>> objectsOf(const Com<::DataConnector>& driver);
 

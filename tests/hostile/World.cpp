@@ -44,8 +44,8 @@ std::wstring values(const std::vector<std::wstring>& texts) {
 World::World() {
     registry.useProfile(folder);
     registry.set(HKEY_CURRENT_USER, kClientKey, L"DataPath", data);
-    fillMailbox();
-    makeCache();
+    makeContactsAndCache();
+    makeExported();
     makeDirectory();
 }
 
@@ -56,27 +56,48 @@ void World::keepFilesToItself() {
     sqlite3_vfs_register(sqlite3_vfs_find("win32-none"), 1);
 }
 
-void World::fillMailbox() {
+void World::makeContactsAndCache() {
     Mailbox& box = outlook.mailbox();
-    const auto contacts = box.specialFolder(SpecialFolder::Contacts).id;
-    auto ada = box.addContact(contacts, {{L"FirstName", L"Ada"},
-                                         {L"LastName", L"Byron"},
-                                         {L"BusinessTelephoneNumber", L"51"},
-                                         {L"HomeTelephoneNumber", L"52"},
-                                         {L"CompanyName", L"Analytical"},
-                                         {L"Email1Address", L"ada@example.org"}});
+    const auto store = box.defaultStore(), archive = box.addStore(L"Archive");
+    adaStore = box.storeId(store.id);
+    std::vector<std::wstring> cache{
+        L"Create Table TStoreID ([Index] Text(50), StoreID Memo)",
+        L"Create Table TCache (Name Text(255), PhoneNumber Text(255), EntryId Text(255), StoreID Text(50))",
+        L"Create Index ByName On TCache (Name)",
+        L"Create Index ByNumber On TCache (PhoneNumber)",
+        L"Insert Into TStoreID" + values({L"1", adaStore}),
+        L"Insert Into TStoreID" + values({L"2", box.storeId(archive.id)})};
+    const auto add = [&](const FolderRecord& place, const wchar_t* index, const Fields& fields) {
+        const auto item = box.addContact(place.id, fields);
+        cache.push_back(L"Insert Into TCache" +
+                        values({item.field(L"LastName"), item.field(L"BusinessTelephoneNumber"),
+                                box.entryId(item), index}));
+        return item;
+    };
+    const auto contacts = box.specialFolder(SpecialFolder::Contacts);
+    auto ada = add(contacts, L"1",
+                   {{L"FirstName", L"Ada"},
+                    {L"LastName", L"Byron"},
+                    {L"BusinessTelephoneNumber", L"51"},
+                    {L"HomeTelephoneNumber", L"52"},
+                    {L"CompanyName", L"Analytical"},
+                    {L"Email1Address", L"ada@example.org"}});
     box.setPicture(ada, Bytes(40, 'j'));
     box.setUserProperty(ada, L"EmployeeId", kNumberProperty, L"1");
     adaId = box.entryId(ada);
-    adaStore = box.storeId(box.defaultStore().id);
     for (int i = 1; i < kFriends; ++i)
-        box.addContact(contacts, {{L"LastName", L"Friend " + std::to_wstring(i)},
-                                  {L"BusinessTelephoneNumber", L"6" + std::to_wstring(i)}});
-    const auto archive = box.addStore(L"Archive");
-    const auto people = box.addFolder(archive.root, L"People", ItemType::Contact);
-    box.addContact(people.id, {{L"LastName", L"Hopper"}, {L"BusinessTelephoneNumber", L"7"}});
+        add(contacts, L"1",
+            {{L"LastName", L"Friend " + std::to_wstring(i)},
+             {L"BusinessTelephoneNumber", L"6" + std::to_wstring(i)}});
+    add(box.addFolder(archive.root, L"People", ItemType::Contact), L"2",
+        {{L"LastName", L"Hopper"}, {L"BusinessTelephoneNumber", L"7"}});
+    makeDatabase(cacheFile(), cache);
+}
+
+/// Of an earlier export: one stays and changes, one has left, one is there twice; and a user's own.
+void World::makeExported() {
+    Mailbox& box = outlook.mailbox();
     const auto staff = box.addFolder(box.defaultStore().root, L"Staff", ItemType::Contact);
-    // Of an earlier export: one stays and changes, one has left, one is there twice; and a user's own.
     const std::pair<std::wstring, const wchar_t*> employees[] = {
         {L"1", L"Chess champion"}, {L"2", L""}, {L"1", L""}};
     for (const auto& [id, job] : employees) {
@@ -86,29 +107,6 @@ void World::fillMailbox() {
         box.setUserProperty(item, L"EmployeeId", kNumberProperty, id);
     }
     box.addContact(staff.id, {{L"LastName", L"A user's own"}});
-}
-
-void World::makeCache() {
-    Mailbox& box = outlook.mailbox();
-    std::vector<std::wstring> statements{
-        L"Create Table TStoreID ([Index] Text(50), StoreID Memo)",
-        L"Create Table TCache (Name Text(255), PhoneNumber Text(255), EntryId Text(255), StoreID Text(50))",
-        L"Create Index ByName On TCache (Name)", L"Create Index ByNumber On TCache (PhoneNumber)"};
-    int stores = 0;
-    for (const auto& store : box.stores()) {
-        const std::wstring index = std::to_wstring(++stores);
-        statements.push_back(L"Insert Into TStoreID" + values({index, box.storeId(store.id)}));
-        for (const auto& place : box.subfolders(store.root))
-            for (const auto id : box.items(place.id)) {
-                const auto item = *box.item(id);
-                if (place.name != L"Staff")
-                    statements.push_back(
-                        L"Insert Into TCache" +
-                        values({item.field(L"LastName"), item.field(L"BusinessTelephoneNumber"),
-                                box.entryId(item), index}));
-            }
-    }
-    makeDatabase(cacheFile(), statements);
 }
 
 void World::makeDirectory() {
@@ -144,6 +142,15 @@ Com<IDispatch> World::createServer(const wchar_t* progId) {
                                 reinterpret_cast<void**>(server.put()))))
         throw std::runtime_error("a server cannot be created");
     return server;
+}
+
+HRESULT World::makeDriver(HMODULE module, Com<::DataConnector>& driver) {
+    Com<IClassFactory> factory;
+    const HRESULT result = exported<HRESULT WINAPI(REFCLSID, REFIID, void**)>(module, "DllGetClassObject")(
+        CLSID_cDataConnector, __uuidof(IClassFactory), reinterpret_cast<void**>(factory.put()));
+    return FAILED(result) ? result
+                          : factory->CreateInstance(nullptr, __uuidof(::DataConnector),
+                                                    reinterpret_cast<void**>(driver.put()));
 }
 
 }  // namespace hostile

@@ -27,6 +27,12 @@ struct Beside : standin::dao::Connection {
     }
 };
 
+/// What a module exports.
+template <class Function>
+Function* exported(HMODULE module, const char* name) {
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+
 /// What the driver is led into: settings, a profile and a data folder of its own; an Outlook and a DAO in
 /// this process; contacts, an archive of more, a folder of an earlier export; a cache of them, with a row for
 /// one that is gone, and a directory of employees.
@@ -47,6 +53,8 @@ class World {
     long contacts(const wchar_t* folder = L"Contacts");
 
     static Com<IDispatch> createServer(const wchar_t* progId);
+    /// A driver of that module, wherever it has been registered.
+    static HRESULT makeDriver(HMODULE module, Com<::DataConnector>& driver);
 
     harness::TemporaryFolder folder;
     std::wstring data = folder.makeFolder(L"data");
@@ -56,8 +64,8 @@ class World {
     std::wstring adaId, adaStore;
 
   private:
-    void fillMailbox();
-    void makeCache();
+    void makeContactsAndCache();
+    void makeExported();
     void makeDirectory();
 };
 

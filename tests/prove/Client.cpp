@@ -1,17 +1,12 @@
 #include "tests/prove/Client.h"
 
-#include <cstdio>
-
 #include "support/Encoding.h"
+#include "tests/hostile/World.h"
 
 namespace prove {
 
 bool Client::check(HRESULT result) {
-    if (FAILED(result) && escaped.empty()) {
-        char number[40];
-        std::snprintf(number, sizeof(number), "a member answered %08lX", static_cast<unsigned long>(result));
-        escaped = number;
-    }
+    if (FAILED(result) && escaped.empty()) escaped = "a member answered " + std::to_string(result);
     return SUCCEEDED(result);
 }
 
@@ -26,17 +21,9 @@ void Client::note(const char* what, const Com<::Contact>& which) {
 }
 
 void Client::start() {
-    using GetClass = HRESULT(__stdcall*)(REFCLSID, REFIID, void**);
-    const auto getClass =
-        reinterpret_cast<GetClass>(reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
     // That there is no memory for the driver at all is the one thing that creating it may say.
-    Com<IClassFactory> factory;
-    if (FAILED(
-            getClass(CLSID_cDataConnector, __uuidof(IClassFactory), reinterpret_cast<void**>(factory.put()))))
-        return;
     Com<::DataConnector> made;
-    const HRESULT result =
-        factory->CreateInstance(nullptr, __uuidof(::DataConnector), reinterpret_cast<void**>(made.put()));
+    const HRESULT result = hostile::World::makeDriver(module, made);
     if (result != E_OUTOFMEMORY) check(result);
     driver = std::move(made);
 }
@@ -44,18 +31,6 @@ void Client::start() {
 void Client::open() {
     if (!driver) start();
     cursor = get(driver, &::DataConnector::OpenContactRecord);
-}
-
-const Com<::Contact>& Client::first(const wchar_t* text, long kind) {
-    return contact = get(cursor, &::ContactRecord::FindFirst, &kind, Bstr(text).get());
-}
-
-const Com<::Contact>& Client::next() {
-    return contact = get(cursor, &::ContactRecord::FindNext);
-}
-
-const Com<::Contact>& Client::previous() {
-    return contact = get(cursor, &::ContactRecord::FindPrevious);
 }
 
 Com<::Contact> Client::makeCaller(const wchar_t* text, const wchar_t* information) {

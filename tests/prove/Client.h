@@ -19,44 +19,17 @@ using zelbar::Com;
 using zelbar::Variant;
 
 /// Who owns what a member gives.
-template <class Result>
-struct OwnerOf {
-    using Type = Result;
-};
+template <class Number>
+Number ownerOf(Number);
 template <class Interface>
-struct OwnerOf<Interface*> {
-    using Type = Com<Interface>;
-};
-template <>
-struct OwnerOf<BSTR> {
-    using Type = Bstr;
-};
-template <>
-struct OwnerOf<VARIANT> {
-    using Type = Variant;
-};
+Com<Interface> ownerOf(Interface*);
+Bstr ownerOf(BSTR);
+Variant ownerOf(VARIANT);
 
 /// A client of the driver, with all that it holds of it, and what it was answered. It calls through raw
 /// pointers, as a client that releases an object in the middle of a call on it would.
 struct Client {
     explicit Client(HMODULE driverModule) : module(driverModule) {}
-
-    /// Makes the driver; when that fails the client has none, and every call on it is left out.
-    void start();
-    void open();
-    const Com<::Contact>& first(const wchar_t* text, long kind = 0);
-    const Com<::Contact>& next();
-    const Com<::Contact>& previous();
-    void perform(long id, const Com<::Contact>& caller,
-                 std::initializer_list<std::pair<const wchar_t*, Variant>> settings, short choice = 0);
-    Com<::Contact> makeCaller(const wchar_t* text, const wchar_t* information);
-    void release();
-
-    /// Every call comes by here: no member may answer with a failure.
-    bool check(HRESULT result);
-    void note(const char* what, const std::wstring& answer);
-    void noteThat(const char* what, bool answer) { note(what, std::wstring(answer ? L"yes" : L"")); }
-    void note(const char* what, const Com<::Contact>& contact);
 
     /// Where there is no object, nothing is called.
     template <class Interface, class... Parameters, class... Arguments>
@@ -69,13 +42,32 @@ struct Client {
     auto get(const Com<Interface>& object, HRESULT (STDMETHODCALLTYPE Interface::*member)(Parameters...),
              Arguments... arguments) {
         using Last = std::tuple_element_t<sizeof...(Parameters) - 1, std::tuple<Parameters...>>;
-        typename OwnerOf<std::remove_pointer_t<Last>>::Type result{};
+        decltype(ownerOf(*Last{})) result{};
         if constexpr (requires { result.put(); })
             call(object, member, arguments..., result.put());
         else
             call(object, member, arguments..., &result);
         return result;
     }
+
+    /// Makes the driver; when that fails the client has none, and every call on it is left out.
+    void start();
+    void open();
+    const Com<::Contact>& first(const wchar_t* text, long kind = 0) {
+        return contact = get(cursor, &::ContactRecord::FindFirst, &kind, Bstr(text).get());
+    }
+    const Com<::Contact>& next() { return contact = get(cursor, &::ContactRecord::FindNext); }
+    const Com<::Contact>& previous() { return contact = get(cursor, &::ContactRecord::FindPrevious); }
+    void perform(long id, const Com<::Contact>& caller,
+                 std::initializer_list<std::pair<const wchar_t*, Variant>> settings, short choice = 0);
+    Com<::Contact> makeCaller(const wchar_t* text, const wchar_t* information);
+    void release();
+
+    /// Every call comes by here: no member may answer with a failure.
+    bool check(HRESULT result);
+    void note(const char* what, const std::wstring& answer);
+    void noteThat(const char* what, bool answer) { note(what, std::wstring(answer ? L"yes" : L"")); }
+    void note(const char* what, const Com<::Contact>& contact);
 
     HMODULE module;
     Com<::DataConnector> driver, second;
