@@ -37,19 +37,6 @@ Com<ITypeInfo> typeInfo(const IID& id) {
     return result;
 }
 
-std::vector<std::wstring> parameterNames(ITypeInfo& info, DISPID member, size_t count) {
-    BSTR found[16] = {};
-    UINT known = 0;
-    info.GetNames(member, found, 16, &known);
-    std::vector<std::wstring> names;
-    for (BSTR& name : found) {
-        if (&name != found) names.push_back(zelbar::textOf(name));
-        SysFreeString(name);
-    }
-    names.resize(count);
-    return names;
-}
-
 HRESULT callSlot(IDispatch& object, const zelbar::MemberDescription& member, std::vector<VARIANT> arguments,
                  std::vector<VARTYPE> types, void* result) {
     if (member.result) {
@@ -71,24 +58,17 @@ WORD Caller::Target::kind() const {
     return member.kind == INVOKE_PROPERTYPUT ? WORD{DISPATCH_PROPERTYPUT} : zelbar::kRead;
 }
 
-Caller::Caller(Proof& proof, Objects objects, Objects servers, std::wstring directory, bool isFar,
-               size_t stride)
-    : proof_(proof),
-      objects_(std::move(objects)),
-      servers_(std::move(servers)),
-      directory_(std::move(directory)),
-      isFar_(isFar),
-      stride_(stride) {
+Caller::Caller(Proof& proof, Called called) : proof_(proof), called_(std::move(called)) {
     for (const bool isEarly : {false, true})
         for (const auto manner : Foreign::kManners) {
             // The platform itself believes the liars when it brings them to another thread.
-            if (isFar && manner >= Foreign::Manner::Lies) break;
+            if (called_.isFar && manner >= Foreign::Manner::Lies) break;
             auto& foreign = foreign_.emplace_back(manner, [this] { callBack(); });
             if (isEarly) foreign.implement(zelbar::describe(typeInfo(__uuidof(::Contact))));
             passed_.push_back(&foreign);
         }
-    for (const auto& object : objects_) passed_.push_back(object.get());
-    for (const auto& server : servers_) passed_.push_back(server.get());
+    for (const auto& object : called_.objects) passed_.push_back(object.get());
+    for (const auto& server : called_.servers) passed_.push_back(server.get());
 }
 
 void Caller::callAll() {
@@ -98,11 +78,11 @@ void Caller::callAll() {
           __uuidof(::ActionProperty), __uuidof(::DataConnector)})
         callInterface(id);
     // What a client has put somewhere is held there, and be it the object itself.
-    for (const auto& object : objects_)
+    for (const auto& object : called_.objects)
         for (const wchar_t* place : {L"PersonalData", L"Value"})
             late(*object.as<IDispatch>().get(), place, {lent(VT_EMPTY)}, DISPATCH_PROPERTYPUT);
-    objects_.clear();
-    servers_.clear();
+    called_.objects.clear();
+    called_.servers.clear();
 }
 
 void Caller::expectNothingHeld() const {
@@ -112,36 +92,33 @@ void Caller::expectNothingHeld() const {
 }
 
 void Caller::callInterface(const IID& id) {
-    const auto info = typeInfo(id);
-    const auto description = zelbar::describe(info);
-    for (const auto& object : objects_) {
+    const auto description = zelbar::describe(typeInfo(id));
+    for (const auto& object : called_.objects) {
         const auto face = object.as<IDispatch>(id);
         if (!face) continue;
         for (const auto& member : description.members) {
             const std::string name = description.name + "." + member.text;
             if (!proof_.wantsRun(name)) continue;
-            Target target{face.get(), member, 0, {}};
+            Target target{face.get(), member};
             const std::wstring wide(member.name.begin(), member.name.end());
             auto* asked = const_cast<wchar_t*>(wide.c_str());
             // By name, actions answer as `CallAction` only.
             const bool hasName = SUCCEEDED(face->GetIDsOfNames(IID_NULL, &asked, 1, 0, &target.id));
-            target.names = parameterNames(*info.get(), target.id, member.parameters.size());
             callMember(target, name, hasName);
         }
     }
 }
 
 /// An argument that lets the member do its work.
-VARIANT Caller::good(const Target& target, size_t i, std::deque<Bstr>& texts) const {
-    const auto& name = target.names[i];
+VARIANT Caller::good(const zelbar::MemberDescription& member, size_t i, std::deque<Bstr>& texts) const {
     const auto text = [&](std::wstring_view value) { return lent(texts.emplace_back(value).get()); };
-    if (name == L"SearchKind" || name == L"Index") return lent(1L);
-    if (name == L"ActionID") return lent(4098L);
-    if (name == L"DatabasePath") return text(directory_);
-    if (name == L"FolderName") return text(L"Staff");
-    if (name == L"CallContact" || name == L"Other")
-        return lent(static_cast<IDispatch*>(objects_[2].as<::Contact>().get()));
-    const VARTYPE type = target.member.parameters[i].type;
+    const auto& [type, isReference, ignored] = member.parameters[i];
+    if (member.name.ends_with("ExportFolder") && i < 2) return text(i == 0 ? called_.directory : L"Staff");
+    if (type == VT_USERDEFINED)
+        return lent(static_cast<IDispatch*>(called_.objects[2].as<::Contact>().get()));
+    // An action's identity; a kind of search, or a place in a list.
+    if (type == VT_I4 && !isReference) return lent(4098L);
+    if (type == VT_I4 || member.name == "Item") return lent(1L);
     return type == VT_BSTR ? text(L"Byron*") : type == VT_VARIANT ? lent(VT_ERROR) : lent(short{1});
 }
 
@@ -149,12 +126,13 @@ void Caller::callMember(const Target& target, const std::string& name, bool hasN
     const size_t parameters = target.member.parameters.size();
     std::deque<Bstr> texts;
     std::vector<VARIANT> all;
-    for (size_t i = 0; i < parameters; ++i) all.push_back(good(target, i, texts));
-    if (hasName && next_++ % std::min<size_t>(stride_, 6) == 0) callInOddShapes(target, all, name);
+    for (size_t i = 0; i < parameters; ++i) all.push_back(good(target.member, i, texts));
+    if (hasName && next_++ % std::min<size_t>(called_.stride, 6) == 0) callInOddShapes(target, all, name);
     for (size_t i = 0; i < parameters; ++i)
-        for (size_t which = next_++ % stride_; which < OddValue::count(passed_); which += stride_) {
+        for (size_t which = next_++ % called_.stride; which < OddValue::count(passed_);
+             which += called_.stride) {
             OddValue odd(which, passed_);
-            if (isFar_ && !odd.isPortable()) continue;
+            if (called_.isFar && !odd.isPortable()) continue;
             auto arguments = all;
             const std::string run = name + ", argument " + std::to_string(i) + " " + odd.name();
             if (hasName) {
@@ -210,13 +188,13 @@ bool Caller::passesBySlot(const zelbar::ParameterDescription& declared, const VA
         return content.vt == declared.type || (declared.type == VT_BOOL && content.vt == VT_I2);
     if (content.vt != VT_DISPATCH) return false;
     // An early-bound caller's contact is one: the compiler or the platform on the way saw to it.
-    return !content.pdispVal || (declared.isReference && !isFar_) ||
+    return !content.pdispVal || (declared.isReference && !called_.isFar) ||
            Com<IDispatch>::share(content.pdispVal).as<::Contact>().get() == content.pdispVal;
 }
 
 void Caller::byName(const Target& target, const std::vector<VARIANT>& arguments, std::vector<DISPID> named,
                     WORD kind, bool hasResult) {
-    if (isFar_ && (named.size() > arguments.size() || !hasResult)) return;
+    if (called_.isFar && (named.size() > arguments.size() || !hasResult)) return;
     std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
     DISPPARAMS parameters{reversed.data(), named.data(), static_cast<UINT>(reversed.size()),
                           static_cast<UINT>(named.size())};
@@ -249,13 +227,13 @@ void Caller::bySlot(const Target& target, std::vector<VARIANT> arguments) {
     std::memset(&result, 0xCC, sizeof result);
     const VARTYPE type = member.result ? member.result->type : VARTYPE{VT_EMPTY};
     // A stub on another thread would take rubbish for something to be sent there.
-    if (isFar_) result = {};
+    if (called_.isFar) result = {};
     const auto call = [&](void* place) { return callSlot(*target.face, member, arguments, types, place); };
     const HRESULT answer = call(type == VT_VARIANT ? static_cast<void*>(&result) : &result.byref);
     proof_.expect(answer == S_OK, &Tally::escapes, "answers " + std::to_string(answer));
     if (type != VT_VARIANT) result.vt = type == VT_USERDEFINED ? VARTYPE{VT_DISPATCH} : type;
     proof_.expect(VariantClear(&result) == S_OK, &Tally::escapes, "gives no variant");
-    if (isFar_) return;
+    if (called_.isFar) return;
     if (member.result)
         proof_.expect(call(nullptr) == E_POINTER, &Tally::escapes, "takes no place for a result");
     for (size_t i = 0; i < arguments.size(); ++i)
@@ -268,7 +246,7 @@ void Caller::bySlot(const Target& target, std::vector<VARIANT> arguments) {
 
 /// What a foreign object does while it is called.
 void Caller::callBack() {
-    const auto object = objects_[next_++ % objects_.size()].as<IDispatch>();
+    const auto object = called_.objects[next_++ % called_.objects.size()].as<IDispatch>();
     for (const wchar_t* call : {L"FindNext", L"MoveLast", L"PhoneNumbers", L"ClosePIM", L"ActiveContact",
                                 L"Count", L"Show", L"CopyAction", L"NewEnum", L"PhotoURL"})
         late(*object.get(), call);

@@ -14,13 +14,21 @@ namespace hostile {
 using zelbar::Com;
 using Objects = std::vector<Com<IUnknown>>;
 
+/// What a caller calls, and what else it has to pass.
+struct Called {
+    Objects objects, servers;
+    std::wstring directory;
+    /// These live on another thread.
+    bool isFar;
+    /// Of all arguments one in so many is tried.
+    size_t stride;
+};
+
 /// A client written against the type library alone, by somebody who means no good: calls every member of
 /// every object that it has, by slot and by name, with everything that an argument can be.
 class Caller {
   public:
-    /// What it calls, and what else it has to pass; `isFar`: these live on another thread. Of all arguments
-    /// it tries one in `stride`.
-    Caller(Proof& proof, Objects objects, Objects servers, std::wstring directory, bool isFar, size_t stride);
+    Caller(Proof& proof, Called called);
 
     /// Calls all, and holds nothing afterwards.
     void callAll();
@@ -32,15 +40,14 @@ class Caller {
     struct Target {
         IDispatch* face;
         const zelbar::MemberDescription& member;
-        DISPID id;
-        std::vector<std::wstring> names;  ///< The parameters'.
+        DISPID id = 0;
         WORD kind() const;
     };
 
     void callInterface(const IID& id);
     void callMember(const Target& target, const std::string& name, bool hasName);
     void callInOddShapes(const Target& target, const std::vector<VARIANT>& all, const std::string& name);
-    VARIANT good(const Target& target, size_t i, std::deque<zelbar::Bstr>& texts) const;
+    VARIANT good(const zelbar::MemberDescription& member, size_t i, std::deque<zelbar::Bstr>& texts) const;
     bool passesBySlot(const zelbar::ParameterDescription& declared, const VARIANT& content) const;
     void byName(const Target& target, const std::vector<VARIANT>& arguments, std::vector<DISPID> named,
                 WORD kind, bool hasResult = true);
@@ -48,10 +55,7 @@ class Caller {
     void callBack();
 
     Proof& proof_;
-    Objects objects_, servers_;
-    std::wstring directory_;
-    bool isFar_;
-    size_t stride_;
+    Called called_;
     size_t next_ = 0;
     std::deque<Foreign> foreign_;
     std::vector<IUnknown*> passed_;

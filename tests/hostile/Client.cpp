@@ -1,9 +1,7 @@
-#include <pthread.h>
-
-#include <exception>
+#include <chrono>
 #include <functional>
+#include <future>
 #include <optional>
-#include <thread>
 
 #include "tests/dialogs/Windows.h"
 #include "tests/hostile/Caller.h"
@@ -38,21 +36,16 @@ class Parcel {
 
 /// Does something on a thread of the multi-threaded apartment, while this one serves its messages.
 void onAnotherThread(const std::function<void()>& work) {
-    std::exception_ptr failure;
-    std::thread thread([&] {
+    auto done = std::async(std::launch::async, [&] {
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-        try {
-            work();
-        } catch (...) {
-            failure = std::current_exception();
-        }
+        work();
         CoUninitialize();
     });
-    HANDLE handle = pthread_gethandle(thread.native_handle());
-    while (MsgWaitForMultipleObjects(1, &handle, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0)
+    while (done.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
         zelbar::serveMessages();
-    thread.join();
-    if (failure) std::rethrow_exception(failure);
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    }
+    done.get();
 }
 
 enum class From { ThisThread, AnotherThread };
@@ -69,12 +62,13 @@ void lead(Proof& proof, size_t stride, From from, bool serversRefuse = false) {
             for (auto* server : {&world.outlook.server(), &world.dao.server()})
                 server->faults().failAll({static_cast<HRESULT>(0x80010001)});
         std::optional<Caller> caller;
+        const bool isFar = from == From::AnotherThread;
         const auto call = [&](Objects called, Objects more) {
-            caller.emplace(proof, std::move(called), std::move(more), world.directoryFile(),
-                           from == From::AnotherThread, stride);
+            caller.emplace(proof,
+                           Called{std::move(called), std::move(more), world.directoryFile(), isFar, stride});
             caller->callAll();
         };
-        if (from == From::ThisThread) {
+        if (!isFar) {
             call(std::move(objects), std::move(servers));
         } else {
             Parcel first(objects), second(servers);
@@ -95,9 +89,9 @@ size_t strideOf(const Proof& proof) {
 /// What is kept for later has been kept by then.
 void leadOnceMore(Proof& proof) {
     if (proof.isShort()) return;
-    const auto before = Measures::now();
+    const long long before = measures().front().number;
     lead(proof, 101, From::ThisThread);
-    proof.expectNoMore(before.bytes + 100'000, Measures::now().bytes, &Tally::leaks, "bytes on the heaps");
+    proof.expectNoMore(before + 100'000, measures().front().number, &Tally::leaks, "bytes on the heaps");
 }
 
 }  // namespace

@@ -161,16 +161,10 @@ void oddSettings(Proof& proof) {
     Workplace world;
     world.day(proof);
     using namespace std::string_literals;
-    const std::string kTexts[] = {""s,
-                                  "\0"s,
-                                  "7\0"s,
-                                  "7\0\0"s,
-                                  "odd"s,
-                                  "\xFF\xFF"s,
-                                  "\0\xD8\0\0"s,
-                                  "a\0\0\0b\0\0\0\0\0"s,
-                                  std::string(8, '\x80'),
-                                  std::string(130'000, '7')};
+    std::vector<std::string> contents{std::string(8, '\x80'), std::string(130'000, '7')};
+    for (const auto& bytes :
+         {""s, "\0"s, "7\0"s, "7\0\0"s, "odd"s, "\xFF\xFF"s, "\0\xD8\0\0"s, "a\0\0\0b\0\0\0\0\0"s})
+        contents.push_back(bytes);
     size_t next = 0;
     for (const auto* setting : zelbar::settings::kAll) {
         // A limit of some milliseconds is one: what is given up is let go when Outlook answers the next time.
@@ -186,7 +180,7 @@ void oddSettings(Proof& proof) {
         for (const DWORD type :
              std::initializer_list<DWORD>{REG_NONE, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD,
                                           REG_DWORD_BIG_ENDIAN, REG_LINK, REG_MULTI_SZ, REG_QWORD, 77ul})
-            for (const auto& bytes : kTexts) {
+            for (const auto& bytes : contents) {
                 if (next++ % (proof.isShort() ? 97 : 3)) continue;
                 proof.run(std::string(name.begin(), name.end()) + " of type " + std::to_string(type) + ", " +
                           std::to_string(bytes.size()) + " bytes");

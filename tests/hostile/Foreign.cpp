@@ -1,45 +1,29 @@
 #include "tests/hostile/Foreign.h"
 
-#include <cstring>
+#include <map>
 
 namespace hostile {
 
-namespace {
-
-constexpr size_t kDispatchSlots = 7;
-
-/// Machine code for a slot: calls `target` with the object, and takes `bytes` of arguments off the stack.
-void* makeSlot(HRESULT (*target)(Foreign*), unsigned short bytes) {
-    BYTE code[] = {0xFF, 0x74, 0x24, 0x04,     // push [esp+4], the object
-                   0xB8, 0,    0,    0,    0,  // mov eax, target
-                   0xFF, 0xD0,                 // call eax
-                   0x59,                       // pop ecx
-                   0xC2, 0,    0};             // ret bytes
-    std::memcpy(code + 5, &target, sizeof target);
-    std::memcpy(code + 13, &bytes, sizeof bytes);
-    static BYTE* page = nullptr;
-    static size_t used = 4096;
-    if (used + sizeof code > 4096) {
-        page =
-            static_cast<BYTE*>(VirtualAlloc(nullptr, 4096, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));
-        used = 0;
-    }
-    BYTE* const place = page + used;
-    used += sizeof code;
-    std::memcpy(place, code, sizeof code);
-    return place;
+template <class... Words>
+HRESULT __stdcall Foreign::onSlot(Foreign* self, Words...) noexcept {
+    return self->behave();
 }
 
-}  // namespace
-
 void Foreign::implement(const zelbar::InterfaceDescription& contact) {
+    constexpr size_t kDispatchSlots = 7, kWordsOfVariant = 4;
+    // Who is called takes the arguments off the stack, so many words.
+    static const std::map<size_t, void*> kSlots{
+        {0, reinterpret_cast<void*>(&onSlot<>)},
+        {1, reinterpret_cast<void*>(&onSlot<int>)},
+        {2, reinterpret_cast<void*>(&onSlot<int, int>)},
+        {kWordsOfVariant, reinterpret_cast<void*>(&onSlot<int, int, int, int>)}};
     void**& table = *reinterpret_cast<void***>(this);
     slots_.assign(table, table + kDispatchSlots);
     for (const auto& member : contact.members) {
-        size_t bytes = sizeof(void*) * (member.result ? 2 : 1);
+        size_t words = member.result ? 1 : 0;
         for (const auto& parameter : member.parameters)
-            bytes += parameter.type == VT_VARIANT && !parameter.isReference ? sizeof(VARIANT) : sizeof(void*);
-        slots_.push_back(makeSlot(&Foreign::onSlot, static_cast<unsigned short>(bytes)));
+            words += parameter.type == VT_VARIANT && !parameter.isReference ? kWordsOfVariant : 1;
+        slots_.push_back(kSlots.at(words));
     }
     table = slots_.data();
 }
@@ -54,10 +38,6 @@ STDMETHODIMP Foreign::QueryInterface(REFIID id, void** result) noexcept {
     *result = has && manner_ != Manner::IsNothing ? this : nullptr;
     if (*result) AddRef();
     return *result || manner_ == Manner::IsNothing ? S_OK : E_NOINTERFACE;
-}
-
-HRESULT Foreign::onSlot(Foreign* self) noexcept {
-    return self->behave();
 }
 
 HRESULT Foreign::behave() noexcept {

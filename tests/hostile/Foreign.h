@@ -47,7 +47,8 @@ class Foreign final : public IDispatch {
                         UINT*) noexcept override;
 
   private:
-    static HRESULT onSlot(Foreign* self) noexcept;
+    template <class... Words>
+    static HRESULT __stdcall onSlot(Foreign* self, Words...) noexcept;
     HRESULT behave() noexcept;
 
     Manner manner_;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
 namespace hostile {
 
@@ -46,12 +45,16 @@ BOOL CALLBACK countWindow(HWND window, LPARAM count) noexcept {
 
 }  // namespace
 
-Measures Measures::now() {
-    Measures result{heapBytes(), 0, 0, 0};
-    result.handles = highestOf([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); }, CloseHandle) / 4;
-    result.gdi = highestOf([] { return CreatePen(PS_SOLID, 1, 0); }, DeleteObject);
-    EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&result.windows));
-    return result;
+std::vector<Measure> measures() {
+    constexpr long kJitter = 8;
+    const auto makeHandle = [] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); };
+    const auto makePen = [] { return CreatePen(PS_SOLID, 1, 0); };
+    long windows = 0;
+    EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&windows));
+    return {{"bytes", heapBytes()},
+            {"handles", highestOf(makeHandle, CloseHandle) / 4, kJitter},
+            {"GDI objects", highestOf(makePen, DeleteObject), kJitter},
+            {"windows", windows}};
 }
 
 }  // namespace hostile

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <functional>
 #include <limits>
 
 namespace hostile {
@@ -37,88 +38,90 @@ VARIANT made(int type, T content) {
     return result;
 }
 
-const std::vector<std::wstring>& texts() {
-    static const std::vector<std::wstring> kTexts = [] {
-        // Half surrogates, a control for the direction of writing, letters that Turkish writes otherwise.
-        std::vector<std::wstring> all{std::wstring(40'000, L'7'), std::wstring(40'000, L'\x4E2D'),
-                                      std::wstring(L"a\0b", 3)};
-        for (const wchar_t* text :
-             {L"", L"1", L"Byron*", L"-3", L"1e400", L"contacts", L"isFolderConfigured",
-              L"\"O'Brien\" | [#?*", L"\xD800 half", L"\xDC00\xD800", L"\x202E\x0130\x0131",
-              L"START=;DURATION=99:99:99;TYPE=;=;;", L"\\\\?\\nul", L"%s%n{0}"})
-            all.push_back(text);
-        return all;
-    }();
-    return kTexts;
-}
+/// What makes a content that its holder owns.
+using Makers = std::vector<std::function<VARIANT()>>;
 
-/// Contents that own nothing: numbers at their ends, nothing of every type, types that no variant has.
-const std::vector<VARIANT>& numbers() {
-    static const std::vector<VARIANT> kNumbers = [] {
-        std::vector<VARIANT> all{made(VT_ERROR, DISP_E_PARAMNOTFOUND),
-                                 made(VT_ERROR, E_FAIL),
-                                 made(VT_BOOL, short{1}),
-                                 made(VT_I1, 'x'),
-                                 made(VT_R4, 2.5f),
-                                 made(VT_CY, ~0ull >> 1),
-                                 made(VT_I8, ~0ull >> 1),
-                                 made(VT_UI8, ~0ull),
-                                 made(VT_UI4, ~0u)};
-        for (const double number : {1e300, -1e9, -HUGE_VAL, std::numeric_limits<double>::quiet_NaN()})
-            for (const int type : {VT_R8, VT_DATE}) all.push_back(made(type, number));
-        for (const long number :
-             {0L, 1L, 2L, -1L, 77L, 4097L, 4098L, 4099L, 4100L, 4101L, 32768L, 2147483647L, -2147483647L - 1})
-            all.push_back(made(VT_I4, number));
-        for (const int number : {0, 1, -1, 32767}) all.push_back(made(VT_I2, static_cast<short>(number)));
-        VARIANT decimal{};
-        std::memset(&decimal, 0xFF, sizeof decimal);
-        decimal.vt = VT_DECIMAL;
-        decimal.decVal.scale = 28;
-        decimal.decVal.sign = DECIMAL_NEG;
-        all.push_back(decimal);
-        for (int type = 0; type <= VT_CLSID; ++type)
-            if (type != VT_VARIANT) all.push_back(made(type, 0ull));
-        for (const int type : {VT_ARRAY | VT_BSTR, VT_ARRAY | VT_VARIANT, int{VT_ARRAY}, VT_VECTOR | VT_I4,
-                               0x0FFF, int{VT_RESERVED}, 0x7FFF})
-            all.push_back(made(type, 0ull));
-        return all;
-    }();
-    return kNumbers;
-}
-
-constexpr size_t kOddArrays = 6;
-VARIANT oddArray(size_t which) {
-    SAFEARRAYBOUND bounds[] = {{2, -5}, {3, 7}};
-    SAFEARRAY* empty = nullptr;
-    SafeArrayAllocDescriptorEx(VT_BSTR, 1, &empty);
-    const VARIANT all[kOddArrays] = {
-        made(VT_ARRAY | VT_BSTR, SafeArrayCreateVector(VT_BSTR, 0, 3)),
-        made(VT_ARRAY | VT_DISPATCH, SafeArrayCreateVector(VT_DISPATCH, 0, 3)),
-        made(VT_ARRAY | VT_BSTR, SafeArrayCreate(VT_BSTR, 2, bounds)),
-        made(VT_ARRAY | VT_VARIANT, SafeArrayCreate(VT_VARIANT, 1, bounds)),
-        made(VT_ARRAY | VT_I4, SafeArrayCreateVector(VT_I4, 0, 0)),
-        made(VT_ARRAY | VT_BSTR, empty),
+/// Numbers at their ends, nothing of every type, types that no variant has.
+void addNumbers(Makers& all) {
+    const auto add = [&](int type, auto content) {
+        all.push_back([number = made(type, content)] { return number; });
     };
-    for (size_t i = 0; i < kOddArrays; ++i)
-        if (i != which) SafeArrayDestroy(all[i].parray);
-    return all[which];
+    add(VT_ERROR, DISP_E_PARAMNOTFOUND);
+    add(VT_ERROR, E_FAIL);
+    add(VT_BOOL, short{1});
+    add(VT_I1, 'x');
+    add(VT_R4, 2.5f);
+    add(VT_CY, ~0ull >> 1);
+    add(VT_I8, ~0ull >> 1);
+    add(VT_UI8, ~0ull);
+    add(VT_UI4, ~0u);
+    for (const double number : {1e300, -1e9, -HUGE_VAL, std::numeric_limits<double>::quiet_NaN()})
+        for (const int type : {VT_R8, VT_DATE}) add(type, number);
+    for (const long number :
+         {0L, 1L, 2L, -1L, 77L, 4097L, 4098L, 4099L, 4100L, 4101L, 32768L, 2147483647L, -2147483647L - 1})
+        add(VT_I4, number);
+    for (const int number : {0, 1, -1, 32767}) add(VT_I2, static_cast<short>(number));
+    VARIANT decimal{};
+    std::memset(&decimal, 0xFF, sizeof decimal);
+    decimal.vt = VT_DECIMAL;
+    decimal.decVal.scale = 28;
+    decimal.decVal.sign = DECIMAL_NEG;
+    all.push_back([decimal] { return decimal; });
+    for (int type = 0; type <= VT_CLSID; ++type)
+        if (type != VT_VARIANT) add(type, 0ull);
+    for (const int type : {VT_ARRAY | VT_BSTR, VT_ARRAY | VT_VARIANT, int{VT_ARRAY}, VT_VECTOR | VT_I4,
+                           0x0FFF, int{VT_RESERVED}, 0x7FFF})
+        add(type, 0ull);
 }
 
-size_t contents(const std::vector<IUnknown*>& objects) {
-    return numbers().size() + texts().size() + 1 + kOddArrays + 2 * objects.size();
+void addTexts(Makers& all) {
+    const auto add = [&](const std::wstring& text) {
+        all.push_back(
+            [text] { return made(VT_BSTR, SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))); });
+    };
+    add(std::wstring(40'000, L'7'));
+    add(std::wstring(40'000, L'\x4E2D'));
+    add(std::wstring(L"a\0b", 3));
+    // Half surrogates, a control for the direction of writing, letters that Turkish writes otherwise.
+    for (const wchar_t* text : {L"", L"1", L"Byron*", L"-3", L"1e400", L"contacts", L"isFolderConfigured",
+                                L"\"O'Brien\" | [#?*", L"\xD800 half", L"\xDC00\xD800", L"\x202E\x0130\x0131",
+                                L"START=;DURATION=99:99:99;TYPE=;=;;", L"\\\\?\\nul", L"%s%n{0}"})
+        add(text);
+    all.push_back([] { return made(VT_BSTR, SysAllocStringByteLen("odd", 3)); });
+}
+
+void addArrays(Makers& all) {
+    static SAFEARRAYBOUND bounds[] = {{2, -5}, {3, 7}};
+    const auto add = [&](VARTYPE type, auto make) {
+        all.push_back([type, make] { return made(VT_ARRAY | type, make(type)); });
+    };
+    const auto three = [](VARTYPE type) { return SafeArrayCreateVector(type, 0, 3); };
+    add(VT_BSTR, three);
+    add(VT_DISPATCH, three);
+    add(VT_BSTR, [](VARTYPE type) { return SafeArrayCreate(type, 2, bounds); });
+    add(VT_VARIANT, [](VARTYPE type) { return SafeArrayCreate(type, 1, bounds); });
+    add(VT_I4, [](VARTYPE type) { return SafeArrayCreateVector(type, 0, 0); });
+    add(VT_BSTR, [](VARTYPE type) {
+        SAFEARRAY* withoutRoom = nullptr;
+        SafeArrayAllocDescriptorEx(type, 1, &withoutRoom);
+        return withoutRoom;
+    });
+}
+
+const Makers& makers() {
+    static const Makers kAll = [] {
+        Makers all;
+        addNumbers(all);
+        addTexts(all);
+        addArrays(all);
+        return all;
+    }();
+    return kAll;
 }
 
 VARIANT makeContent(size_t which, const std::vector<IUnknown*>& objects) {
-    if (which < numbers().size()) return numbers()[which];
-    which -= numbers().size();
-    if (which < texts().size()) {
-        const auto& text = texts()[which];
-        return made(VT_BSTR, SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
-    }
-    which -= texts().size();
-    if (which == 0) return made(VT_BSTR, SysAllocStringByteLen("odd", 3));
-    if (--which < kOddArrays) return oddArray(which);
-    which -= kOddArrays;
+    if (which < makers().size()) return makers()[which]();
+    which -= makers().size();
     IUnknown* const object = objects[which / 2];
     object->AddRef();
     return made(which % 2 ? VT_UNKNOWN : VT_DISPATCH, object);
@@ -138,7 +141,7 @@ VARIANT referenceTo(VARIANT& content) {
 }  // namespace
 
 size_t OddValue::count(const std::vector<IUnknown*>& objects) {
-    return contents(objects) * kWays;
+    return (makers().size() + 2 * objects.size()) * kWays;
 }
 
 OddValue::OddValue(size_t which, const std::vector<IUnknown*>& objects)
@@ -190,18 +193,7 @@ bool OddValue::isPortable() const {
 }
 
 std::string OddValue::name() const {
-    const char* const kNames[kWays] = {"plain",
-                                       "reference",
-                                       "nowhere",
-                                       "variant",
-                                       "variant that refers",
-                                       "variant in variant",
-                                       "variant nowhere",
-                                       "endless",
-                                       "array",
-                                       "variant array",
-                                       "array reference"};
-    return std::string(kNames[way_]) + " of type " + std::to_string(content.vt);
+    return "type " + std::to_string(content.vt) + " in way " + std::to_string(way_);
 }
 
 }  // namespace hostile
