@@ -5,7 +5,6 @@
 #include <atomic>
 #include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,8 +28,10 @@ class Proof {
     Proof& operator=(const Proof&) = delete;
 
     bool isShort() const { return has("--short"); }
-    bool has(const std::string& option) const { return valueOf(option).has_value(); }
-    std::optional<std::string> valueOf(const std::string& option) const;
+    bool has(const std::string& option) const { return options_.contains(option); }
+    std::string valueOf(const std::string& option, const char* otherwise) const {
+        return has(option) ? options_.at(option) : otherwise;
+    }
     /// The scene has been asked for by its name.
     bool isNamed(const std::string& scene) const { return !words_.empty() && words_[0] == scene; }
     bool wantsScene(const std::string& scene) const { return words_.empty() || isNamed(scene); }

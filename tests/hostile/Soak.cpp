@@ -76,7 +76,7 @@ void calls(Proof& proof) {
     // Nothing is written, so that the mailbox is read once and for all.
     world.outlook.mailbox().database().run("BEGIN");
     const auto driver = Workplace::createDriver();
-    const long count = proof.isShort() ? 2'000 : std::stol(proof.valueOf("--calls").value_or("1000000"));
+    const long count = proof.isShort() ? 2'000 : std::stol(proof.valueOf("--calls", "1000000"));
     soak(proof, world, "incoming calls", count, 0, [&](long i) { incomingCall(proof, *driver.get(), i); });
 }
 

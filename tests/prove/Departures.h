@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <initializer_list>
 
 namespace prove {
 
@@ -25,19 +24,9 @@ enum class Kind {
     kCount
 };
 inline constexpr std::size_t kKinds = static_cast<std::size_t>(Kind::kCount);
-const char* nameOf(Kind kind);
-
-/// Some of the kinds.
-class Kinds {
-  public:
-    constexpr Kinds(std::initializer_list<Kind> kinds) {
-        for (const Kind kind : kinds) bits_ |= 1u << static_cast<unsigned>(kind);
-    }
-    constexpr bool contain(Kind kind) const { return (bits_ >> static_cast<unsigned>(kind)) & 1u; }
-
-  private:
-    unsigned bits_ = 0;
-};
+inline constexpr const char* kNames[kKinds] = {
+    "outlook",    "outlook-name", "outlook-item", "outlook-end", "dao",    "dao-name", "dao-end",
+    "activation", "registry",     "file",         "process",     "memory", "window",   "yield"};
 
 /// All that leaves the module while it is watched, counted by kind. One of these calls meets the event that a
 /// run is about: it fails, or something else happens meanwhile.
@@ -45,11 +34,24 @@ class Departures {
   public:
     /// Counts from now on. The event happens at call `number` (from 1; 0 never) and, when it lasts, at all
     /// later ones of that kind.
-    void watch(Kind kind, long number, bool lasts = false);
+    void watch(Kind kind, long number, bool lasts = false) {
+        *this = {};
+        watching_ = true;
+        kind_ = kind;
+        number_ = number;
+        lasts_ = lasts;
+    }
     void ignore() { watching_ = false; }
 
     /// One call leaves; true when the event is to happen at it.
-    bool leaves(Kind kind) noexcept;
+    bool leaves(Kind kind) noexcept {
+        if (!watching_) return false;
+        const long number = ++counts_[static_cast<std::size_t>(kind)];
+        const bool happens = number == number_ || (lasts_ && number > number_);
+        if (kind != kind_ || number_ == 0 || !happens) return false;
+        reached_ = true;
+        return true;
+    }
 
     long count(Kind kind) const { return counts_[static_cast<std::size_t>(kind)]; }
     bool reached() const { return reached_; }
@@ -63,6 +65,6 @@ class Departures {
     std::array<long, kKinds> counts_{};
 };
 
-Departures& departures();
+inline Departures departures;
 
 }  // namespace prove

@@ -17,15 +17,17 @@ constexpr long code(unsigned long number) {
     return static_cast<long>(number);
 }
 
-constexpr Kinds kCalls = {Outlook, Dao};
-constexpr Kinds kServers = {Outlook, Dao, OutlookName, DaoName, Activation};
-constexpr Kinds kWindows = {Registry, File, Process};
-constexpr Kinds kWaits = {Outlook, Dao, OutlookName, DaoName, Activation, Yield, OutlookEnd, DaoEnd};
+const std::set<Kind> kCalls = {Outlook, Dao};
+const std::set<Kind> kServers = {Outlook, Dao, OutlookName, DaoName, Activation};
+const std::set<Kind> kWindows = {Registry, File, Process};
+const std::set<Kind> kWaits = {Outlook, Dao, OutlookName, DaoName, Activation, Yield, OutlookEnd, DaoEnd};
 
 constexpr long kNotFound = code(0x8004010F), kBusy = code(0x80010001), kBusyToo = code(0x8001010A);
 constexpr long kServerGone = code(0x800706BA);
 
-constexpr Event kFaults[] = {
+}  // namespace
+
+const std::vector<Event> kFaults = {
     {.name = "gone", .at = kCalls, .isShort = true, .code = kNotFound},
     {.name = "gone-bits", .at = {Outlook}, .code = code(0x8E64010F), .description = L"Not found."},
     {.name = "gone-all", .at = {OutlookItem}, .isShort = true, .code = kNotFound, .lasts = true},
@@ -49,6 +51,8 @@ constexpr Event kFaults[] = {
     {.name = "full", .at = {File}, .code = ERROR_DISK_FULL},
     {.name = "no-room", .at = {Memory, Kind::Window}, .isShort = true, .code = ERROR_NOT_ENOUGH_MEMORY},
 };
+
+namespace {
 
 // ---- What a client does while it waits. What it finds meanwhile is not what it goes on with.
 
@@ -95,11 +99,13 @@ void exportAll(Client& c) {
     c.get(c.driver, &::DataConnector::SynchronizeExportFolder, path.raw(), name.raw(), VARIANT{});
 }
 
-constexpr Event call(const char* name, void (*meanwhile)(Client&), bool isShort = false) {
+Event call(const char* name, void (*meanwhile)(Client&), bool isShort = false) {
     return {.name = name, .at = kWaits, .isShort = isShort, .meanwhile = meanwhile};
 }
 
-constexpr Event kIncoming[] = {
+}  // namespace
+
+const std::vector<Event> kIncoming = {
     call("search", search, true),
     call("search-on-another", searchBeside<true>),
     call("next", stepOn),
@@ -120,11 +126,9 @@ constexpr Event kIncoming[] = {
     call("outlook-closed", [](Client&) { Stage::current().outlook.quit(); }),
 };
 
-// ---- How it happens
+namespace {
 
-Error errorOf(const Event& event) {
-    return event.description ? Error(event.code, event.description) : Error::plain(event.code);
-}
+// ---- How it happens
 
 standin::Value answerOf(VARTYPE type) {
     VARIANT value{};
@@ -141,54 +145,41 @@ using Moment = standin::FaultScript::Moment;
 
 /// What a call on one of the servers meets.
 std::optional<standin::Value> atServer(const Event& event, Kind kind, Client& client) {
-    if (!departures().leaves(kind)) return {};
+    if (!departures.leaves(kind)) return {};
     if (event.meanwhile) {
         event.meanwhile(client);
         return {};
     }
-    if (event.milliseconds > 0) return passTime(event.milliseconds), std::nullopt;
+    imports.passed += event.milliseconds;
+    if (event.milliseconds > 0) return {};
     if (event.kills) kill(kind);
     if (event.answer != VT_ILLEGAL) return answerOf(event.answer);
-    throw event.kills ? Error::plain(kServerGone) : errorOf(event);
-}
-
-std::optional<standin::Value> atOutlook(const Event& event, Moment moment, const standin::Member* member,
-                                        Client& client) {
-    if (moment == Moment::LookUp) return atServer(event, OutlookName, client);
-    if (moment == Moment::Release) return atServer(event, OutlookEnd, client);
-    if (std::wstring_view(member->name) == L"GetItemFromID") atServer(event, OutlookItem, client);
-    return atServer(event, Outlook, client);
-}
-
-std::optional<standin::Value> atDao(const Event& event, Moment moment, Client& client) {
-    const Kind kind = moment == Moment::LookUp ? DaoName : moment == Moment::Release ? DaoEnd : Dao;
-    return atServer(event, kind, client);
+    throw event.description ? Error(event.code, event.description) : Error::plain(event.code);
 }
 
 }  // namespace
 
-std::span<const Event> faults() {
-    return kFaults;
-}
-
-std::span<const Event> calls() {
-    return kIncoming;
-}
-
 void watch(const Event& event, Kind kind, long call, Client& client) {
+    const auto watchServer = [&](standin::Server& server, Kind member, Kind name, Kind end) {
+        server.faults().onEachCall([&, member, name, end](Moment moment, const standin::Member* called) {
+            if (moment == Moment::Call && std::wstring_view(called->name) == L"GetItemFromID")
+                atServer(event, OutlookItem, client);
+            return atServer(event,
+                            moment == Moment::LookUp    ? name
+                            : moment == Moment::Release ? end
+                                                        : member,
+                            client);
+        });
+    };
     Stage& stage = Stage::current();
-    stage.outlook.server().faults().onEachCall([&](Moment moment, const standin::Member* member) {
-        return atOutlook(event, moment, member, client);
-    });
-    stage.dao.server().faults().onEachCall(
-        [&](Moment moment, const standin::Member*) { return atDao(event, moment, client); });
-    if (event.meanwhile)
-        setImportEvent([&] { event.meanwhile(client); }, false, 0);
-    else if (event.kills)
-        setImportEvent([kind] { kill(kind); }, true, static_cast<DWORD>(kServerGone));
-    else
-        setImportEvent({}, true, static_cast<DWORD>(event.code));
-    departures().watch(kind, call, event.lasts);
+    watchServer(stage.outlook.server(), Outlook, OutlookName, OutlookEnd);
+    watchServer(stage.dao.server(), Dao, DaoName, DaoEnd);
+    imports.happens = {};
+    if (event.meanwhile) imports.happens = [&] { event.meanwhile(client); };
+    if (event.kills) imports.happens = [kind] { kill(kind); };
+    imports.fails = !event.meanwhile;
+    imports.error = static_cast<DWORD>(event.code);
+    departures.watch(kind, call, event.lasts);
 }
 
 }  // namespace prove

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <span>
-#include <string>
+#include <set>
+#include <vector>
 
 #include "tests/prove/Client.h"
 #include "tests/prove/Departures.h"
@@ -11,7 +11,7 @@ namespace prove {
 /// What happens at one call that leaves the driver: it fails in some way, or the client calls in meanwhile.
 struct Event {
     const char* name;
-    Kinds at;
+    std::set<Kind> at;
     /// Belongs to the short form.
     bool isShort = false;
     /// A failure, as a bare HRESULT or with a description; for Windows' own functions their number.
@@ -30,8 +30,7 @@ struct Event {
     void (*meanwhile)(Client& client) = nullptr;
 };
 
-std::span<const Event> faults();
-std::span<const Event> calls();
+extern const std::vector<Event> kFaults, kIncoming;
 
 /// Watches from now on, with the event at that call of the kind.
 void watch(const Event& event, Kind kind, long call, Client& client);

@@ -19,19 +19,11 @@ namespace prove {
 
 namespace {
 
-struct {
-    std::function<void()> happens;
-    bool fails = false;
-    DWORD error = 0;
-} event;
-long resources = 0;
-long writes = 0;
-
 /// One call leaves; true when it is to fail.
 bool meets(Kind kind) {
-    if (!departures().leaves(kind)) return false;
-    if (event.happens) event.happens();
-    return event.fails;
+    if (!departures.leaves(kind)) return false;
+    if (imports.happens) imports.happens();
+    return imports.fails;
 }
 
 /// A function's name as a template argument.
@@ -50,11 +42,11 @@ enum class Fails {
 
 template <class Result, Fails kHow>
 Result failed() {
-    const DWORD error = event.error;
-    SetLastError(error);
-    if constexpr (kHow == Fails::WithStatus || kHow == Fails::WithResult)
-        return static_cast<Result>(kHow == Fails::WithStatus ? static_cast<HRESULT>(error)
-                                                             : HRESULT_FROM_WIN32(error));
+    SetLastError(imports.error);
+    if constexpr (kHow == Fails::WithStatus)
+        return static_cast<Result>(imports.error);
+    else if constexpr (kHow == Fails::WithResult)
+        return HRESULT_FROM_WIN32(imports.error);
     else if constexpr (kHow == Fails::WithInvalid)
         return INVALID_HANDLE_VALUE;
     else
@@ -63,10 +55,8 @@ Result failed() {
 
 template <class Result, Fails kHow>
 bool succeeded(Result result) {
-    if constexpr (kHow == Fails::WithStatus) return result == ERROR_SUCCESS;
-    if constexpr (kHow == Fails::WithResult) return SUCCEEDED(result);
     if constexpr (kHow == Fails::WithInvalid) return result != INVALID_HANDLE_VALUE;
-    if constexpr (kHow == Fails::WithLastError) return result != Result{};
+    return (result == Result{}) == (kHow == Fails::WithStatus || kHow == Fails::WithResult);
 }
 
 /// One watched import: its kind, how it fails, and what a success opens (1) or closes (-1).
@@ -79,8 +69,8 @@ struct Watched<kName, R __stdcall(A...), kKind, kHow, kOpens> {
         if (kKind != Kind::kCount && meets(kKind)) return failed<R, kHow>();
         const R result = real(arguments...);
         constexpr std::string_view kOwnName(kName.text, sizeof(kName.text) - 1);
-        if constexpr (kOwnName.starts_with("RegSet") || kOwnName.starts_with("RegDelete")) ++writes;
-        if (kOpens != 0 && succeeded<R, kHow>(result)) resources += kOpens;
+        if constexpr (kOwnName.starts_with("RegSet") || kOwnName.starts_with("RegDelete")) ++imports.writes;
+        if (kOpens != 0 && succeeded<R, kHow>(result)) imports.resources += kOpens;
         return result;
     }
 };
@@ -115,11 +105,9 @@ BOOL __stdcall peekMessage(MSG* message, HWND window, UINT first, UINT last, UIN
     return PeekMessageW(message, window, first, last, how);
 }
 
-ULONGLONG passed = 0;
-
 void __stdcall pauses(DWORD milliseconds) {
     meets(Kind::Yield);
-    passTime(milliseconds);
+    imports.passed += milliseconds;
 }
 
 DWORD __stdcall waits(DWORD, const HANDLE*, DWORD milliseconds, DWORD, DWORD) {
@@ -128,14 +116,14 @@ DWORD __stdcall waits(DWORD, const HANDLE*, DWORD milliseconds, DWORD, DWORD) {
 }
 
 ULONGLONG __stdcall tellTime() {
-    return GetTickCount64() + passed;
+    return GetTickCount64() + imports.passed;
 }
 
 BOOL __stdcall createProcess(const wchar_t*, wchar_t*, SECURITY_ATTRIBUTES*, SECURITY_ATTRIBUTES*, BOOL,
                              DWORD, void*, const wchar_t*, STARTUPINFOW*, PROCESS_INFORMATION* started) {
     if (meets(Kind::Process)) return failed<BOOL, Fails::WithLastError>();
     *started = {CreateEventW(nullptr, TRUE, TRUE, nullptr), CreateEventW(nullptr, TRUE, TRUE, nullptr), 0, 0};
-    resources += 2;
+    imports.resources += 2;
     return TRUE;
 }
 
@@ -173,8 +161,6 @@ const Row kRows[] = {
     watched<"RegDeleteKeyW", decltype(RegDeleteKeyW), Registry, WithStatus>(),
     watched<"RegDeleteTreeW", decltype(RegDeleteTreeW), Registry, WithStatus>(),
     watched<"RegDeleteValueW", decltype(RegDeleteValueW), Registry, WithStatus>(),
-    watched<"RegEnumKeyExW", decltype(RegEnumKeyExW), Registry, WithStatus>(),
-    watched<"RegEnumValueW", decltype(RegEnumValueW), Registry, WithStatus>(),
     watched<"CreateFileW", decltype(CreateFileW), File, WithInvalid, 1>(),
     watched<"CloseHandle", decltype(CloseHandle), kCount, WithLastError, -1>(),
     watched<"WriteFile", decltype(WriteFile), File, WithLastError>(),
@@ -259,22 +245,6 @@ void watchImports(HMODULE module) {
                       reinterpret_cast<const char*>(
                           reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData)->Name));
     }
-}
-
-void setImportEvent(std::function<void()> happens, bool fails, DWORD error) {
-    event = {std::move(happens), fails, error};
-}
-
-long registryWrites() {
-    return writes;
-}
-
-void passTime(ULONGLONG milliseconds) {
-    passed += milliseconds;
-}
-
-long openResources() {
-    return resources;
 }
 
 }  // namespace prove

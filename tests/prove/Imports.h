@@ -13,17 +13,20 @@ namespace prove {
 /// the stand-ins among them, are not touched.
 void watchImports(HMODULE module);
 
-/// What a watched call meets when a run's event happens at it: `event` runs, and then it fails with that
-/// error (a number of Windows, or an HRESULT), or goes on as if nothing had been.
-void setImportEvent(std::function<void()> event, bool fails, DWORD error);
+struct Imports {
+    /// At a run's event this runs, and then the call fails with that error (a number of Windows, or an
+    /// HRESULT), or goes on as if nothing had been.
+    std::function<void()> happens;
+    bool fails = false;
+    DWORD error = 0;
 
-/// The module's time goes on by so much; it does so by itself when the module pauses.
-void passTime(ULONGLONG milliseconds);
-
-/// What the module has opened and not closed: handles, keys, fonts and device contexts, hooks.
-long openResources();
-
-/// Another number whenever the module may have changed a setting.
-long registryWrites();
+    /// What the module has opened and not closed: handles, keys, fonts and device contexts, hooks.
+    long resources = 0;
+    /// Another number whenever the module may have changed a setting.
+    long writes = 0;
+    /// So much is the module's time ahead; it is more whenever the module pauses.
+    ULONGLONG passed = 0;
+};
+inline Imports imports;
 
 }  // namespace prove

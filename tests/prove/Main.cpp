@@ -7,7 +7,7 @@
 
 /// Runs every scenario with every event at every call that leaves the driver: `--sweep`, or `--reentrance`.
 /// Several processes may share the runs, each its `--slice=K/N`, and go on with `--skip=RUNS` behind a run
-/// that ended one. `--counts` says how often each scenario leaves the driver, and by which kinds of calls.
+/// that ended one.
 namespace prove {
 namespace {
 
@@ -20,7 +20,7 @@ constexpr long kBeforeLoops = 60, kBeforeLoopsInShort = 30;
 
 /// The short form has every call meet one event; it samples the many allocations and repetitions, and calls
 /// in only while Outlook is asked.
-bool isWanted(bool isShort, std::span<const Event> events, Kind kind, long call, const Event& event) {
+bool isWanted(bool isShort, const std::vector<Event>& events, Kind kind, long call, const Event& event) {
     const bool loops = call > (isShort ? kBeforeLoopsInShort : kBeforeLoops);
     if (isShort && (kind == Kind::Memory ? call % 47 != 1 : loops && call % 13 != 0)) return false;
     if (isShort && event.meanwhile && kind != Kind::Outlook && kind != Kind::Yield) return false;
@@ -28,16 +28,8 @@ bool isWanted(bool isShort, std::span<const Event> events, Kind kind, long call,
     if (!isShort && call % 2 != 0) return false;
     std::vector<const Event*> turns;
     for (const Event& each : events)
-        if (each.at.contain(kind) && (each.isShort || !isShort)) turns.push_back(&each);
+        if (each.at.contains(kind) && (each.isShort || !isShort)) turns.push_back(&each);
     return !turns.empty() && turns[static_cast<std::size_t>(call / 2) % turns.size()] == &event;
-}
-
-void printCounts(const Rehearsed& rehearsed) {
-    rehearsed.print();
-    for (std::size_t k = 0; k < kKinds; ++k)
-        if (const long count = rehearsed.count(static_cast<Kind>(k)))
-            std::printf("%s %ld ", nameOf(static_cast<Kind>(k)), count);
-    std::printf("\n");
 }
 
 /// What all processes count, over all scenarios, and this one's share.
@@ -45,25 +37,24 @@ struct Share {
     long slice = 0, slices = 1, skip = 0, number = 0;
 
     explicit Share(const Proof& proof) {
-        std::sscanf(proof.valueOf("--slice").value_or("0/1").c_str(), "%ld/%ld", &slice, &slices);
-        skip = std::stol(proof.valueOf("--skip").value_or("0"));
+        std::sscanf(proof.valueOf("--slice", "0/1").c_str(), "%ld/%ld", &slice, &slices);
+        skip = std::stol(proof.valueOf("--skip", "0"));
     }
     bool takes() { return ++number % slices == slice && --skip < 0; }
 };
 
 void sweep(Proof& proof, Share& share, HMODULE module, const Scenario& scenario) {
-    const auto events = proof.has("--reentrance") ? calls() : faults();
+    const auto& events = proof.has("--reentrance") ? kIncoming : kFaults;
     Rehearsed rehearsed(module, scenario);
-    if (proof.has("--counts")) return printCounts(rehearsed);
     for (std::size_t k = 0; k < kKinds; ++k) {
         const auto kind = static_cast<Kind>(k);
         for (long call = 1; call <= rehearsed.count(kind); ++call)
             for (const Event& event : events) {
-                if (!event.at.contain(kind) || !isWanted(proof.isShort(), events, kind, call, event))
+                if (!event.at.contains(kind) || !isWanted(proof.isShort(), events, kind, call, event))
                     continue;
                 if (proof.isShort() && scenario.rest.isSlow && call % 2 == 0) continue;
                 const std::string name =
-                    std::string(nameOf(kind)) + " " + std::to_string(call) + " " + event.name;
+                    std::string(kNames[k]) + " " + std::to_string(call) + " " + event.name;
                 if (!share.takes() || !proof.wantsRun(name)) continue;
                 proof.run(std::string(scenario.name) + " " + name);
                 const Outcome outcome = rehearsed.run(event, kind, call);
@@ -94,7 +85,7 @@ hostile::Scene sceneOf(const Scenario& scenario) {
 int main(int count, char** arguments) {
     hostile::World::keepFilesToItself();
     std::vector<hostile::Scene> scenes;
-    for (const prove::Scenario& each : prove::scenarios()) scenes.push_back(prove::sceneOf(each));
+    for (const prove::Scenario& each : prove::kScenarios) scenes.push_back(prove::sceneOf(each));
     const int status = hostile::playAll(count, arguments, scenes);
     // Without our own destructors: what the module under test has left is nobody's any more.
     ExitProcess(static_cast<UINT>(status));

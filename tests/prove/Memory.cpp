@@ -59,7 +59,7 @@ void part(Header* header) noexcept {
 }  // namespace
 
 void* __cdecl allocate(std::size_t size) noexcept {
-    return departures().leaves(Kind::Memory) ? nullptr : make(size);
+    return departures.leaves(Kind::Memory) ? nullptr : make(size);
 }
 
 void* __cdecl allocateZeroed(std::size_t count, std::size_t size) noexcept {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstdio>
 #include <iterator>
 
 #include "tests/hostile/Workplace.h"
@@ -14,7 +13,7 @@ namespace prove {
 
 namespace {
 
-constexpr Event kNone{.name = "none", .at = {}};
+const Event kNone{.name = "none", .at = {}};
 
 Facts without(const Facts& all, const Facts& those) {
     Facts result;
@@ -23,8 +22,11 @@ Facts without(const Facts& all, const Facts& those) {
     return result;
 }
 
-std::string first(const Facts& facts) {
-    return facts.empty() ? "" : *facts.begin();
+/// The first of what is more and of what is less; empty when they are the same.
+std::string difference(const Facts& now, const Facts& then) {
+    const Facts more = without(now, then), less = without(then, now);
+    if (more.empty() && less.empty()) return "";
+    return (more.empty() ? "" : *more.begin()) + " / " + (less.empty() ? "" : *less.begin());
 }
 
 /// Rows of one contact at most, and that of a folder that is not searched any more.
@@ -66,7 +68,7 @@ Rehearsed::Rehearsed(HMODULE module, const Scenario& scenario) : module_(module)
         scenario.before(client);
         before_ = stage.facts();
         play(client, kNone, Kind::Outlook, 0);
-        departed_ = departures();
+        departed_ = departures;
         answers_ = {client.answers.begin(), client.answers.end()};
         once_ = stage.facts();
         scenario.act(client);
@@ -91,10 +93,10 @@ void Rehearsed::play(Client& client, const Event& event, Kind kind, long call) {
     client.answers.clear();
     watch(event, kind, call, client);
     scenario_.act(client);
-    departures().ignore();
+    departures.ignore();
     Stage::current().revive();
     // An Outlook that did not answer in time is left alone for a while.
-    passTime(10'000);
+    imports.passed += 10'000;
 }
 
 /// What the module keeps for ever it may make at any time, but once.
@@ -105,12 +107,6 @@ Outcome Rehearsed::run(const Event& event, Kind kind, long call) {
     return outcome;
 }
 
-void Rehearsed::print() const {
-    for (const auto& each : answers_) std::printf("  answers %s\n", each.c_str());
-    for (const auto& each : without(before_, twice_)) std::printf("  goes %.200s\n", each.c_str());
-    for (const auto& each : without(twice_, before_)) std::printf("  comes %.200s\n", each.c_str());
-}
-
 Outcome Rehearsed::runOnce(const Event& event, Kind kind, long call) {
     Stage& stage = Stage::current();
     Outcome outcome;
@@ -119,7 +115,7 @@ Outcome Rehearsed::runOnce(const Event& event, Kind kind, long call) {
         Client client(module_);
         scenario_.before(client);
         play(client, event, kind, call);
-        outcome.reached = departures().reached();
+        outcome.reached = departures.reached();
         outcome.escape = client.escaped;
         if (outcome.escape.empty() && stage.outlook.server().calls().abandoned() > 0)
             outcome.escape = "an object was released while it was called";
@@ -155,10 +151,7 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
     };
     const Facts answers(client.answers.begin(), client.answers.end());
     if (again) {
-        if (kind != Kind::OutlookItem && !event.meanwhile) {
-            fail(first(without(answers_, answers)));
-            fail(first(without(answers, answers_)));
-        }
+        if (kind != Kind::OutlookItem && !event.meanwhile) fail(difference(answers, answers_));
         if (!client.escaped.empty()) outcome.escape = "afterwards: " + client.escaped;
     } else {
         for (const std::string& each : answers)
@@ -180,24 +173,23 @@ void Rehearsed::compare(Outcome& outcome, const Event& event, Kind kind, const C
         if (!mayCome.contains(kindOf(each)) && !event.meanwhile) fail("come: " + each);
     using enum Scenario::Changes;
     if (!again && scenario_.changes == Whole && !event.meanwhile && now != before_ && now != once_)
-        fail("half done: " + first(without(now, before_)) + " / " + first(without(before_, now)));
+        fail("half done: " + difference(now, before_));
     if (again && (scenario_.changes == Settles || scenario_.changes == Whole) && !event.meanwhile &&
         kind != Kind::OutlookItem && now != twice_)
-        fail("not as it was to be: " + first(without(now, twice_)) + " / " + first(without(twice_, now)));
+        fail("not as it was to be: " + difference(now, twice_));
 }
 
 /// Nothing is left when the client has released all that it held.
 void Rehearsed::leaks(Outcome& outcome) {
     Stage& stage = Stage::current();
-    const auto canUnload = reinterpret_cast<HRESULT(__stdcall*)()>(
-        reinterpret_cast<void*>(GetProcAddress(module_, "DllCanUnloadNow")));
+    const auto canUnload = hostile::exported<HRESULT WINAPI()>(module_, "DllCanUnloadNow");
     const auto leak = [&](const char* what, long number) {
         if (number != 0 && outcome.leak.empty()) outcome.leak = std::to_string(number) + " " + what;
     };
     leak("objects of the driver", canUnload() == S_OK ? 0 : 1);
     leak("objects of Outlook", stage.outlook.server().liveObjects());
     leak("objects of DAO", stage.dao.server().liveObjects());
-    leak("handles, keys, fonts or hooks", openResources());
+    leak("handles, keys, fonts or hooks", imports.resources);
     if (const long spoilt = memory::spoilt())
         outcome.escape = std::to_string(spoilt) + " blocks used after their end";
     if (blocks_ != 0) leak("blocks of memory", std::max(0L, memory::blocks() - blocks_));

@@ -24,7 +24,6 @@ class Rehearsed {
     Rehearsed(HMODULE module, const Scenario& scenario);
 
     long count(Kind kind) const { return departed_.count(kind); }
-    void print() const;
     Outcome run(const Event& event, Kind kind, long call);
 
   private:
@@ -38,8 +37,7 @@ class Rehearsed {
     HMODULE module_;
     const Scenario& scenario_;
     Departures departed_;
-    std::multiset<std::string> answers_;
-    Facts before_, once_, twice_;
+    Facts answers_, before_, once_, twice_;
     long blocks_ = 0;
 };
 

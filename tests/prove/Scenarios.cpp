@@ -21,13 +21,7 @@ constexpr wchar_t kCall[] =
 
 void nothing(Client&) {}
 
-void start(Client& c) {
-    c.start();
-}
-
-void open(Client& c) {
-    c.open();
-}
+constexpr auto start = &Client::start, open = &Client::open;
 
 void startUp(Client& c) {
     c.release();
@@ -209,8 +203,8 @@ void readActions(Client& c) {
 // ---- Windows
 
 HWND selection() {
-    const auto open = zelbar::openDialogs();
-    return open.empty() ? nullptr : open.back();
+    const auto dialogs = zelbar::openDialogs();
+    return dialogs.empty() ? nullptr : dialogs.back();
 }
 
 bool openSelection(Client& c) {
@@ -267,16 +261,17 @@ void synchronize(Client& c) {
 }
 
 void fillCache(Client& c) {
-    const auto fill = reinterpret_cast<bool(__cdecl*)()>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"prove_fill.dll"), "fill")));
-    c.noteThat("filled", fill());
+    const HMODULE filler = GetModuleHandleW(L"prove_fill.dll");
+    c.noteThat("filled", hostile::exported<bool __cdecl()>(filler, "fill")());
 }
 
 void loseCache(Client&) {
     DeleteFileW(Stage::current().cacheFile().c_str());
 }
 
-const Scenario kScenarios[] = {
+}  // namespace
+
+const std::vector<Scenario> kScenarios = {
     {"start-up", nothing, startUp, Nothing, {.anew = true}},
     {"start-up-logged", nothing, startUp, Nothing, {.anew = true, .log = L"2"}},
     {"start-up-shown", nothing, startUpAlone, Nothing, {.anew = true, .log = L"1", .isSlow = true}},
@@ -313,11 +308,5 @@ const Scenario kScenarios[] = {
     {"fill", nothing, fillCache, Settles, {.hasClient = false}},
     {"fill-new", loseCache, fillCache, Settles, {.hasClient = false}},
 };
-
-}  // namespace
-
-std::span<const Scenario> scenarios() {
-    return kScenarios;
-}
 
 }  // namespace prove

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <set>
-#include <span>
 #include <string>
+#include <vector>
 
 #include "tests/prove/Client.h"
 
@@ -12,8 +13,7 @@ namespace prove {
 struct Scenario {
     const char* name;
     /// What the client has done before; nothing goes wrong there.
-    void (*before)(Client& client);
-    void (*act)(Client& client);
+    std::function<void(Client&)> before, act;
 
     /// What it may change of the world. Nothing; what is added each time; what is the same after one time and
     /// after two; or the same all at once or not at all.
@@ -31,6 +31,6 @@ struct Scenario {
     } rest = {};
 };
 
-std::span<const Scenario> scenarios();
+extern const std::vector<Scenario> kScenarios;
 
 }  // namespace prove

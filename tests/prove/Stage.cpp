@@ -19,8 +19,6 @@ constexpr wchar_t kSettings[] = L"Software\\Norvane";
 constexpr wchar_t kSelection[] = L"Software\\Norvane\\7316\\Popup\\zelbar00folder";
 constexpr wchar_t kExport[] = L"Software\\Norvane\\7316\\Popup\\outlook98\\TransfertFolder";
 
-Stage* onStage = nullptr;
-
 /// Another number whenever the file was written to; 0 where there is none.
 ULONGLONG writtenAt(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -30,26 +28,26 @@ ULONGLONG writtenAt(const std::wstring& path) {
 
 }  // namespace
 
-Stage& Stage::current() {
-    return *onStage;
-}
-
 Stage::Stage() {
-    onStage = this;
+    current_ = this;
     Mailbox& box = outlook.mailbox();
     const auto gone = box.addContact(box.specialFolder(SpecialFolder::Contacts).id, {{L"LastName", L"Gone"}});
     hostile::Beside(cacheFile())
         .run(L"Insert Into TCache Values ('Gone', '9', '" + box.entryId(gone) + L"', '1')");
     box.eraseItem(gone.id);
     box.database().run("BEGIN");
-    for (const auto& path : {cacheFile(), directoryFile()})
-        databases_.push_back({path, harness::readFile(path), writtenAt(path)});
-    addRows(rows_);
+    parts_ = {{[&] { return static_cast<ULONGLONG>(box.version()); },
+               [&] { box.database().run("ROLLBACK; BEGIN"); }, [this] { return readMailbox(); }},
+              databaseAsItIs(cacheFile(), [this] { return readRows(); }),
+              databaseAsItIs(directoryFile(), [] { return Facts(); }),
+              {[this] { return static_cast<ULONGLONG>(imports.writes + made_); }, [this] { makeSettings(); },
+               [this] { return readSettings(kSettings); }}};
     reset();
 }
 
-Stage::~Stage() {
-    onStage = nullptr;
+Stage::Part Stage::databaseAsItIs(const std::wstring& path, std::function<Facts()> read) const {
+    const auto restore = [path, bytes = harness::readFile(path)] { harness::writeFile(path, bytes); };
+    return {[path] { return writtenAt(path); }, restore, std::move(read)};
 }
 
 HMODULE Stage::loadModule(const wchar_t* name) {
@@ -62,15 +60,12 @@ HMODULE Stage::loadModule(const wchar_t* name) {
 }
 
 void Stage::set(const wchar_t* key, const wchar_t* name, const std::wstring& value) {
-    settingsVersion_ = -1;
+    ++made_;
     registry.set(HKEY_CURRENT_USER, key, name, value);
 }
 
-bool Stage::Database::isAsItWas() const {
-    return writtenAt(path) == written;
-}
-
 void Stage::makeSettings() {
+    RegDeleteTreeW(HKEY_CURRENT_USER, kSettings);
     Mailbox& box = outlook.mailbox();
     set(hostile::kClientKey, L"DataPath", data);
     set(hostile::kPopupKey, L"NoEmailAddressAccess", L"0");
@@ -86,23 +81,11 @@ void Stage::makeSettings() {
 void Stage::reset() {
     revive();
     outlook.quit();
-    if (outlook.mailbox().version() != mailboxVersion_) {
-        outlook.mailbox().database().run("ROLLBACK; BEGIN");
-        mailboxVersion_ = outlook.mailbox().version();
-        mailboxFacts_.clear();
-        addMailbox(mailboxFacts_);
-    }
-    for (Database& each : databases_) {
-        if (each.isAsItWas()) continue;
-        harness::writeFile(each.path, each.bytes);
-        each.written = writtenAt(each.path);
-    }
-    if (registryWrites() != settingsVersion_) {
-        RegDeleteTreeW(HKEY_CURRENT_USER, kSettings);
-        makeSettings();
-        settings_.clear();
-        addSettings(settings_, HKEY_CURRENT_USER, kSettings);
-        settingsVersion_ = registryWrites();
+    for (Part& part : parts_) {
+        if (part.version() == part.known) continue;
+        part.restore();
+        part.known = part.version();
+        part.facts = part.read();
     }
     for (const auto& each : std::filesystem::directory_iterator(data))
         if (each.path().extension() != ".mdb") DeleteFileW(each.path().c_str());
@@ -112,66 +95,59 @@ void Stage::reset() {
 
 Facts Stage::facts() {
     Facts result;
-    if (outlook.mailbox().version() == mailboxVersion_)
-        result = mailboxFacts_;
-    else
-        addMailbox(result);
-    if (databases_[0].isAsItWas())
-        result.insert(rows_.begin(), rows_.end());
-    else
-        addRows(result);
-    if (registryWrites() == settingsVersion_)
-        result.insert(settings_.begin(), settings_.end());
-    else
-        addSettings(result, HKEY_CURRENT_USER, kSettings);
-    addFiles(result);
+    for (const Part& part : parts_)
+        result.merge(part.version() == part.known ? Facts(part.facts) : part.read());
+    for (const auto& each : std::filesystem::directory_iterator(data)) {
+        const std::string name = utf8(each.path().filename().wstring());
+        // The databases' content counts, not their size; a lock file shows that one is open.
+        const bool isDatabase = name.ends_with(".mdb");
+        if (!name.ends_with(".ldb"))
+            result.insert("file|" + name + "|" + (isDatabase ? "" : std::to_string(each.file_size())));
+    }
     return result;
 }
 
-void Stage::addMailbox(Facts& facts) {
+Facts Stage::readMailbox() {
     // What lies in the wastebasket has gone. What an export writes are copies, whichever item they stand in;
     // all else is somebody's own.
-    const std::string there =
-        " item NOT IN (SELECT i.id FROM items i JOIN folders f ON f.id = i.folder AND "
-        "f.special = 3)";
-    const std::string copied =
-        "item IN (SELECT i.id FROM items i JOIN folders f ON f.id = i.folder AND f.name = "
-        "'Staff' JOIN userProperties p ON p.item = i.id)";
-    const std::string kTables[] = {
-        "SELECT 'folder|' || store || '|' || name FROM folders WHERE parent IS NOT NULL AND parent NOT IN "
-        "(SELECT id FROM folders WHERE special = 3)",
-        "SELECT CASE WHEN " + copied +
-            " THEN 'copy|' ELSE 'item|' || item || '|' END || folder "
-            "FROM (SELECT id AS item, folder FROM items) WHERE" +
-            there,
-        "SELECT CASE WHEN name <> 'JobTitle' AND " + copied +
-            " THEN 'copy|' ELSE 'field|' || item || '|' END "
-            "|| name || '|' || value FROM fields WHERE name NOT IN ('Start', 'End', 'Body') AND" +
-            there,
-        "SELECT CASE WHEN " + copied +
-            " THEN 'copy|' ELSE 'property|' || item || '|' END "
-            "|| name || '|' || type || '|' || value FROM userProperties WHERE" +
-            there,
-        "SELECT 'attachment|' || item || '|' || displayName || '|' || length(data) FROM attachments WHERE" +
-            there,
-        "SELECT 'recipient|' || item || '|' || name || '|' || type FROM recipients WHERE" + there};
-    for (const std::string& sql : kTables)
-        for (Query rows(outlook.mailbox().database(), sql); rows.next();) facts.insert(utf8(rows.text(0)));
+    const std::string with =
+        "WITH wastebasket AS (SELECT id FROM folders WHERE special = 3), "
+        "gone AS (SELECT id FROM items WHERE folder IN wastebasket), "
+        "copied AS (SELECT i.id FROM items i JOIN folders f ON f.id = i.folder "
+        "JOIN userProperties p ON p.item = i.id WHERE f.name = 'Staff') SELECT ";
+    const char* const kLines[] = {
+        "'folder|' || store || '|' || name FROM folders WHERE parent IS NOT NULL AND parent NOT IN wastebasket",
+        "iif(id IN copied, 'copy|', 'item|' || id || '|') || folder FROM items WHERE id NOT IN gone",
+        "iif(name <> 'JobTitle' AND item IN copied, 'copy|', 'field|' || item || '|') || name || '|' || value "
+        "FROM fields WHERE name NOT IN ('Start', 'End', 'Body') AND item NOT IN gone",
+        "iif(item IN copied, 'copy|', 'property|' || item || '|') || name || '|' || type || '|' || value "
+        "FROM userProperties WHERE item NOT IN gone",
+        "'attachment|' || item || '|' || displayName || '|' || length(data) FROM attachments "
+        "WHERE item NOT IN gone",
+        "'recipient|' || item || '|' || name || '|' || type FROM recipients WHERE item NOT IN gone"};
+    Facts facts;
+    for (const char* lines : kLines)
+        for (Query rows(outlook.mailbox().database(), with + lines); rows.next();)
+            facts.insert(utf8(rows.text(0)));
+    return facts;
 }
 
-void Stage::addRows(Facts& facts) const {
-    if (writtenAt(cacheFile()) == 0) return;
+Facts Stage::readRows() const {
+    Facts facts;
+    if (writtenAt(cacheFile()) == 0) return facts;
     standin::dao::Connection cache(cacheFile(), standin::dao::Access::readOnly);
     // A store may have got another index.
     auto rows = cache.prepare(
         L"Select 'row|' || Ifnull(Name, '') || '|' || Ifnull(PhoneNumber, '') || '|' || Ifnull(EntryId, '') || '|' "
         L"|| Ifnull((Select StoreID From TStoreID Where [Index] = c.StoreID), 'none') From TCache As c");
     while (rows.step()) facts.insert(utf8(rows.text(0)));
+    return facts;
 }
 
-void Stage::addSettings(Facts& facts, HKEY root, const std::wstring& path) const {
+Facts Stage::readSettings(const std::wstring& path) const {
+    Facts facts;
     HKEY key = nullptr;
-    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return facts;
     wchar_t name[256];
     BYTE bytes[4096];
     for (DWORD i = 0;; ++i) {
@@ -183,22 +159,10 @@ void Stage::addSettings(Facts& facts, HKEY root, const std::wstring& path) const
         if (line.starts_with("OutlookTimeout") || line.starts_with("Synchro")) continue;
         facts.insert("setting|" + utf8(path) + "|" + line);
     }
-    for (DWORD i = 0;; ++i) {
-        DWORD length = 256;
-        if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-        addSettings(facts, root, path + L"\\" + name);
-    }
+    for (DWORD i = 0; RegEnumKeyW(key, i, name, 256) == ERROR_SUCCESS; ++i)
+        facts.merge(readSettings(path + L"\\" + name));
     RegCloseKey(key);
-}
-
-void Stage::addFiles(Facts& facts) const {
-    for (const auto& each : std::filesystem::directory_iterator(data)) {
-        const std::string name = utf8(each.path().filename().wstring());
-        // The databases' content counts, not their size; a lock file shows that one is open.
-        if (!name.ends_with(".ldb"))
-            facts.insert("file|" + name + "|" +
-                         (name.ends_with(".mdb") ? "" : std::to_string(each.file_size())));
-    }
+    return facts;
 }
 
 // ---- Outlook and DAO as the driver finds them

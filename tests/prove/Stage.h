@@ -1,5 +1,7 @@
 #pragma once
 
+#include <climits>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -16,8 +18,7 @@ using Facts = std::multiset<std::string>;
 class Stage : public hostile::World {
   public:
     Stage();
-    ~Stage();
-    static Stage& current();
+    static Stage& current() { return *current_; }
 
     /// Puts everything back. Nobody may hold the databases any more.
     void reset();
@@ -31,27 +32,31 @@ class Stage : public hostile::World {
     void killOutlook();
     void killDao();
     void revive();
-
     void set(const wchar_t* key, const wchar_t* name, const std::wstring& text);
+
     /// The module under test, as a file of its own beside its log.
     HMODULE loadModule(const wchar_t* name);
 
   private:
-    struct Database {
-        std::wstring path;
-        std::string bytes;
-        ULONGLONG written = 0;
-        bool isAsItWas() const;
+    /// Something that facts are about. They are read anew only while it is another than the stage has made
+    /// it.
+    struct Part {
+        std::function<ULONGLONG()> version;
+        std::function<void()> restore;
+        std::function<Facts()> read;
+        ULONGLONG known = ULLONG_MAX;
+        Facts facts = {};
     };
+    Part databaseAsItIs(const std::wstring& path, std::function<Facts()> read) const;
     void makeSettings();
-    void addMailbox(Facts& facts);
-    void addRows(Facts& facts) const;
-    void addSettings(Facts& facts, HKEY root, const std::wstring& path) const;
-    void addFiles(Facts& facts) const;
+    Facts readMailbox();
+    Facts readRows() const;
+    Facts readSettings(const std::wstring& path) const;
 
-    std::vector<Database> databases_;
-    long mailboxVersion_ = -1, settingsVersion_ = -1;
-    Facts mailboxFacts_, settings_, rows_;
+    static inline Stage* current_ = nullptr;
+    std::vector<Part> parts_;
+    /// How many settings the stage itself has made.
+    long made_ = 0;
 };
 
 }  // namespace prove
