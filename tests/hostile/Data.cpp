@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "automation/Bstr.h"
 #include "driver/support/SettingsTable.h"
 #include "tests/com/LateClient.h"
 #include "tests/harness/Files.h"
@@ -13,10 +12,6 @@
 /// no row, no contact, no setting.
 namespace hostile {
 namespace {
-
-using zelbar::Bstr;
-using zelbar::late;
-using zelbar::lent;
 
 constexpr size_t kPage = 4096;
 
@@ -126,19 +121,19 @@ void lockedInTheMiddle(Proof& proof) {
     for (const wchar_t* step :
          {L"FindNext", L"FindPrevious", L"MoveLast", L"MoveFirst", L"RecordCount", L"Contact"}) {
         const auto driver = Workplace::createDriver();
-        const auto cursor = late(*driver.get(), L"OpenContactRecord").value.object();
-        late(*cursor.get(), L"FindFirst", {lent(0L), lent(Bstr(L"+33*").get())});
+        const auto cursor = ask(driver, L"OpenContactRecord").object();
+        ask(cursor, L"FindFirst", {0L, L"+33*"});
         {
             Beside other(world.cacheFile());
             other.run(L"Begin Exclusive");
             for (const wchar_t* next : {step, L"FindNext", L"FindPrevious"}) {
                 proof.run("locked before " + std::string(next, next + std::wcslen(next)));
-                proof.expect(late(*cursor.get(), next).result == S_OK, &Tally::escapes, "fails");
+                proof.expect(zelbar::late(*cursor, next).result == S_OK, &Tally::escapes, "fails");
             }
-            late(*cursor.get(), L"FillContactCollection", {lent(1L), lent(Bstr(L"B*").get())});
+            ask(cursor, L"FillContactCollection", {1L, L"B*"});
         }
-        const auto after = late(*cursor.get(), L"FindFirst", {lent(0L), lent(Bstr(L"51").get())});
-        proof.expect(static_cast<bool>(after.value.object()), &Tally::lost, "nothing is found afterwards");
+        const auto after = ask(cursor, L"FindFirst", {0L, L"51"}).object();
+        proof.expect(static_cast<bool>(after), &Tally::lost, "nothing is found afterwards");
     }
     world.goodDay(proof, "a day after it");
     proof.expect(world.rows() == rows, &Tally::lost, "rows");

@@ -1,6 +1,5 @@
 #include <cstdio>
 
-#include "automation/Bstr.h"
 #include "driver/dialogs/Controls.h"
 #include "tests/com/LateClient.h"
 #include "tests/dialogs/Windows.h"
@@ -11,10 +10,6 @@
 /// the first hundredth of which nothing may grow any more.
 namespace hostile {
 namespace {
-
-using zelbar::Bstr;
-using zelbar::late;
-using zelbar::lent;
 
 /// The emulator's own: its common controls 6 lose so many bytes with each STATIC that is given a font, in a
 /// bare dialog too.
@@ -59,16 +54,15 @@ void soak(Proof& proof, World& world, const std::string& name, long count, long 
 }
 
 /// What a client does when somebody calls: a friend, or every fourth time nobody that it knows.
-void incomingCall(Proof& proof, IDispatch& driver, long number) {
-    const auto cursor = late(driver, L"OpenContactRecord").value.object();
+void incomingCall(Proof& proof, const Com<IDispatch>& driver, long number) {
+    const auto cursor = ask(driver, L"OpenContactRecord").object();
     const bool isKnown = number % 4 != 0;
-    const Bstr text(isKnown ? L"6" + std::to_wstring(1 + number % 25) : L"0" + std::to_wstring(number));
-    const auto contact = late(*cursor.get(), L"FindFirst", {lent(0L), lent(text.get())}).value.object();
-    proof.expect(late(*contact.get(), L"NotInPIM").value.boolean() != isKnown, &Tally::lost,
-                 "the caller is another");
+    const auto text = isKnown ? L"6" + std::to_wstring(1 + number % 25) : L"0" + std::to_wstring(number);
+    const auto contact = ask(cursor, L"FindFirst", {0L, text}).object();
+    proof.expect(ask(contact, L"NotInPIM").boolean() != isKnown, &Tally::lost, "the caller is another");
     for (const wchar_t* member :
          {L"FullName", L"CompanyName", L"MainPhoneNumber", L"PhotoURL", L"PhoneNumbers"})
-        late(*contact.get(), member);
+        ask(contact, member);
 }
 
 void calls(Proof& proof) {
@@ -77,15 +71,15 @@ void calls(Proof& proof) {
     world.outlook.mailbox().database().run("BEGIN");
     const auto driver = Workplace::createDriver();
     const long count = proof.isShort() ? 2'000 : std::stol(proof.valueOf("--calls", "1000000"));
-    soak(proof, world, "incoming calls", count, 0, [&](long i) { incomingCall(proof, *driver.get(), i); });
+    soak(proof, world, "incoming calls", count, 0, [&](long i) { incomingCall(proof, driver, i); });
 }
 
 long windowCount(const Proof& proof) {
     return proof.isShort() ? 30 : 1'000;
 }
 
-void openFolders(Proof& proof, IDispatch& driver) {
-    late(driver, L"ConfigPIM");
+void openFolders(Proof& proof, const Com<IDispatch>& driver) {
+    ask(driver, L"ConfigPIM");
     const HWND window = zelbar::openDialogs().at(0), select = GetDlgItem(window, kControl_CmdSelect);
     const bool opens = zelbar::serveUntil([&] { return IsWindowEnabled(select); }) &&
                        zelbar::pressForModal(select, [](HWND tree) { SendMessageW(tree, WM_CLOSE, 0, 0); });
@@ -98,17 +92,13 @@ void windows(Proof& proof) {
     const long count = windowCount(proof);
     const auto driver = Workplace::createDriver();
     soak(proof, world, "window of the folders, tree", count, kOfFolders,
-         [&](long) { openFolders(proof, *driver.get()); });
-    const auto actions = late(*driver.get(), L"Actions").value.object();
-    const auto launch = late(*actions.get(), L"Item", {lent(4101L)}).value.object();
-    const auto settings = late(*launch.get(), L"ActionProp").value.object();
-    const auto path = late(*settings.get(), L"Item", {lent(1L)}).value.object();
-    late(*path.get(), L"Value", {lent(Bstr(L"Z:\\nowhere\\none.exe").get())}, DISPATCH_PROPERTYPUT);
+         [&](long) { openFolders(proof, driver); });
+    const auto launch = ask(ask(driver, L"Actions").object(), L"Item", {4101L}).object();
+    const auto path = ask(ask(launch, L"ActionProp").object(), L"Item", {1L}).object();
+    zelbar::late(*path, L"Value", {Variant(L"Z:\\nowhere\\none.exe").raw()}, DISPATCH_PROPERTYPUT);
     soak(proof, world, "message window", count, kOfMessage, [&](long) {
-        const auto cursor = late(*driver.get(), L"OpenContactRecord").value.object();
-        const auto caller =
-            late(*cursor.get(), L"FindFirst", {lent(0L), lent(Bstr(L"77").get())}).value.object();
-        late(*launch.get(), L"ExecuteAction", {lent(caller.get())});
+        const auto cursor = ask(driver, L"OpenContactRecord").object();
+        ask(launch, L"ExecuteAction", {ask(cursor, L"FindFirst", {0L, L"77"})});
         proof.expect(!zelbar::openDialogs().empty(), &Tally::lost, "no window opens");
         closeDialogs();
     });

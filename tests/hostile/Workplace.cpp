@@ -2,17 +2,11 @@
 
 #include <stdexcept>
 
-#include "automation/Bstr.h"
-#include "tests/com/LateClient.h"
 #include "tests/dialogs/Windows.h"
 
 namespace hostile {
 
 namespace {
-
-using zelbar::Bstr;
-using zelbar::late;
-using zelbar::lent;
 
 void CALLBACK answerDialogs(HWND, UINT, UINT_PTR, DWORD) noexcept {
     static unsigned answered = 0;
@@ -27,8 +21,9 @@ bool canUnload() {
                           [&] { return exported<HRESULT WINAPI()>(driver, "DllCanUnloadNow")() == S_OK; });
 }
 
-Com<IDispatch> made(IDispatch& from, const wchar_t* name, std::vector<VARIANT> arguments = {}) {
-    const auto object = late(from, name, std::move(arguments)).value.object();
+Com<IDispatch> made(const Com<IDispatch>& from, const wchar_t* name,
+                    const std::vector<Variant>& arguments = {}) {
+    const auto object = ask(from, name, arguments).object();
     if (!object) throw std::runtime_error("an object is missing");
     return object;
 }
@@ -43,18 +38,17 @@ Workplace::~Workplace() {
 }
 
 std::vector<Com<IUnknown>> Workplace::objectsOf(const Com<::DataConnector>& driver) {
-    const auto cursor = made(*driver.get(), L"OpenContactRecord");
-    const auto contact = made(*cursor.get(), L"FindFirst", {lent(1L), lent(Bstr(L"Byron*").get())});
-    const auto nobody = made(*made(*driver.get(), L"OpenContactRecord").get(), L"FindFirst",
-                             {lent(0L), lent(Bstr(L"777").get())});
-    const auto actions = made(*driver.get(), L"Actions");
-    std::vector<Com<IUnknown>> result{driver, cursor, contact, actions, made(*contact.get(), L"PhoneNumbers"),
+    const auto cursor = made(driver, L"OpenContactRecord");
+    const auto contact = made(cursor, L"FindFirst", {1L, L"Byron*"});
+    const auto nobody = made(made(driver, L"OpenContactRecord"), L"FindFirst", {0L, L"777"});
+    const auto actions = made(driver, L"Actions");
+    std::vector<Com<IUnknown>> result{driver, cursor, contact, actions, made(contact, L"PhoneNumbers"),
                                       nobody};
     for (long id = 4097; id <= 4101; ++id) {
-        const auto action = made(*actions.get(), L"Item", {lent(id)});
-        const auto settings = made(*action.get(), L"ActionProp");
-        const long count = late(*settings.get(), L"Count").value.integer();
-        for (long i = 1; i <= count; ++i) result.push_back(made(*settings.get(), L"Item", {lent(i)}));
+        const auto action = made(actions, L"Item", {id});
+        const auto settings = made(action, L"ActionProp");
+        const long count = ask(settings, L"Count").integer();
+        for (long i = 1; i <= count; ++i) result.push_back(made(settings, L"Item", {i}));
         result.insert(result.end(), {action, settings});
     }
     return result;
@@ -64,30 +58,25 @@ bool Workplace::day(Proof& proof) {
     bool known = false;
     {
         const auto driver = createDriver();
-        const auto cursor = late(*driver.get(), L"OpenContactRecord").value.object();
-        const auto find = [&](long kind, const wchar_t* text) {
-            return late(*cursor.get(), L"FindFirst", {lent(kind), lent(Bstr(text).get())}).value.object();
-        };
-        late(*driver.get(), L"ExecuteCommand", {lent(Bstr(L"isFolderConfigured").get())});
+        const auto cursor = ask(driver, L"OpenContactRecord").object();
+        ask(driver, L"ExecuteCommand", {L"isFolderConfigured"});
         // What nobody has is thrown about inside.
-        late(*driver.get(), L"GetContactItemByContactItemID", {lent(Bstr(L"none").get())});
-        late(*driver.get(), L"ConfigPIM");
-        if (find(1, L"Friend*"))
+        ask(driver, L"GetContactItemByContactItemID", {L"none"});
+        ask(driver, L"ConfigPIM");
+        if (ask(cursor, L"FindFirst", {1L, L"Friend*"}).object())
             for (const wchar_t* step :
                  {L"FindNext", L"FindNext", L"FindPrevious", L"MoveLast", L"MoveFirst", L"Contact"})
-                late(*cursor.get(), step);
-        late(*cursor.get(), L"FillContactCollection", {lent(0L), lent(Bstr(L"5*").get())});
-        if (const auto ada = find(0, L"51")) {
-            known = !late(*ada.get(), L"NotInPIM").value.boolean();
+                ask(cursor, step);
+        ask(cursor, L"FillContactCollection", {0L, L"5*"});
+        if (const auto ada = ask(cursor, L"FindFirst", {0L, L"51"}).object()) {
+            known = !ask(ada, L"NotInPIM").boolean();
             for (const wchar_t* member :
                  {L"FullName", L"PhoneNumbers", L"Emails", L"PhotoURL", L"Department"})
-                late(*ada.get(), member);
-            const auto actions = late(*driver.get(), L"Actions").value.object();
-            const auto journal = late(*actions.get(), L"Item", {lent(4100L)}).value.object();
-            late(*journal.get(), L"ExecuteAction", {lent(ada.get())});
+                ask(ada, member);
+            const auto actions = ask(driver, L"Actions").object();
+            ask(ask(actions, L"Item", {4100L}).object(), L"ExecuteAction", {ada});
         }
-        late(*driver.get(), L"SynchronizeExportFolder",
-             {lent(Bstr(directoryFile()).get()), lent(Bstr(L"Staff").get())});
+        ask(driver, L"SynchronizeExportFolder", {directoryFile(), L"Staff"});
     }
     expectNothingHeld(proof);
     return known;

@@ -41,6 +41,12 @@ std::wstring values(const std::vector<std::wstring>& texts) {
 
 }  // namespace
 
+Variant ask(const Com<IDispatch>& object, const wchar_t* member, const std::vector<Variant>& arguments) {
+    std::vector<VARIANT> raw;
+    for (const Variant& argument : arguments) raw.push_back(argument.raw());
+    return zelbar::late(*object, member, std::move(raw)).value;
+}
+
 World::World() {
     registry.useProfile(folder);
     registry.set(HKEY_CURRENT_USER, kClientKey, L"DataPath", data);

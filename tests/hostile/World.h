@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "automation/Com.h"
+#include "automation/Variant.h"
 #include "standin/dao/Host.h"
 #include "standin/dao/Sqlite.h"
 #include "standin/outlook/host/Host.h"
@@ -16,6 +17,7 @@
 namespace hostile {
 
 using zelbar::Com;
+using zelbar::Variant;
 
 inline constexpr wchar_t kPopupKey[] = L"Software\\Norvane\\7316\\Popup";
 inline constexpr wchar_t kClientKey[] = L"Software\\Norvane\\7316\\VEXPhone";
@@ -32,6 +34,9 @@ template <class Function>
 Function* exported(HMODULE module, const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
+
+/// What a member answers that is called by its name, as a script does.
+Variant ask(const Com<IDispatch>& object, const wchar_t* member, const std::vector<Variant>& arguments = {});
 
 /// What the driver is led into: settings, a profile and a data folder of its own; an Outlook and a DAO in
 /// this process; contacts, an archive of more, a folder of an earlier export; a cache of them, with a row for

@@ -138,7 +138,7 @@ standin::Value answerOf(VARTYPE type) {
 }
 
 void kill(Kind kind) {
-    kind == Dao || kind == DaoName ? Stage::current().killDao() : Stage::current().killOutlook();
+    Stage::current().kill(kind == Dao || kind == DaoName);
 }
 
 using Moment = standin::FaultScript::Moment;

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "standin/common/FaultScript.h"
 #include "tests/hostile/Proof.h"
 #include "tests/prove/Memory.h"
 #include "tests/prove/Stage.h"
@@ -134,7 +135,11 @@ BOOL __stdcall shellExecute(SHELLEXECUTEINFOW*) {
 HRESULT __stdcall getActiveObject(REFCLSID id, void*, IUnknown** result) {
     *result = nullptr;
     if (meets(Kind::Activation)) return failed<HRESULT, Fails::WithResult>();
-    return Stage::current().runningOutlook(id, result);
+    if (id != standin::outlook::kApplicationClsid) return MK_E_UNAVAILABLE;
+    auto& outlook = Stage::current().outlook;
+    if (const HRESULT refused = outlook.server().faults().creationOutcome(); FAILED(refused)) return refused;
+    *result = outlook.application().Detach();
+    return S_OK;
 }
 
 /// Only a text or an array needs room.

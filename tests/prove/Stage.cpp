@@ -167,21 +167,10 @@ Facts Stage::readSettings(const std::wstring& path) const {
 
 // ---- Outlook and DAO as the driver finds them
 
-HRESULT Stage::runningOutlook(REFCLSID id, IUnknown** result) {
-    if (id != standin::outlook::kApplicationClsid) return MK_E_UNAVAILABLE;
-    if (const HRESULT refused = outlook.server().faults().creationOutcome(); FAILED(refused)) return refused;
-    *result = outlook.application().Detach();
-    return S_OK;
-}
-
-void Stage::killOutlook() {
-    outlook.quit();
-    outlook.server().faults().failCreation(static_cast<HRESULT>(0x80080005));
-}
-
-void Stage::killDao() {
-    dao.server().quit();
-    dao.server().faults().failCreation(REGDB_E_CLASSNOTREG);
+void Stage::kill(bool isDao) {
+    isDao ? dao.server().quit() : outlook.quit();
+    auto& server = isDao ? dao.server() : outlook.server();
+    server.faults().failCreation(isDao ? REGDB_E_CLASSNOTREG : CO_E_SERVER_EXEC_FAILURE);
 }
 
 void Stage::revive() {

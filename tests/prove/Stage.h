@@ -26,11 +26,8 @@ class Stage : public hostile::World {
     /// What is there now: Outlook's folders and items, the cache's rows, the settings, the files.
     Facts facts();
 
-    /// As another program may find it in the table of running objects.
-    HRESULT runningOutlook(REFCLSID id, IUnknown** result);
-    /// Outlook is closed for good, until the next reset or `revive`.
-    void killOutlook();
-    void killDao();
+    /// Outlook or DAO is closed for good, until the next reset or `revive`.
+    void kill(bool isDao);
     void revive();
     void set(const wchar_t* key, const wchar_t* name, const std::wstring& text);
 
