@@ -48,10 +48,9 @@ void onAnotherThread(const std::function<void()>& work) {
     done.get();
 }
 
-enum class From { ThisThread, AnotherThread };
-
-/// The driver in a world of its own, led through everything by a client; nothing may be left of it.
-void lead(Proof& proof, size_t stride, From from, bool serversRefuse = false) {
+/// The driver in a world of its own, led through everything by a client, which may be far, on another thread;
+/// nothing may be left of it.
+void lead(Proof& proof, size_t stride, bool isFar = false, bool serversRefuse = false) {
     Workplace world;
     const long rows = world.rows(), contacts = world.contacts();
     {
@@ -62,7 +61,6 @@ void lead(Proof& proof, size_t stride, From from, bool serversRefuse = false) {
             for (auto* server : {&world.outlook.server(), &world.dao.server()})
                 server->faults().failAll({static_cast<HRESULT>(0x80010001)});
         std::optional<Caller> caller;
-        const bool isFar = from == From::AnotherThread;
         const auto call = [&](Objects called, Objects more) {
             caller.emplace(proof,
                            Called{std::move(called), std::move(more), world.directoryFile(), isFar, stride});
@@ -90,7 +88,7 @@ size_t strideOf(const Proof& proof) {
 void leadOnceMore(Proof& proof) {
     if (proof.isShort()) return;
     const long long before = measures().front().number;
-    lead(proof, 101, From::ThisThread);
+    lead(proof, 101);
     proof.expectNoMore(before + 100'000, measures().front().number, &Tally::leaks, "bytes on the heaps");
 }
 
@@ -99,10 +97,9 @@ void leadOnceMore(Proof& proof) {
 
 int main(int count, char** arguments) {
     using namespace hostile;
-    return playAll(
-        count, arguments,
-        {{"everything works", [](Proof& p) { lead(p, strideOf(p), From::ThisThread); }},
-         {"every server refuses", [](Proof& p) { lead(p, strideOf(p), From::ThisThread, true); }},
-         {"from another apartment", [](Proof& p) { lead(p, strideOf(p) * 7, From::AnotherThread); }},
-         {"everything works, once more", leadOnceMore}});
+    return playAll(count, arguments,
+                   {{"everything works", [](Proof& p) { lead(p, strideOf(p)); }},
+                    {"every server refuses", [](Proof& p) { lead(p, strideOf(p), false, true); }},
+                    {"from another apartment", [](Proof& p) { lead(p, strideOf(p) * 7, true); }},
+                    {"everything works, once more", leadOnceMore}});
 }

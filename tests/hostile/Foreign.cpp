@@ -4,11 +4,6 @@
 
 namespace hostile {
 
-template <class... Words>
-HRESULT __stdcall Foreign::onSlot(Foreign* self, Words...) noexcept {
-    return self->behave();
-}
-
 void Foreign::implement(const zelbar::InterfaceDescription& contact) {
     constexpr size_t kDispatchSlots = 7, kWordsOfVariant = 4;
     // Who is called takes the arguments off the stack, so many words.

@@ -48,7 +48,9 @@ class Foreign final : public IDispatch {
 
   private:
     template <class... Words>
-    static HRESULT __stdcall onSlot(Foreign* self, Words...) noexcept;
+    static HRESULT __stdcall onSlot(Foreign* self, Words...) noexcept {
+        return self->behave();
+    }
     HRESULT behave() noexcept;
 
     Manner manner_;

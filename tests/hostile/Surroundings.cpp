@@ -66,8 +66,6 @@ void folders(Proof& proof) {
         // Where the whole path is too long for Windows nobody finds the cache; that must be all.
         proof.run("data folder of " + std::to_string(place.size()) + " characters");
         proof.expect(world.day(proof) || place.size() + 12 >= MAX_PATH, &Tally::lost, "Ada is unknown");
-        DeleteFileW((place + L"\\connec00.mdb").c_str());
-        DeleteFileW((place + L"\\wxd.mdb").c_str());
         for (const std::wstring& bad :
              {place + L"\\" + name + L"\\" + name, std::wstring(L"\\\\nobody\\") + name, L"?:\\" + name}) {
             world.registry.set(HKEY_CURRENT_USER, kClientKey, L"DataPath", bad);

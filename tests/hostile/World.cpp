@@ -4,7 +4,6 @@
 
 #include <stdexcept>
 
-#include "automation/Bstr.h"
 #include "tests/com/LateClient.h"
 
 namespace hostile {
@@ -12,9 +11,6 @@ namespace hostile {
 namespace {
 
 using namespace standin::outlook;
-using zelbar::Bstr;
-using zelbar::late;
-using zelbar::lent;
 
 constexpr int kFriends = 26;
 constexpr long kFailOnError = 128;
@@ -23,14 +19,12 @@ constexpr int kNumberProperty = 3;
 /// Makes a database by these statements.
 void makeDatabase(const std::wstring& file, const std::vector<std::wstring>& statements) {
     const auto engine = World::createServer(standin::dao::kEngineProgId);
-    const Bstr path(file), locale(L";LANGID=0x0409;CP=1252;COUNTRY=0");
     const auto database =
-        late(*engine.get(), L"CreateDatabase", {lent(path.get()), lent(locale.get())}).value.object();
-    for (const auto& statement : statements)
-        if (FAILED(
-                late(*database.get(), L"Execute", {lent(Bstr(statement).get()), lent(kFailOnError)}).result))
+        ask(engine, L"CreateDatabase", {file, L";LANGID=0x0409;CP=1252;COUNTRY=0"}).object();
+    for (const Variant statement : statements)
+        if (FAILED(zelbar::late(*database, L"Execute", {statement.raw(), zelbar::lent(kFailOnError)}).result))
             throw std::runtime_error("a statement fails");
-    late(*database.get(), L"Close");
+    ask(database, L"Close");
 }
 
 std::wstring values(const std::vector<std::wstring>& texts) {
