@@ -33,9 +33,10 @@ TEST_F(Model, OnlyAListHasAChosenEntry) {
         EXPECT_EQ(list.integer({L"ValueIndex"}), c.index);
         EXPECT_EQ(valueOf(open, L"NewOnInexistant"), c.value);
         EXPECT_EQ(open.boolean({L"PassiveAction"}), c.passive);
-        list.put({L"Value"}, L"put instead");
-        EXPECT_EQ(valueOf(open.object({L"CopyAction"}), L"NewOnInexistant"), c.value) << "the index counts";
     }
+    list.put({L"ValueIndex"}, 1);
+    list.put({L"Value"}, L"put instead");
+    EXPECT_EQ(valueOf(open.object({L"CopyAction"}), L"NewOnInexistant"), cases[0].value);
 }
 
 }  // namespace
