@@ -1,9 +1,11 @@
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 #include "client/ContactText.h"
 #include "client/Json.h"
 #include "client/commands/Commands.h"
-#include "tests/client/HostedTest.h"
+#include "tests/client/ProgramRun.h"
 #include "tests/harness/Process.h"
 
 namespace pimcall {
