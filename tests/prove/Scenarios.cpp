@@ -260,6 +260,11 @@ void synchronize(Client& c) {
                                  VARIANT{}) != 0);
 }
 
+void startWithTables(Client& c) {
+    Stage::current().outlook.server().setOption(L"Version", L"16.0");
+    c.start();
+}
+
 void fillCache(Client& c) {
     const HMODULE filler = GetModuleHandleW(L"prove_fill.dll");
     c.noteThat("filled", hostile::exported<bool __cdecl()>(filler, "fill")());
@@ -305,6 +310,7 @@ const std::vector<Scenario> kScenarios = {
     {"folder-made", start, makeFolder, Settles, {.isSlow = true}},
     {"export-begun", start, beginExport, Adds},
     {"export", start, synchronize, Settles},
+    {"export-table", startWithTables, synchronize, Settles},
     {"fill", nothing, fillCache, Settles, {.hasClient = false}},
     {"fill-new", loseCache, fillCache, Settles, {.hasClient = false}},
 };

@@ -42,6 +42,9 @@ Stage::Stage() {
               databaseAsItIs(directoryFile(), [] { return Facts(); }),
               {[this] { return static_cast<ULONGLONG>(imports.writes + made_); }, [this] { makeSettings(); },
                [this] { return readSettings(kSettings); }}};
+    // Tables may be read, by the version that has some.
+    registry.set(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Office\\16.0\\Outlook\\Security",
+                 L"ObjectModelGuard", REG_DWORD, {'\2', 0, 0, 0});
     reset();
 }
 
@@ -81,6 +84,7 @@ void Stage::makeSettings() {
 void Stage::reset() {
     revive();
     outlook.quit();
+    outlook.server().setOption(L"Version", {});
     for (Part& part : parts_) {
         if (part.version() == part.known) continue;
         part.restore();
