@@ -38,31 +38,31 @@ TEST_P(ExportTest, TheClientIsToldHowFarARunIs) {
     };
     EXPECT_EQ(synchronize(L"", &listener.object), GetParam());
     EXPECT_EQ(traced("item by item: it changed while it was read"), GetParam());
+    EXPECT_EQ(contacts().size(), GetParam() ? 60u : 59u);
     EXPECT_TRUE(synchronize());
     EXPECT_EQ(contacts().size(), 60u);
 }
 
 TEST_P(ExportTest, WhatIsDoneAboutAContactIsForItsItemToSay) {
     fill(5);
-    EXPECT_TRUE(initialize());
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(initialize());
     sql({L"Delete From Employees Where EmployeeId = 2", L"Delete From Employees Where EmployeeId = 4",
          L"Update Employees Set FirstName = \"Bob\" Where EmployeeId = 3"});
     Listener listener;
     listener.during = [&] {
         // Before the items are read, and after the table has been.
-        if (listener.told.back() != (GetParam() ? L"compare 5/5" : L"compare 0/5")) return S_OK;
-        auto users = contacts().at(1), right = contacts().at(2);
-        users.userProperties.clear();
-        right.fields[L"FirstName"] = L"Bob";
-        mailbox.save(users);
-        mailbox.save(right);
+        if (listener.told.back() != (GetParam() ? L"compare 10/10" : L"compare 0/10")) return S_OK;
+        auto users = contacts();
+        for (const size_t i : {1, 9}) users[i].userProperties.clear();
+        users[2].fields[L"FirstName"] = L"Bob";
+        for (auto& item : users) mailbox.save(item);
         return S_OK;
     };
     outlook.server().calls().reset();
     EXPECT_TRUE(synchronize(L"", &listener.object));
-    EXPECT_EQ(employeeIds(), (Ids{0, 1, 3, 5}));
+    EXPECT_EQ(employeeIds(), (Ids{0, 0, 1, 3, 5}));
     EXPECT_EQ(outlook.server().calls().invocations(L"ContactItem.Save"), 0);
-    EXPECT_EQ(outlook.server().calls().invocations(L"Items.Item"), GetParam() ? 0 : 5);
+    EXPECT_EQ(outlook.server().calls().invocations(L"Items.Item"), GetParam() ? 0 : 10);
 }
 
 }  // namespace
