@@ -23,8 +23,7 @@ inline std::wstring userProperty(const ItemRecord& item, const std::wstring& nam
     return {};
 }
 
-/// The driver with a directory to export, wxd.mdb in the data folder. With an Outlook whose table the driver
-/// may read, or not.
+/// The driver with a directory to export, wxd.mdb, and an Outlook whose table it may read, or not.
 class ExportTest : public DriverTest, public testing::WithParamInterface<bool> {
   protected:
     ExportTest() {
