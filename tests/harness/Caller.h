@@ -28,7 +28,7 @@ class Caller {
         const ULONGLONG begun = GetTickCount64();
         EXPECT_EQ(cursor->FindFirst(&kind, zelbar::Bstr(number).get(), contact_.put()), S_OK);
         took = GetTickCount64() - begun;
-        contact_->get_NotInPIM(&unknown);
+        if (contact_) contact_->get_NotInPIM(&unknown);
         if (unknown == VARIANT_FALSE) contact_->get_FullName(name.put());
         return name.text();
     }
