@@ -1,9 +1,11 @@
+#include <filesystem>
 #include <stdexcept>
 #include <utility>
 
 #include "automation/Bstr.h"
 #include "automation/OutlookNames.h"
 #include "automation/Variant.h"
+#include "benchmark/BareClient.h"
 #include "benchmark/Benchmarks.h"
 #include "benchmark/Measure.h"
 #include "benchmark/Replay.h"
@@ -48,14 +50,20 @@ void printAsked(const char* what, const Asked& asked) {
                 asked.lookUps + asked.invocations);
 }
 
-/// The driver's time over that of plain clients with the same reads: one that asks for each name at each use,
-/// and one that knows the members' numbers, as early-bound ones do.
+/// The driver's time over that of plain clients with the same reads, of the cache and of Outlook: one that
+/// asks Outlook for each name at each use, and one that knows the members' numbers, as early-bound ones do.
 void compareTimes(::DataConnector& driver, const std::vector<std::wstring>& calls,
-                  const ContactPlace& contact) {
+                  const ContactPlace& contact, const std::filesystem::path& cacheFile) {
+    BareClient cache(cacheFile);
     Replay plain(calls, contact, Replay::Names::AskedEachTime);
     Replay early(calls, contact, Replay::Names::Remembered);
-    const auto [own, late, known] = inTurns([&] { incomingCall(driver, CacheRows::number(1)); },
-                                            [&] { plain.run(); }, [&] { early.run(); });
+    const Search caller{0, CacheRows::number(1)};
+    const auto as = [&](Replay& client) {
+        cache.run(caller);
+        client.run();
+    };
+    const auto [own, late, known] =
+        inTurns([&] { incomingCall(driver, caller.pattern); }, [&] { as(plain); }, [&] { as(early); });
     std::printf(
         "\n| microseconds: median (least - most) | driver | late-bound client | client that knows the numbers "
         "|\n|---|---|---|---|\n| incoming call, %zu runs | %s | %s | %s |\n\n",
@@ -144,7 +152,7 @@ void measureIncomingCalls(const Scale& scale) {
     Replay plain(calls, rows.contact, Replay::Names::AskedEachTime);
     printAsked("plain late-bound client, the same reads", asked(counter, [&] { plain.run(); }));
     printRoads(*driver.get(), counter);
-    compareTimes(*driver.get(), calls, rows.contact);
+    compareTimes(*driver.get(), calls, rows.contact, folder.cacheFile());
     reportAim("name look-ups after the first call of a kind",
               static_cast<double>(second.lookUps + other.lookUps), 0);
     std::printf("\n");

@@ -1,9 +1,10 @@
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
-#include "automation/DaoNames.h"
 #include "automation/OutlookNames.h"
+#include "benchmark/BareClient.h"
 #include "benchmark/Benchmarks.h"
 #include "benchmark/Measure.h"
 #include "benchmark/Replay.h"
@@ -13,58 +14,19 @@ namespace benchmark {
 
 namespace {
 
-namespace dao = zelbar::dao;
 namespace outlook = zelbar::outlook;
 using zelbar::Server;
-
-struct Search {
-    const char* name;
-    long kind;
-    const wchar_t* column;
-    std::wstring pattern;
-};
-
-/// A client of the cache without the driver.
-class BareClient {
-  public:
-    explicit BareClient(const std::filesystem::path& cacheFile)
-        : database_(gateway_.create(Server::Dao, dao::kEngineProgIds[0], dao::kEngine)
-                        .object(dao::OpenDatabase, cacheFile.native())) {}
-    ~BareClient() { database_.call(dao::Close); }
-    BareClient(const BareClient&) = delete;
-    BareClient& operator=(const BareClient&) = delete;
-
-    /// The driver's statement, and its reads of what comes back.
-    void run(const Search& search) {
-        const Object rows = database_.object(dao::OpenRecordset,
-                                             std::wstring(L"Select * From TCache Where ") + search.column +
-                                                 L" Like \"" + search.pattern + L"\" Order By Name",
-                                             dao::kOpenDynaset);
-        rows.call(dao::MoveLast);
-        rows.call(dao::MoveFirst);
-        rows.integer(dao::RecordCount);
-        rows.boolean(dao::EOF_);
-        rows.boolean(dao::BOF_);
-        for (const wchar_t* column : {L"EntryId", L"StoreID", L"Name", L"PhoneNumber"})
-            rows.object(dao::FieldNamed, column).text(dao::Value);
-        rows.call(dao::Close);
-    }
-
-  private:
-    zelbar::Gateway gateway_;
-    Object database_;
-};
 
 /// One row of the table; the driver's search without Outlook's share over the bare query, median of the
 /// rounds. Outlook lives in this process; its share is what the driver's calls to it take when they are made
 /// without the driver, with the names remembered as well.
-double measure(const Search& search, long rows, ::DataConnector& driver, BareClient& bare,
+double measure(const char* name, const Search& search, long rows, ::DataConnector& driver, BareClient& bare,
                Replay& outlookCalls) {
     const auto [all, outlookAlone, query] = inTurns([&] { findFirst(driver, search.kind, search.pattern); },
                                                     [&] { outlookCalls.run(); }, [&] { bare.run(search); });
     const Times own = all.without(outlookAlone);
     const double ratio = own.ratioTo(query);
-    std::printf("| %s | %ld | %s | %s | %s | %.2f | %.2f |\n", search.name, rows, all.text().c_str(),
+    std::printf("| %s | %ld | %s | %s | %s | %.2f | %.2f |\n", name, rows, all.text().c_str(),
                 outlookAlone.text().c_str(), query.text().c_str(), ratio,
                 (all.least() - outlookAlone.least()) / query.least());
     return ratio;
@@ -73,22 +35,22 @@ double measure(const Search& search, long rows, ::DataConnector& driver, BareCli
 /// The driver over the bare query, one figure a search.
 std::vector<double> measureCache(const DataFolder& folder, const CacheRows& rows,
                                  const CallCounter& counter) {
-    const Search searches[] = {
-        {"number, exact", 0, L"PhoneNumber", CacheRows::number(777)},
-        {"number, prefix (10 rows)", 0, L"PhoneNumber", L"+33 4 000012*"},
-        {"name, exact", 1, L"Name", CacheRows::name(555)},
-        {"name, prefix (10 rows)", 1, L"Name", L"caller000034*"},
+    const std::pair<const char*, Search> searches[] = {
+        {"number, exact", {0, CacheRows::number(777)}},
+        {"number, prefix (10 rows)", {0, L"+33 4 000012*"}},
+        {"name, exact", {1, CacheRows::name(555)}},
+        {"name, prefix (10 rows)", {1, L"caller000034*"}},
     };
     folder.use();
     const auto driver = createDriver();
     std::vector<double> ratios;
-    for (const Search& search : searches) {
+    for (const auto& [name, search] : searches) {
         BareClient bare(folder.cacheFile());
         requireKnown(findFirst(*driver.get(), search.kind, search.pattern));
         counter.reset();
         findFirst(*driver.get(), search.kind, search.pattern);
         Replay outlookCalls(counter.calls(), rows.contact, Replay::Names::Remembered);
-        ratios.push_back(measure(search, rows.count, *driver.get(), bare, outlookCalls));
+        ratios.push_back(measure(name, search, rows.count, *driver.get(), bare, outlookCalls));
     }
     return ratios;
 }
