@@ -11,7 +11,7 @@ class CallFilter::Filter final : public IMessageFilter {
     explicit Filter(CallRules rules) : rules_(std::move(rules)) {}
 
     void stand(Com<IMessageFilter> before) { before_ = std::move(before); }
-    void retire() { inForce_ = false; }
+    void retire() { standing_ = false; }
     IMessageFilter* before() const { return before_.get(); }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept override {
@@ -35,21 +35,23 @@ class CallFilter::Filter final : public IMessageFilter {
         return SERVERCALL_ISHANDLED;
     }
     STDMETHODIMP_(DWORD) RetryRejectedCall(HTASK callee, DWORD elapsed, DWORD reason) noexcept override {
-        if (inForce_) return rules_.retry(elapsed);
+        if (isInForce()) return rules_.retry(elapsed);
         return before_ ? before_->RetryRejectedCall(callee, elapsed, reason) : CallRules::kGiveUp;
     }
     STDMETHODIMP_(DWORD) MessagePending(HTASK callee, DWORD elapsed, DWORD type) noexcept override {
-        if (!inForce_ && before_) return before_->MessagePending(callee, elapsed, type);
-        const bool cancels = inForce_ && rules_.cancels && rules_.cancels();
+        const bool own = isInForce();
+        if (!own && before_) return before_->MessagePending(callee, elapsed, type);
+        const bool cancels = own && rules_.cancels && rules_.cancels();
         return cancels ? PENDINGMSG_CANCELCALL : PENDINGMSG_WAITDEFPROCESS;
     }
 
   private:
     virtual ~Filter() = default;
+    bool isInForce() const { return standing_ && (!rules_.apply || rules_.apply()); }
 
     CallRules rules_;
     Com<IMessageFilter> before_;
-    bool inForce_ = true;
+    bool standing_ = true;
     ULONG references_ = 1;
 };
 

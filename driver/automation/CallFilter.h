@@ -16,7 +16,10 @@ struct CallRules {
     /// Milliseconds until a call that was turned away is tried again, `elapsed` after its first try.
     std::function<DWORD(DWORD elapsed)> retry;
     /// Whether a call that is still out is given up; asked when a message arrives. Never, without this.
-    std::function<bool()> cancels;
+    std::function<bool()> cancels = {};
+    /// Whether these rules are to be followed, and not those of the filter that was there. Always, without
+    /// this.
+    std::function<bool()> apply = {};
 
     static constexpr DWORD kGiveUp = static_cast<DWORD>(-1);
 };

@@ -8,6 +8,12 @@
 
 namespace zelbar {
 
+namespace {
+
+constexpr ULONGLONG kLeast = 100;
+
+}  // namespace
+
 Deadline::Deadline(const Gateway& gateway, Limit limit)
     : calls_(gateway.calls()),
       outer_(std::exchange(calls_->inForce_, this)),
@@ -21,10 +27,24 @@ Deadline::~Deadline() {
     calls_->inForce_ = outer_;
 }
 
-ULONGLONG Deadline::end() {
-    if (!std::exchange(isRead_, true))
-        if (const DWORD milliseconds = limit_()) end_ = begun_ + milliseconds;
-    return outer_ ? std::min(end_, outer_->end()) : end_;
+bool Deadline::isOver(ULONGLONG now) noexcept {
+    if ((isRead_ || now - begun_ >= kLeast) && now >= ownEnd()) return true;
+    return outer_ && outer_->isOver(now);
+}
+
+ULONGLONG Deadline::end() noexcept {
+    return outer_ ? std::min(ownEnd(), outer_->end()) : ownEnd();
+}
+
+ULONGLONG Deadline::ownEnd() noexcept {
+    if (isRead_) return end_;
+    try {
+        if (const DWORD milliseconds = limit_()) end_ = begun_ + std::max<ULONGLONG>(milliseconds, kLeast);
+        isRead_ = true;
+    } catch (...) {
+        // Without memory for it: it is asked again.
+    }
+    return end_;
 }
 
 void Deadline::postpone(ULONGLONG milliseconds) {

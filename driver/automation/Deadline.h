@@ -14,7 +14,8 @@ class OutgoingCalls;
 /// Lives on the stack.
 class Deadline {
   public:
-    /// Gives the milliseconds, 0 for no end. Asked when Outlook is first called.
+    /// Gives the milliseconds, 0 for no end. Fewer than a hundred count as so many: what is over sooner does
+    /// not need to ask.
     using Limit = DWORD (*)();
 
     Deadline(const Gateway& gateway, Limit limit);
@@ -28,7 +29,10 @@ class Deadline {
     friend class OutgoingCalls;
     friend class Untimed;
 
-    ULONGLONG end();
+    // Asked by a message filter in the middle of a call.
+    bool isOver(ULONGLONG now) noexcept;
+    ULONGLONG end() noexcept;
+    ULONGLONG ownEnd() noexcept;
     /// When the outermost one began.
     ULONGLONG begun() const { return outer_ ? outer_->begun() : begun_; }
     void postpone(ULONGLONG milliseconds);

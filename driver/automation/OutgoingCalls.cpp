@@ -27,24 +27,11 @@ Fault notAnswering(const wchar_t* member, bool isUnknown) {
     return {kNotAnswering, std::move(text), L"Microsoft Outlook"};
 }
 
-struct Moment {
-    const CallClock& clock;
-    ULONGLONG end;
-
-    bool isOver() const { return clock.now() >= end; }
-};
-
-/// What a message filter answers until then. The moment must outlive the time for which the rules are in
-/// force.
-CallRules rulesUntil(const Moment& moment) {
-    const auto retry = [&moment](DWORD) -> DWORD {
-        // COM takes less for "at once".
-        constexpr ULONGLONG kLeast = 100, kPause = 200;
-        const ULONGLONG now = moment.clock.now();
-        return now >= moment.end ? CallRules::kGiveUp
-                                 : static_cast<DWORD>(std::clamp(moment.end - now, kLeast, kPause));
-    };
-    return {retry, [&moment] { return moment.isOver(); }};
+/// When a call that was turned away is tried again.
+DWORD retryWithin(ULONGLONG now, ULONGLONG end) {
+    // COM takes less for "at once".
+    constexpr ULONGLONG kLeast = 100, kPause = 200;
+    return now >= end ? CallRules::kGiveUp : static_cast<DWORD>(std::clamp(end - now, kLeast, kPause));
 }
 
 }  // namespace
@@ -54,9 +41,10 @@ OutgoingCalls::~OutgoingCalls() {
     if (silent_ && now < refusesUntil_) return;
     try {
         constexpr ULONGLONG kPatience = 1000;
-        const Moment patience{clock_, now + kPatience};
-        const CallFilter filter(rulesUntil(patience));
-        late_.release([&] { return !patience.isOver(); });
+        const ULONGLONG end = now + kPatience;
+        const CallFilter filter(
+            {[&](DWORD) { return retryWithin(clock_.now(), end); }, [&] { return clock_.now() >= end; }});
+        late_.release([&] { return clock_.now() < end; });
     } catch (...) {
         // Without memory for it, what waits goes with the process.
     }
@@ -77,7 +65,7 @@ HRESULT OutgoingCalls::carryOut(const wchar_t* member, unsigned manner,
         else if (!isBusy(answer) && !cancelled)
             answered();
         if (cancelled) throw notAnswering(member, manner & kLasting);
-        if (!isBusy(answer) || (manner & kLasting) || end() == Deadline::kNever || isSpent()) return answer;
+        if (!isBusy(answer) || (manner & kLasting) || isSpent() || end() == Deadline::kNever) return answer;
         pause(milliseconds);
         if (!isSpent()) continue;
         overrun(member, true);
@@ -86,20 +74,22 @@ HRESULT OutgoingCalls::carryOut(const wchar_t* member, unsigned manner,
 }
 
 HRESULT OutgoingCalls::once(unsigned manner, const std::function<HRESULT()>& call) {
-    if (end() == Deadline::kNever) return call();
+    if (!inForce_) return call();
     if (manner & kAsksUser) {
         const Untimed untimed(*this);
         return call();
     }
-    const Moment deadline{clock_, end()};
-    const CallFilter filter(rulesUntil(deadline));
+    Deadline& deadline = *inForce_;
+    const CallFilter filter({[&deadline, this](DWORD) { return retryWithin(clock_.now(), deadline.end()); },
+                             [&deadline, this] { return deadline.isOver(clock_.now()); },
+                             [&deadline] { return deadline.end() != Deadline::kNever; }});
     return call();
 }
 
 void OutgoingCalls::admit(const wchar_t* member) {
-    if (end() == Deadline::kNever) return;
     if (isSpent()) overrun(member, false);
-    if (silent_ && clock_.now() < refusesUntil_) throw notAnswering(member, false);
+    const bool refuses = silent_ && clock_.now() < refusesUntil_ && end() != Deadline::kNever;
+    if (refuses) throw notAnswering(member, false);
 }
 
 void OutgoingCalls::overrun(const wchar_t* member, bool wasBusy) {
@@ -138,7 +128,7 @@ void OutgoingCalls::release(Com<IUnknown> reference) noexcept {
             return S_OK;
         });
     } catch (...) {
-        // The limit could not be read: it goes without one.
+        // There was no memory for the filter: it goes without one.
     }
 }
 

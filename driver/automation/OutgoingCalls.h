@@ -42,7 +42,7 @@ class OutgoingCalls {
 
     HRESULT once(unsigned manner, const std::function<HRESULT()>& call);
     ULONGLONG end() const;
-    bool isSpent() const { return clock_.now() >= end(); }
+    bool isSpent() const { return inForce_ && inForce_->isOver(clock_.now()); }
     void admit(const wchar_t* member);
     void overrun(const wchar_t* member, bool wasBusy);
     void answered();

@@ -217,6 +217,15 @@ TEST_F(DeadlineTest, OnlyTheClockDecidesAndIncomingCallsAreTheClients) {
         twelveReads(item);
         EXPECT_EQ(currentFilter().get(), theirs) << "who registers one meanwhile keeps it";
     }
+    const Deadline none(gateway, [] { return DWORD{0}; });
+    CoRegisterMessageFilter(&client, nullptr);
+    answer = [](ULONGLONG) {
+        EXPECT_EQ(currentFilter()->RetryRejectedCall(nullptr, 0, SERVERCALL_REJECTED), 77);
+        EXPECT_EQ(currentFilter()->MessagePending(nullptr, 0, 1), PENDINGMSG_WAITNOPROCESS);
+        return S_OK;
+    };
+    EXPECT_EQ(readOf(item), 0);
+    CoRegisterMessageFilter(nullptr, nullptr);
     EXPECT_EQ(client.references, 1);
 }
 
