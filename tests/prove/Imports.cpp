@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "standin/common/FaultScript.h"
@@ -38,8 +39,16 @@ enum class Fails {
     WithStatus,     ///< answers the error itself
     WithResult,     ///< answers an HRESULT
     WithLastError,  ///< answers 0, and the error can be asked for
-    WithInvalid,    ///< the same with INVALID_HANDLE_VALUE
+    WithInvalid,    ///< the same with -1, as INVALID_HANDLE_VALUE
 };
+
+template <class Result>
+Result invalid() {
+    if constexpr (std::is_pointer_v<Result>)
+        return INVALID_HANDLE_VALUE;
+    else
+        return static_cast<Result>(-1);
+}
 
 template <class Result, Fails kHow>
 Result failed() {
@@ -49,14 +58,14 @@ Result failed() {
     else if constexpr (kHow == Fails::WithResult)
         return HRESULT_FROM_WIN32(imports.error);
     else if constexpr (kHow == Fails::WithInvalid)
-        return INVALID_HANDLE_VALUE;
+        return invalid<Result>();
     else
         return Result{};
 }
 
 template <class Result, Fails kHow>
 bool succeeded(Result result) {
-    if constexpr (kHow == Fails::WithInvalid) return result != INVALID_HANDLE_VALUE;
+    if constexpr (kHow == Fails::WithInvalid) return result != invalid<Result>();
     return (result == Result{}) == (kHow == Fails::WithStatus || kHow == Fails::WithResult);
 }
 
@@ -161,6 +170,7 @@ const Row kRows[] = {
     watched<"RegOpenKeyExW", decltype(RegOpenKeyExW), Registry, WithStatus, 1>(),
     watched<"RegCloseKey", decltype(RegCloseKey), kCount, WithStatus, -1>(),
     watched<"RegQueryValueExW", decltype(RegQueryValueExW), Registry, WithStatus>(),
+    watched<"RegGetValueW", decltype(RegGetValueW), Registry, WithStatus>(),
     watched<"RegSetValueExW", decltype(RegSetValueExW), Registry, WithStatus>(),
     watched<"RegSetKeyValueW", decltype(RegSetKeyValueW), Registry, WithStatus>(),
     watched<"RegDeleteKeyW", decltype(RegDeleteKeyW), Registry, WithStatus>(),
@@ -178,6 +188,7 @@ const Row kRows[] = {
     watched<"FindFirstFileW", decltype(FindFirstFileW), File, WithInvalid, 1>(),
     watched<"FindNextFileW", decltype(FindNextFileW), File, WithLastError>(),
     watched<"FindClose", decltype(FindClose), kCount, WithLastError, -1>(),
+    watched<"GetFileAttributesW", decltype(GetFileAttributesW), File, WithInvalid>(),
     watched<"SHGetFolderPathW", decltype(SHGetFolderPathW), File, WithResult>(),
     watched<"GetModuleFileNameW", decltype(GetModuleFileNameW), File, WithLastError>(),
     watched<"FindResourceW", decltype(FindResourceW), File, WithLastError>(),
@@ -189,9 +200,11 @@ const Row kRows[] = {
     watched<"AssocQueryStringW", decltype(AssocQueryStringW), Process, WithResult>(),
     watched<"SysAllocStringLen", decltype(SysAllocStringLen), Memory, WithLastError>(),
     replaced("VariantCopy", copyVariant),
+    watched<"VariantCopyInd", decltype(VariantCopyInd), Memory, WithResult>(),
     watched<"VariantChangeType", decltype(VariantChangeType), Memory, WithResult>(),
     watched<"SafeArrayCreateVector", decltype(SafeArrayCreateVector), Memory, WithLastError>(),
     watched<"SafeArrayPutElement", decltype(SafeArrayPutElement), Memory, WithResult>(),
+    watched<"SafeArrayGetElement", decltype(SafeArrayGetElement), Memory, WithResult>(),
     watched<"GlobalAlloc", decltype(GlobalAlloc), Memory, WithLastError>(),
     watched<"CreateDialogParamW", decltype(CreateDialogParamW), Window, WithLastError>(),
     watched<"DialogBoxParamW", decltype(DialogBoxParamW), Window, WithLastError>(),
@@ -204,6 +217,7 @@ const Row kRows[] = {
     watched<"GetDC", decltype(GetDC), Window, WithLastError, 1>(),
     watched<"ReleaseDC", decltype(ReleaseDC), kCount, WithLastError, -1>(),
     watched<"LoadImageW", decltype(LoadImageW), Window, WithLastError>(),
+    watched<"SetClipboardData", decltype(SetClipboardData), Window, WithLastError>(),
     watched<"CreateActCtxW", decltype(CreateActCtxW), Window, WithInvalid>(),
     watched<"BeginDeferWindowPos", decltype(BeginDeferWindowPos), Window, WithLastError>(),
     watched<"DeferWindowPos", decltype(DeferWindowPos), Window, WithLastError>(),

@@ -16,7 +16,7 @@ using hostile::Tally;
 
 /// After so many calls of a kind a scenario repeats itself: of these every second one meets one event, by
 /// turns.
-constexpr long kBeforeLoops = 60, kBeforeLoopsInShort = 30;
+constexpr long kBeforeLoops = 40, kBeforeLoopsInShort = 30;
 
 /// The short form has every call meet one event; it samples the many allocations and repetitions, and calls
 /// in only while Outlook is asked.

@@ -260,8 +260,12 @@ void synchronize(Client& c) {
                                  VARIANT{}) != 0);
 }
 
-void startWithTables(Client& c) {
+void haveTables(Client&) {
     Stage::current().outlook.server().setOption(L"Version", L"16.0");
+}
+
+void startWithTables(Client& c) {
+    haveTables(c);
     c.start();
 }
 
@@ -312,6 +316,7 @@ const std::vector<Scenario> kScenarios = {
     {"export", start, synchronize, Settles},
     {"export-table", startWithTables, synchronize, Settles},
     {"fill", nothing, fillCache, Settles, {.hasClient = false}},
+    {"fill-table", haveTables, fillCache, Settles, {.hasClient = false}},
     {"fill-new", loseCache, fillCache, Settles, {.hasClient = false}},
 };
 
