@@ -48,6 +48,8 @@ void Client::perform(long id, const Com<::Contact>& caller,
     for (const auto& [key, value] : settings) {
         const auto setting = get(list, &::ActionProperties::Item, Variant(key).raw());
         call(setting, &::ActionProperty::put_Value, value.raw());
+        // What is not set up as it is to be would do something else.
+        if (get(setting, &::ActionProperty::get_Value).text() != value.text()) return;
     }
     if (choice > 0) {
         const auto setting = get(list, &::ActionProperties::Item, Variant(1L).raw());
