@@ -53,13 +53,17 @@ void FolderTable::add(const wchar_t* name) {
 }
 
 VariantGrid FolderTable::next() const {
-    return VariantGrid(table_.boolean(outlook::EndOfTable) ? Variant()
-                                                           : table_.get(outlook::GetArray, kRowsInOneCall));
+    if (table_.boolean(outlook::EndOfTable)) return {};
+    VariantGrid block(table_.get(outlook::GetArray, kRowsInOneCall));
+    // One that has not taken a column would give each property another's place.
+    if (block.rows() > 0 && block.columns() != positions_.size())
+        throw Fault{static_cast<long>(E_FAIL), L"the table has other columns", L"Microsoft Outlook"};
+    return block;
 }
 
 const VARIANT* FolderTable::Row::cell(std::wstring_view column) const {
     const auto position = table_.positions_.find(column);
-    if (position == table_.positions_.end() || position->second >= block_.columns()) return nullptr;
+    if (position == table_.positions_.end()) return nullptr;
     return &block_.cell(row_, position->second);
 }
 
