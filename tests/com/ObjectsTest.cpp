@@ -62,6 +62,7 @@ TEST_F(ObjectsTest, TheEntryObjectTakesListenersAndGivesNothingNowhere) {
         connector().Invoke(0, none, 0, 0, nullptr, nullptr, nullptr, nullptr),
         cursor->FindFirst(nullptr, nullptr, nullptr),
         cursor->FindFirstForUnified(nullptr, nullptr, nullptr),
+        cursor->FillContactCollection(nullptr, nullptr, nullptr),
         container->EnumConnectionPoints(nullptr),
         container->FindConnectionPoint(none, nullptr),
         point->QueryInterface(none, nullptr),
