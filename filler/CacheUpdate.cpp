@@ -165,7 +165,10 @@ class Update {
         constexpr int kMostRounds = 3;
         Transaction transaction(file_.workspace());
         for (int round = 0;; ++round) {
-            if (round == kMostRounds) throw Failure{L"The cache does not become what it is to be."};
+            if (round == kMostRounds)
+                throw Failure{
+                    L"The cache does not take what is written to it, and stays as it was. Run fillcache again "
+                    L"when no other program works on the cache"};
             apply(stores_, stores, transaction);
             apply(numbers_, numbers, transaction);
             if (file_.isNew()) break;
