@@ -6,13 +6,15 @@
 namespace zelbar {
 
 bool StoreTable::add(Entry entry) {
-    if (used_ == entries_.size()) return false;
-    entries_[used_++] = std::move(entry);
+    if (entries_.size() == kEntries) return false;
+    entries_.push_back(std::move(entry));
     return true;
 }
 
-void StoreTable::clear() {
-    *this = StoreTable();
+auto StoreTable::at(int position) const -> const Entry& {
+    static const Entry empty;
+    const auto index = static_cast<size_t>(position) - 1;
+    return index < entries_.size() ? entries_[index] : empty;
 }
 
 std::wstring StoreTable::storeIdOf(std::wstring_view index) const {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zelbar {
 
@@ -19,17 +19,16 @@ class StoreTable {
 
     /// Fills the next entry. False when all are taken.
     bool add(Entry entry);
-    void clear();
+    void clear() { entries_.clear(); }
 
     /// Entry 1 to 100; empty texts where none was filled.
-    const Entry& at(int position) const { return entries_[static_cast<size_t>(position) - 1]; }
+    const Entry& at(int position) const;
 
     /// The store that an index stands for (exact comparison, first entry wins); empty when there is none.
     std::wstring storeIdOf(std::wstring_view index) const;
 
   private:
-    std::array<Entry, kEntries> entries_;
-    size_t used_ = 0;
+    std::vector<Entry> entries_;
 };
 
 }  // namespace zelbar
