@@ -12,7 +12,7 @@ std::wstring folderPath(const Object& item) {
     // Folders are never nested this deep; the bound only keeps a broken chain from holding the client.
     constexpr int kDeepest = 200;
     std::wstring path;
-    Object folder = item.object(outlook::Parent);
+    Object folder = item.object(outlook::ItemFolder);
     for (int depth = 0; depth < kDeepest && folder.objectClass() != outlook::kNameSpace; ++depth) {
         const std::wstring name = folder.text(outlook::Name);
         if (name == L"Outlook") break;

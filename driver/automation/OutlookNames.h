@@ -29,6 +29,8 @@ inline constexpr const wchar_t* kProgId = L"Outlook.Application";
 // Every object
 inline constexpr Member Class{L"Class"};
 inline constexpr Member Parent{L"Parent", kAskForClass};
+/// An item's: only what lies above a folder can be something else.
+inline constexpr Member ItemFolder{L"Parent", kFolder};
 inline constexpr Member Name{L"Name"};
 inline constexpr Member Count{L"Count"};
 inline constexpr Member EntryID{L"EntryID"};
@@ -39,6 +41,9 @@ inline constexpr Member Version{L"Version"};
 inline constexpr Member GetNamespace{L"GetNamespace", kNameSpace};
 inline constexpr Member Type{L"Type"};
 inline constexpr Member GetItemFromID{L"GetItemFromID", kAskForClass};
+/// For what only a contact's identifier is handed to. Anything else refuses a contact's numbers, and is asked
+/// by name.
+inline constexpr Member GetContactItem{L"GetItemFromID", kContact};
 inline constexpr Member GetFolderFromID{L"GetFolderFromID", kFolder};
 inline constexpr Member GetDefaultFolder{L"GetDefaultFolder", kFolder};
 

@@ -19,12 +19,12 @@ LookUp ItemSearch::everywhere(const std::wstring& storeId, const StoreTable& sto
 }
 
 bool ItemSearch::tryStore(const std::wstring& storeId) {
-    return attempt([&] { return nameSpace_.object(outlook::GetItemFromID, entryId_, storeId); });
+    return attempt([&] { return nameSpace_.object(outlook::GetContactItem, entryId_, storeId); });
 }
 
 // An empty store identifier is not the same as none: the argument is left out.
 bool ItemSearch::tryDefaultStore() {
-    return attempt([&] { return nameSpace_.object(outlook::GetItemFromID, entryId_); });
+    return attempt([&] { return nameSpace_.object(outlook::GetContactItem, entryId_); });
 }
 
 template <class Question>

@@ -8,13 +8,6 @@
 
 namespace zelbar {
 
-namespace {
-
-/// Only contacts are looked for by their identifiers here.
-constexpr Member kGetContact{L"GetItemFromID", outlook::kContact};
-
-}  // namespace
-
 FolderContacts::FolderContacts(ExportRun& run, Object application, Object session, Object folder)
     : run_(run),
       application_(std::move(application)),
@@ -24,7 +17,7 @@ FolderContacts::FolderContacts(ExportRun& run, Object application, Object sessio
       storeId_(folder_.text(outlook::StoreID)) {}
 
 Object FolderContacts::opened(const ExportedContact& contact) const {
-    return session_.object(kGetContact, contact.entryId, storeId_);
+    return session_.object(outlook::GetContactItem, contact.entryId, storeId_);
 }
 
 long FolderContacts::itemCount() const {

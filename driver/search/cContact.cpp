@@ -110,7 +110,7 @@ std::wstring cContact::readStoreId(const Object& item) noexcept {
         // Every folder of a store names the store, so the first one that does ends the climb; the name space
         // at the top names none. No mailbox is as deep as the bound.
         std::wstring storeId;
-        Object parent = item.object(outlook::Parent);
+        Object parent = item.object(outlook::ItemFolder);
         for (int depth = 0; depth < 100 && storeId.empty(); ++depth) {
             if (parent.objectClass() == outlook::kNameSpace) break;
             storeId = parent.text(outlook::StoreID);
@@ -192,8 +192,8 @@ void cContact::reloadItem() noexcept {
     // Where Outlook does not give the item anew, the one at hand still serves.
     Attempts().into(item_, [&] {
         const Object session = parts_.outlook.GetNameSpace();
-        return storeId_.empty() ? session.object(outlook::GetItemFromID, contactId_)
-                                : session.object(outlook::GetItemFromID, contactId_, storeId_);
+        return storeId_.empty() ? session.object(outlook::GetContactItem, contactId_)
+                                : session.object(outlook::GetContactItem, contactId_, storeId_);
     });
 }
 
