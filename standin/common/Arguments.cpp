@@ -22,6 +22,7 @@ Arguments::Arguments(const Member& member, const DISPPARAMS& raw, bool assignmen
     const bool namesValue = named == 1 && raw.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
     if (named > 0 && !(assignment && namesValue)) throw Error::plain(DISP_E_NONAMEDARGS);
     if (assignment && raw.cArgs == 0) throw Error::plain(DISP_E_BADPARAMCOUNT);
+    if (assignment && !namesValue) throw Error::plain(DISP_E_PARAMNOTFOUND);
     for (UINT i = raw.cArgs; i > (assignment ? 1U : 0U); --i)
         values_.push_back(dereferenced(raw.rgvarg[i - 1]));
     if (assignment) assigned_ = dereferenced(raw.rgvarg[0]);

@@ -39,19 +39,5 @@ TEST(GatewayTest, ANameIsAskedOncePerClassAndNotPerCall) {
     EXPECT_EQ(first.asked, (Asked{L"?Name", L"Name/3", L"?Name", L"Name/3"})) << "nothing to remember by";
 }
 
-TEST(GatewayTest, APutNamesItsValue) {
-    DISPID named = 0;
-    StrictObject target({{L"Name", 5, DISPATCH_PROPERTYPUT}, {L"Picture", 6, DISPATCH_PROPERTYPUTREF}},
-                        [&named](DISPID, DISPPARAMS& arguments, VARIANT*, EXCEPINFO*) {
-                            named = arguments.cNamedArgs ? *arguments.rgdispidNamedArgs : 0;
-                            return S_OK;
-                        });
-    const Object item(Gateway(), Server::Outlook, target.reference(), 40);
-    item.put(kName, L"Ada");
-    EXPECT_EQ(std::exchange(named, 0), DISPID_PROPERTYPUT);
-    item.putReference(Member{L"Picture"}, item);
-    EXPECT_EQ(named, DISPID_PROPERTYPUT);
-}
-
 }  // namespace
 }  // namespace zelbar
