@@ -68,6 +68,9 @@ TEST_F(CRegSettingsTest, SavesAndDeletes) {
     EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, std::wstring(kPopup) + L"\\section"));
     EXPECT_FALSE(settings.DeleteSetting(L"", L"")) << "that would be all settings";
     EXPECT_TRUE(RegKeyExists(HKEY_CURRENT_USER, kPopup));
+    EXPECT_TRUE(RegWriteString(HKEY_CURRENT_USER, kPopup, L"b", L"") &&
+                RegReadStored(HKEY_CURRENT_USER, kPopup, L"b") == L" ")
+        << "nothing is told from no value";
 }
 
 std::string utf16(std::wstring_view text) {
