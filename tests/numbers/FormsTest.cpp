@@ -91,7 +91,8 @@ TEST(Forms, OfWhatIsNoNumberAreTheTextAlone) {
     const PresentedForms presented({L"DE", L"89", L"", WithoutPrefix::Unknown});
     for (const std::wstring& text :
          {std::wstring(40000, L'7'), std::wstring(200, L'/'), std::wstring(40, L'1'), std::wstring(L"+"),
-          std::wstring(L"\x01\x02"), std::wstring(100, L'('), std::wstring(L"\xDC00\xD83D")})
+          std::wstring(L"\x01\x02"), std::wstring(100, L'('), std::wstring(L"\xDC00\xD83D"),
+          std::wstring(250, L' ') + L"030 123456"})
         EXPECT_EQ(presented.of(text), Texts{text});
     EXPECT_EQ(presented.of(L""), Texts{});
 }
