@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -82,7 +82,7 @@ class FolderTable {
 
     Object table_;
     Object columns_;
-    std::map<std::wstring_view, std::size_t> positions_;
+    std::unordered_map<std::wstring_view, std::size_t> positions_;
 };
 
 }  // namespace zelbar
