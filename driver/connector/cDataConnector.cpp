@@ -28,7 +28,7 @@ Object itemInAnyStore(OutlookConnection& connection, const StoreTable& stores, F
     attempt.into(item, [&] { return session.object(outlook::GetItemFromID, entryId); });
     for (int i = 1; !item && i <= StoreTable::kEntries; ++i) {
         log.trace(L"  GetContactByContactID: i=", i);
-        const std::wstring& store = stores.at(i).storeId;
+        const std::wstring store = stores.at(i).storeId;
         if (store.empty()) break;
         storeTried = store;
         attempt.into(item, [&] { return session.object(outlook::GetItemFromID, entryId, store); });

@@ -11,10 +11,9 @@ bool StoreTable::add(Entry entry) {
     return true;
 }
 
-auto StoreTable::at(int position) const -> const Entry& {
-    static const Entry empty;
+auto StoreTable::at(int position) const -> Entry {
     const auto index = static_cast<size_t>(position) - 1;
-    return index < entries_.size() ? entries_[index] : empty;
+    return index < entries_.size() ? entries_[index] : Entry();
 }
 
 std::wstring StoreTable::storeIdOf(std::wstring_view index) const {

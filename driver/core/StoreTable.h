@@ -22,7 +22,7 @@ class StoreTable {
     void clear() { entries_.clear(); }
 
     /// Entry 1 to 100; empty texts where none was filled.
-    const Entry& at(int position) const;
+    Entry at(int position) const;
 
     /// The store that an index stands for (exact comparison, first entry wins); empty when there is none.
     std::wstring storeIdOf(std::wstring_view index) const;
