@@ -41,8 +41,8 @@ inline constexpr Member Version{L"Version"};
 inline constexpr Member GetNamespace{L"GetNamespace", kNameSpace};
 inline constexpr Member Type{L"Type"};
 inline constexpr Member GetItemFromID{L"GetItemFromID", kAskForClass};
-/// For what only a contact's identifier is handed to. Anything else refuses a contact's numbers, and is asked
-/// by name.
+/// Where a contact is looked for by its identifier. What is none refuses a contact's numbers, and is asked by
+/// name.
 inline constexpr Member GetContactItem{L"GetItemFromID", kContact};
 inline constexpr Member GetFolderFromID{L"GetFolderFromID", kFolder};
 inline constexpr Member GetDefaultFolder{L"GetDefaultFolder", kFolder};
