@@ -26,6 +26,8 @@ class Cursor {
     bool isAfterLast() const { return after_; }
     /// Rows visited so far, less those found deleted.
     long count() const { return count_; }
+    /// How many rows there are from the current one to the last, at most.
+    std::size_t rowsAhead() const { return before_ || after_ ? 0 : rowCount() - at_; }
 
     void moveFirst();
     void moveLast();

@@ -1,5 +1,7 @@
 #include "standin/dao/Recordset.h"
 
+#include <algorithm>
+
 #include "standin/dao/Database.h"
 #include "standin/dao/Fields.h"
 
@@ -67,6 +69,7 @@ Value Recordset::getRows(const Arguments& arguments) {
     const Reading together = cursor_->readTogether();
     std::vector<Value> cells;
     const std::vector<ResultField>& fields = cursor_->fields();
+    cells.reserve(fields.size() * std::min(static_cast<std::size_t>(most), cursor_->rowsAhead()));
     for (long row = 0; row < most && !cursor_->isAfterLast(); ++row) {
         for (std::size_t i = 0; i < fields.size(); ++i)
             cells.push_back(toClient(cursor_->value(i), fields[i].column.type));
