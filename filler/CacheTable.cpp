@@ -86,7 +86,7 @@ std::optional<RecordView> CacheTable::current() {
 }
 
 void CacheTable::readBlock() {
-    constexpr long kRowsInOneCall = 500;
+    constexpr long kRowsInOneCall = 2000;
     block_ = std::make_unique<zelbar::VariantGrid>(rows_.get(dao::GetRows, kRowsInOneCall));
     at_ = 0;
     if (block_->rows() == 0 || block_->columns() < fields_.size())

@@ -36,7 +36,7 @@ const TableLayout& numberLayout();
 /// The rows of one table, walked once from first to last. Every member throws a Fault.
 class CacheTable {
   public:
-    /// Hundreds of rows are read in one call; or rows can be removed; or added, to a table that seems empty.
+    /// Thousands of rows are read in one call; or rows can be removed; or added, to a table that seems empty.
     enum class Use { Read, Remove, Append };
 
     CacheTable(const zelbar::Object& database, const TableLayout& layout, Use use);
