@@ -51,7 +51,7 @@ Object OutlookConnection::connectApplication() {
     // The old reference goes last: when it is the only one that keeps a windowless Outlook running, releasing
     // it first would shut Outlook down only to start it again.
     const Object old = std::exchange(application_, {});
-    Object application = gateway_.create(Server::Outlook, outlook::kProgId, outlook::kApplication);
+    Object application = class_.newApplication();
     application_ = application;
     return application;
 }
@@ -76,6 +76,7 @@ Object OutlookConnection::probedNameSpace(const Object& application) {
 void OutlookConnection::release() {
     nameSpace_ = {};
     application_ = {};
+    class_.forget();
 }
 
 // What a connection is asked through is held by the procedure itself: while Outlook is asked the client may
@@ -92,6 +93,7 @@ Object OutlookConnection::GetApp() {
         fault = caughtFault();
     }
     report(fault, kGetApp, L"Accessing Outlook Application", L"    GetApp: ERR1 ");
+    class_.forget();
     try {
         log_.trace(L"    Connecting to Outlook...");
         Object application = connectApplication();
@@ -118,6 +120,7 @@ Object OutlookConnection::GetNameSpace() {
         fault = caughtFault();
     }
     report(fault, kGetNameSpace, L"Accessing NameSpace", L"    GetNameSpace: ERR1 ");
+    class_.forget();
     try {
         return probedNameSpace(application);
     } catch (...) {

@@ -5,6 +5,7 @@
 #include "automation/Deadline.h"
 #include "automation/Gateway.h"
 #include "automation/Object.h"
+#include "automation/OutlookClass.h"
 #include "core/LookUp.h"
 #include "core/StoreTable.h"
 #include "core/UserDoor.h"
@@ -24,7 +25,7 @@ class OutlookConnection {
     /// All that is passed must outlive the connection.
     OutlookConnection(Gateway& gateway, FLog& log, mLogError& errors, UserDoor& user,
                       const StoreTable& stores)
-        : gateway_(gateway), log_(log), errors_(errors), user_(user), stores_(stores) {}
+        : gateway_(gateway), log_(log), errors_(errors), user_(user), stores_(stores), class_(gateway) {}
 
     /// The time for what the client asks while the telephone rings, for what the user has asked for, and none
     /// for windows that wait for him and for messages that are served. To be held by each member that is
@@ -68,6 +69,7 @@ class OutlookConnection {
     mLogError& errors_;
     UserDoor& user_;
     const StoreTable& stores_;
+    OutlookClass class_;
     Object application_;
     Object nameSpace_;
 };

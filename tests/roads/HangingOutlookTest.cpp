@@ -4,6 +4,7 @@
 
 #include "automation/DaoNames.h"
 #include "automation/Object.h"
+#include "automation/OutlookClass.h"
 #include "automation/OutlookNames.h"
 #include "tests/harness/Caller.h"
 #include "tests/harness/ClientFilter.h"
@@ -133,6 +134,15 @@ TEST_F(HangingOutlook, IsLeftInTimeByAClientOfSeveralThreads) {
         goEveryWay();
         CoUninitialize();
     }).join();
+}
+
+TEST_F(HangingOutlook, IsFoundAnewWhenItWasClosedMeanwhile) {
+    const Gateway gateway;
+    OutlookClass found(gateway);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(found.newApplication().text(outlook::Name), L"Outlook");
+        harness::Product::quitOutlook();
+    }
 }
 
 TEST_F(HangingOutlook, TheFillerIsInterruptedWithinASecond) {
