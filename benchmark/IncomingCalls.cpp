@@ -55,8 +55,8 @@ void printAsked(const char* what, const Asked& asked) {
 void compareTimes(::DataConnector& driver, const std::vector<std::wstring>& calls,
                   const ContactPlace& contact, const std::filesystem::path& cacheFile) {
     BareClient cache(cacheFile);
-    Replay plain(calls, contact, Replay::Names::AskedEachTime);
-    Replay early(calls, contact, Replay::Names::Remembered);
+    Replay plain(calls, contact, Replay::Client::LateBound);
+    Replay early(calls, contact, Replay::Client::EarlyBound);
     const Search caller{0, CacheRows::number(1)};
     const auto as = [&](Replay& client) {
         cache.run(caller);
@@ -149,7 +149,7 @@ void measureIncomingCalls(const Scale& scale) {
     printAsked("the same number again", second);
     const Asked other = call(2);
     printAsked("another number", other);
-    Replay plain(calls, rows.contact, Replay::Names::AskedEachTime);
+    Replay plain(calls, rows.contact, Replay::Client::LateBound);
     printAsked("plain late-bound client, the same reads", asked(counter, [&] { plain.run(); }));
     printRoads(*driver.get(), counter);
     compareTimes(*driver.get(), calls, rows.contact, folder.cacheFile());

@@ -62,11 +62,11 @@ std::vector<std::wstring> CallCounter::calls() const {
     return result;
 }
 
-Replay::Replay(const std::vector<std::wstring>& calls, ContactPlace contact, Names names)
-    : contact_(std::move(contact)), names_(names) {
+Replay::Replay(const std::vector<std::wstring>& calls, ContactPlace contact, Client client)
+    : contact_(std::move(contact)), client_(client) {
     for (const std::wstring& call : calls) {
         const bool asksForClass = call.ends_with(L".Class");
-        if (names == Names::Remembered || !asksForClass) steps_.push_back(stepOf(call));
+        if (client != Client::LateBound || !asksForClass) steps_.push_back(stepOf(call));
     }
 }
 
@@ -86,7 +86,7 @@ Replay::Step Replay::stepOf(const std::wstring& call) const {
         if (call == known.call) {
             step.resultClass = known.result;
             step.arguments = known.arguments;
-            if (names_ == Names::Remembered) step.resultNumber = numberOf(step.resultClass);
+            if (client_ != Client::LateBound) step.resultNumber = numberOf(step.resultClass);
         }
     return step;
 }
@@ -94,13 +94,17 @@ Replay::Step Replay::stepOf(const std::wstring& call) const {
 void Replay::run() {
     for (const Step& step : steps_) {
         if (step.objectClass == L"Application" && !step.resultClass.empty())
-            objects_[step.objectClass] =
-                gateway_.create(zelbar::Server::Outlook, outlook::kProgId,
-                                names_ == Names::Remembered ? outlook::kApplication : zelbar::kUnknownClass);
+            objects_[step.objectClass] = newApplication();
         Object result = perform(step);
         if (!step.resultClass.empty()) objects_[step.resultClass] = std::move(result);
     }
     objects_.clear();
+}
+
+Object Replay::newApplication() {
+    if (client_ == Client::Driver) return class_.newApplication();
+    return gateway_.create(zelbar::Server::Outlook, outlook::kProgId,
+                           client_ == Client::EarlyBound ? outlook::kApplication : zelbar::kUnknownClass);
 }
 
 Object Replay::perform(const Step& step) {

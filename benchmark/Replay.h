@@ -6,6 +6,7 @@
 
 #include "automation/Gateway.h"
 #include "automation/Object.h"
+#include "automation/OutlookClass.h"
 #include "benchmark/World.h"
 
 namespace benchmark {
@@ -27,16 +28,16 @@ class CallCounter {
     Object control_;
 };
 
-/// Does again what the driver asked of Outlook, call by call: as a plain late-bound client, which asks for a
-/// member's name at each use, or with the names remembered.
+/// Does again what the driver asked of Outlook, call by call.
 class Replay {
   public:
-    enum class Names { AskedEachTime, Remembered };
+    /// As a plain late-bound client, which asks for a member's name at each use; as one that knows the
+    /// members' numbers; or in the driver's own way, which also finds Outlook as the driver does.
+    enum class Client { LateBound, EarlyBound, Driver };
 
-    /// `calls` as a `CallCounter` gives them; questions for an object's class are left out where names are
-    /// not remembered, since nobody else needs them. Throws std::runtime_error for a call that it does not
-    /// know.
-    Replay(const std::vector<std::wstring>& calls, ContactPlace contact, Names names);
+    /// `calls` as a `CallCounter` gives them; questions for an object's class are left out for a late-bound
+    /// client, who does not need them. Throws std::runtime_error for a call that it does not know.
+    Replay(const std::vector<std::wstring>& calls, ContactPlace contact, Client client);
 
     void run();
 
@@ -50,11 +51,13 @@ class Replay {
     };
 
     Step stepOf(const std::wstring& call) const;
+    Object newApplication();
     Object perform(const Step& step);
 
     ContactPlace contact_;
-    Names names_;
+    Client client_;
     Gateway gateway_;
+    zelbar::OutlookClass class_{gateway_};
     std::vector<Step> steps_;  // not changed once made: the gateway remembers names by where they lie
     std::map<std::wstring, Object> objects_;  // the latest one of each class
 };

@@ -20,8 +20,8 @@ using zelbar::Server;
 
 /// One row of the table; the driver's search without Outlook's share over the bare query, median of the
 /// rounds. Outlook lives in this process; its share is what the driver's calls to it take when they are made
-/// without the driver, with the names remembered as well. Beside it a client that does what a search does for
-/// others: it serves the client's messages twice, and tells a debugger.
+/// without the driver, in the driver's way. Beside it a client that does what a search does for others: it
+/// serves the client's messages twice, and tells a debugger.
 double measure(const char* name, const Search& search, long rows, ::DataConnector& driver, BareClient& bare,
                Replay& outlookCalls) {
     const auto serve = [&] {
@@ -58,7 +58,7 @@ std::vector<double> measureCache(const DataFolder& folder, const CacheRows& rows
         requireKnown(findFirst(*driver.get(), search.kind, search.pattern));
         counter.reset();
         findFirst(*driver.get(), search.kind, search.pattern);
-        Replay outlookCalls(counter.calls(), rows.contact, Replay::Names::Remembered);
+        Replay outlookCalls(counter.calls(), rows.contact, Replay::Client::Driver);
         ratios.push_back(measure(name, search, rows.count, *driver.get(), bare, outlookCalls));
     }
     return ratios;
