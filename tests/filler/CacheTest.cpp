@@ -101,6 +101,18 @@ TEST_F(FillerTest, WhateverRowsFollowFromIsLookedAtInEveryRun) {
     }
 }
 
+TEST_F(FillerTest, OneThatKeepsOtherTextsThanThoseWrittenStaysAsItWas) {
+    addPerson(defaultContacts, L"Byron", L"05");
+    ASSERT_EQ(fill(), L"");
+    for (const wchar_t* sql :
+         {L"Drop Table TCache",
+          L"Create Table TCache ([Name] Text(255), PhoneNumber Long, EntryId Memo, StoreID Text(50))",
+          L"Insert Into TCache ([Name], PhoneNumber) Values ('Hopper', 7)"})
+        openCache().call(dao::Execute, sql);
+    EXPECT_TRUE(fill().starts_with(L"The cache does not take what is written"));
+    EXPECT_EQ(content(), Texts{L"Hopper|7|Null|Null"});
+}
+
 TEST_F(FillerTest, OneThatCannotBeWrittenIsToldBeforeOutlookIsAsked) {
     const auto isRefused = [&] {
         outlook.server().calls().reset();
