@@ -18,8 +18,8 @@ HRESULT make(IClassFactory& factory, Com<IDispatch>& application) {
 }
 
 /// Proxies have this interface, and hardly anything else has it.
-bool isInAnotherProcess(const Com<IClassFactory>& factory) {
-    return static_cast<bool>(factory.as<IUnknown>(IID_IClientSecurity));
+bool isInAnotherProcess(IClassFactory& factory) {
+    return static_cast<bool>(Com<IClassFactory>::share(&factory).as<IUnknown>(IID_IClientSecurity));
 }
 
 }  // namespace
@@ -47,17 +47,24 @@ void OutlookClass::findAndMake(Com<IDispatch>& application) {
     CLSID classId;
     HRESULT result = CLSIDFromProgID(outlook::kProgId, &classId);
     if (FAILED(result)) throw faultOf(result, outlook::kProgId);
-    Com<IClassFactory> found;
+    std::shared_ptr<IClassFactory> found;
     result = gateway_.calls()->carryOut(outlook::kProgId, kPlain, [&] {
+        Com<IClassFactory> factory;
         const HRESULT answer = CoGetClassObject(classId, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, nullptr,
-                                                IID_IClassFactory, reinterpret_cast<void**>(found.put()));
-        return FAILED(answer) ? answer : make(*found, application);
+                                                IID_IClassFactory, reinterpret_cast<void**>(factory.put()));
+        if (FAILED(answer)) return answer;
+        found = owned(std::move(factory));
+        return make(*found, application);
     });
     if (FAILED(result)) throw faultOf(result, outlook::kProgId);
-    if (isInAnotherProcess(found))
-        kept_ = {found.detach(), [gateway = gateway_](IClassFactory* factory) {
-                     gateway.release(Server::Outlook, Com<IUnknown>::adopt(factory));
-                 }};
+    if (isInAnotherProcess(*found)) kept_ = std::move(found);
+}
+
+/// With an owner that does not wait for a hanging Outlook when it lets go.
+std::shared_ptr<IClassFactory> OutlookClass::owned(Com<IClassFactory> factory) const {
+    return {factory.detach(), [gateway = gateway_](IClassFactory* last) {
+                gateway.release(Server::Outlook, Com<IUnknown>::adopt(last));
+            }};
 }
 
 }  // namespace zelbar

@@ -28,6 +28,7 @@ class OutlookClass {
   private:
     bool makesOne(Com<IDispatch>& application);
     void findAndMake(Com<IDispatch>& application);
+    std::shared_ptr<IClassFactory> owned(Com<IClassFactory> factory) const;
 
     const Gateway& gateway_;
     std::shared_ptr<IClassFactory> kept_;
