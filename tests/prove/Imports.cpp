@@ -196,6 +196,7 @@ const Row kRows[] = {
     watched<"LoadTypeLibEx", decltype(LoadTypeLibEx), File, WithResult>(),
     watched<"CLSIDFromProgID", decltype(CLSIDFromProgID), Activation, WithResult>(),
     watched<"CoCreateInstance", decltype(CoCreateInstance), Activation, WithResult>(),
+    watched<"CoGetClassObject", decltype(CoGetClassObject), Activation, WithResult>(),
     watched<"OpenProcess", decltype(OpenProcess), Process, WithLastError, 1>(),
     watched<"AssocQueryStringW", decltype(AssocQueryStringW), Process, WithResult>(),
     watched<"SysAllocStringLen", decltype(SysAllocStringLen), Memory, WithLastError>(),
