@@ -48,13 +48,6 @@ Fault exceptionFault(ExceptionInfo& info, Server server) {
     return result;
 }
 
-CLSID classOf(const wchar_t* progId) {
-    CLSID classId;
-    if (const HRESULT result = CLSIDFromProgID(progId, &classId); FAILED(result))
-        throw faultOf(result, progId);
-    return classId;
-}
-
 WORD flagsOf(Gateway::Kind kind) {
     switch (kind) {
         case Gateway::Kind::Put:
@@ -68,6 +61,13 @@ WORD flagsOf(Gateway::Kind kind) {
 }
 
 }  // namespace
+
+CLSID classOf(const wchar_t* progId) {
+    CLSID classId;
+    if (const HRESULT result = CLSIDFromProgID(progId, &classId); FAILED(result))
+        throw faultOf(result, progId);
+    return classId;
+}
 
 Gateway::Gateway(CallClock& clock) : calls_(std::make_shared<OutgoingCalls>(clock)) {}
 

@@ -20,6 +20,9 @@ namespace zelbar {
 class Object;
 class OutgoingCalls;
 
+/// The class that a ProgID names. Throws a Fault when there is none.
+CLSID classOf(const wchar_t* progId);
+
 /// The one door for calls that leave the driver. It remembers which number a member's name stands for, by
 /// class of object, so that a name is asked once and not once a call, and it turns every failure into one
 /// Fault. Outlook is waited for as the deadline in force says (see `Deadline`), the other servers, which are

@@ -44,15 +44,15 @@ bool OutlookClass::makesOne(Com<IDispatch>& application) {
 }
 
 void OutlookClass::findAndMake(Com<IDispatch>& application) {
-    CLSID classId;
-    HRESULT result = CLSIDFromProgID(outlook::kProgId, &classId);
-    if (FAILED(result)) throw faultOf(result, outlook::kProgId);
+    const CLSID classId = classOf(outlook::kProgId);
     std::shared_ptr<IClassFactory> found;
-    result = gateway_.calls()->carryOut(outlook::kProgId, kPlain, [&] {
+    const HRESULT result = gateway_.calls()->carryOut(outlook::kProgId, kPlain, [&] {
         Com<IClassFactory> factory;
         const HRESULT answer = CoGetClassObject(classId, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, nullptr,
                                                 IID_IClassFactory, reinterpret_cast<void**>(factory.put()));
         if (FAILED(answer)) return answer;
+        // Wine has been seen to succeed without an object where a server ended in this very moment.
+        if (!factory) return MK_E_UNAVAILABLE;
         found = owned(std::move(factory));
         return make(*found, application);
     });
